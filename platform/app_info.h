@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace Morvane {
+
+// What the program knows of itself.
+struct AppInfo {
+  std::string title = "Morvane";
+  std::string path;  // the program's folder, Windows form; ends in a backslash only when it is a drive's root
+  int major = 2;
+  int minor = 6;
+  int revision = 0;
+};
+
+}  // namespace Morvane

@@ -1,0 +1,32 @@
+#include "platform/color.h"
+
+#include <array>
+
+#include "platform/runtime_error.h"
+
+namespace Morvane {
+
+Color QBColor(int n) {
+  static constexpr std::array<Color, 16> kTable = {{{0, 0, 0},
+                                                    {0, 0, 128},
+                                                    {0, 128, 0},
+                                                    {0, 128, 128},
+                                                    {128, 0, 0},
+                                                    {128, 0, 128},
+                                                    {128, 128, 0},
+                                                    {192, 192, 192},
+                                                    {128, 128, 128},
+                                                    {0, 0, 255},
+                                                    {0, 255, 0},
+                                                    {0, 255, 255},
+                                                    {255, 0, 0},
+                                                    {255, 0, 255},
+                                                    {255, 255, 0},
+                                                    {255, 255, 255}}};
+  if (n < 0 || n >= static_cast<int>(kTable.size())) {
+    throw RuntimeError(ErrorNumber::InvalidProcedureCall, "Colore non valido.");
+  }
+  return kTable[static_cast<std::size_t>(n)];
+}
+
+}  // namespace Morvane
