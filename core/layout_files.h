@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/app_state.h"
+#include "platform/files/file_system.h"
+
+namespace Morvane {
+
+inline constexpr std::string_view kLayoutExtension = ".mvne";
+
+// The path with a backslash added when its last character is none.
+std::string WithBackslash(std::string path);
+
+// The file of the layout `name` in `folder`, which ends in a backslash.
+std::string LayoutPath(const std::string& folder, const std::string& name);
+
+// The files that the main window has read layouts from. They stay open until this object goes, that is until
+// the program ends; this is meant: while one is open, no other program of a system that honours it can
+// replace the file under the user's hands.
+class LayoutHandles {
+ public:
+  InputFile& Keep(std::unique_ptr<InputFile> file);
+  std::size_t Count() const { return files_.size(); }
+
+ private:
+  std::vector<std::unique_ptr<InputFile>> files_;
+};
+
+// Reads the file of NomeLayout in AppPath into the state and keeps it open. True when it was read; false, and
+// nothing changed, when it is missing or cannot be opened (PathFileAccess). Other failures as ReadLayout.
+bool ReadCurrentLayout(AppState& state, const FileSystem& files, LayoutHandles& handles);
+
+}  // namespace Morvane
