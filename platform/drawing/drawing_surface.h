@@ -12,9 +12,9 @@ namespace Morvane {
 enum class ScaleMode { User = 0, Twips = 1, Inches = 5, Millimetres = 6 };
 enum class LineStyle { Line, Box, FilledBox };
 
-// The one drawing target of the system: a picture control of a window, which keeps what is drawn on it, or the
-// page of the printer. Coordinates are in the current scale and stay double precision until the device turns
-// them into dots.
+// The one drawing target of the system: a picture control of a window, which keeps what is drawn on it, or
+// the page of the printer. Coordinates are in the current scale and stay double precision until the device
+// turns them into dots.
 class DrawingSurface {
  public:
   explicit DrawingSurface(const TextMetrics& metrics) : metrics_(metrics) {}
@@ -61,9 +61,9 @@ class DrawingSurface {
   void Line(double x1, double y1, double x2, double y2, LineStyle style = LineStyle::Line,
             std::optional<Color> color = std::nullopt);
 
-  // An ellipse. `aspect` is vertical over horizontal; the radius is the horizontal semi-axis when it is at most
-  // 1 and the vertical one when it is above. RuntimeError InvalidProcedureCall for an aspect or radius that is
-  // negative or no number.
+  // An ellipse. `aspect` is vertical over horizontal; the radius is the horizontal semi-axis when it is at
+  // most 1 and the vertical one when it is above. RuntimeError InvalidProcedureCall for an aspect or radius
+  // that is negative or no number.
   void Circle(double x, double y, double radius, Color color, double aspect = 1.0);
 
   // Paints the picture stretched to exactly this box. RuntimeError InvalidPicture without a picture.

@@ -24,8 +24,8 @@ struct PrintDialogAnswer {
   int copies = 1;
 };
 
-// The machine's printers, one of them the current one. With no printer installed it is the program's own, which
-// writes each job as a PDF file of A4 without margins.
+// The machine's printers, one of them the current one. With no printer installed it is the program's own,
+// which writes each job as a PDF file of A4 without margins.
 class PrinterDevice {
  public:
   virtual ~PrinterDevice() = default;
@@ -38,8 +38,8 @@ class PrinterDevice {
   // dialog's preset and comes back as the user's choice.
   virtual PrintDialogAnswer ShowDialog(const PrintDialogRequest& request, PageOrientation& orientation) = 0;
 
-  // Sends one page as a job of its own. Coordinates of `page` are twips from the corner of the printable area.
-  // RuntimeError PrinterFailure when the job is refused.
+  // Sends one page as a job of its own. Coordinates of `page` are twips from the corner of the printable
+  // area. RuntimeError PrinterFailure when the job is refused.
   virtual void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) = 0;
 };
 

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/controls/control.h"
+
+namespace Morvane {
+
+// Rows of text with one selection. Assigning ListIndex another value fires Click before the assignment
+// returns. Sorted keeps rows alphabetical without regard to case as they are added; writing a row in place
+// does not move it; removing the selected row leaves none selected.
+class ListBox : public Control {
+ public:
+  using Control::Control;
+
+  void SetSorted(bool on) { sorted_ = on; }
+  void AddItem(const std::string& text);
+  void Clear();
+  // RuntimeError InvalidPropertyArrayIndex outside 0 to ListCount - 1.
+  void RemoveItem(int index);
+  void SetList(int index, const std::string& text);
+
+  int ListCount() const { return static_cast<int>(rows_.size()); }
+  // The row, or an empty text for an index outside the list.
+  const std::string& List(int index) const;
+  // The selected row's text, empty when none is selected.
+  const std::string& Text() const { return List(listIndex_); }
+
+  // -1 when nothing is selected.
+  int ListIndex() const { return listIndex_; }
+  // RuntimeError InvalidPropertyArrayIndex outside -1 to ListCount - 1.
+  void SetListIndex(int index);
+
+  // A selected row stays where it is when the user clicks it again: no event.
+  void UserSelects(int index);
+  void PerformDblClick();
+  // Enter, Esc and the like, while the list has the focus. True when the window took the key.
+  bool PerformKeyDown(int keyCode);
+
+ private:
+  void SortPending() const;
+  void RequireRow(int index) const;
+
+  bool sorted_ = false;
+  // Rows added since the last look wait at the end: a folder of thousands is sorted once, not once a row.
+  mutable std::vector<std::string> rows_;
+  mutable std::size_t sortedRows_ = 0;
+  int listIndex_ = -1;
+};
+
+}  // namespace Morvane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/units.h"
+
+namespace Morvane {
+
+enum class MousePointer { Default = 0, Hourglass = 11, ArrowHourglass = 13, Custom = 99 };
+
+// The screen that windows stand on. The back-end fills in the size and mirrors the pointer.
+class Screen {
+ public:
+  std::function<void()> OnPointerChange;
+
+  double Width = 1024 * kTwipsPerPixel;  // twips
+  double Height = 768 * kTwipsPerPixel;
+  double TwipsPerPixelX = kTwipsPerPixel;
+  double TwipsPerPixelY = kTwipsPerPixel;
+
+  MousePointer Pointer() const { return pointer_; }
+  void SetMousePointer(MousePointer pointer);
+  // Artwork of the custom pointer.
+  const std::string& MouseIcon() const { return mouseIcon_; }
+  void SetMouseIcon(const std::string& imageKey) { mouseIcon_ = imageKey; }
+
+ private:
+  MousePointer pointer_ = MousePointer::Default;
+  std::string mouseIcon_;
+};
+
+}  // namespace Morvane

@@ -1,0 +1,144 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/controls/control.h"
+#include "platform/controls/form.h"
+#include "platform/picture.h"
+
+namespace Morvane {
+
+enum class Alignment { Left, Right, Centre };
+
+class Label : public Control {
+ public:
+  using Control::Control;
+
+  Alignment TextAlignment() const { return alignment_; }
+  void SetAlignment(Alignment alignment) { Assign(alignment_, alignment, ViewChange::Appearance); }
+  std::optional<Color> BackColor() const { return backColor_; }
+  void SetBackColor(Color color) { Assign(backColor_, std::optional(color), ViewChange::Appearance); }
+
+ private:
+  Alignment alignment_ = Alignment::Left;
+  std::optional<Color> backColor_;
+};
+
+class CommandButton : public Control {
+ public:
+  using Control::Control;
+
+  // Pressed by Enter or Esc wherever the focus is, unless the focused control takes the key.
+  bool IsDefault() const { return default_; }
+  void SetDefault(bool on) { Assign(default_, on, ViewChange::Appearance); }
+  bool IsCancel() const { return cancel_; }
+  void SetCancel(bool on) { Assign(cancel_, on, ViewChange::Appearance); }
+
+ private:
+  bool default_ = false;
+  bool cancel_ = false;
+};
+
+// A box with a caption that holds other controls; the option buttons directly in it are one group.
+class Frame : public Control, public Container {
+ public:
+  using Control::Control;
+
+  Form& OwnerForm() override { return Parent().OwnerForm(); }
+};
+
+// 0 or 1; a change of value, by the user or from code, fires Click.
+class CheckBox : public Control {
+ public:
+  using Control::Control;
+
+  int Value() const { return value_; }
+  void SetValue(int value);
+  void PerformClick() override;
+
+ private:
+  int value_ = 0;
+};
+
+// Selecting one that was not selected clears the others of its container and fires Click before returning.
+class OptionButton : public Control {
+ public:
+  using Control::Control;
+
+  bool Value() const { return value_; }
+  void SetValue(bool value);
+  void PerformClick() override;
+
+ private:
+  bool value_ = false;
+};
+
+// Free text; each change, typed or from code, fires Change.
+class TextBox : public Control {
+ public:
+  using Control::Control;
+
+  std::function<void()> Change;
+
+  const std::string& Text() const { return text_; }
+  void SetText(const std::string& text);
+  // The length limit of a text taken from the clipboard stays with the view: none.
+  bool MultiLine() const { return multiLine_; }
+  void SetMultiLine(bool on) { Assign(multiLine_, on, ViewChange::Appearance); }
+  bool ReadOnly() const { return readOnly_; }
+  void SetReadOnly(bool on) { Assign(readOnly_, on, ViewChange::Appearance); }
+  Alignment TextAlignment() const { return alignment_; }
+  void SetAlignment(Alignment alignment) { Assign(alignment_, alignment, ViewChange::Appearance); }
+
+ private:
+  std::string text_;
+  bool multiLine_ = false;
+  bool readOnly_ = false;
+  Alignment alignment_ = Alignment::Left;
+};
+
+// Shows a picture, or a drawing of the program's artwork. With Stretch off the control takes the picture's
+// natural size.
+class ImageBox : public Control {
+ public:
+  using Control::Control;
+
+  const PicturePtr& GetPicture() const { return picture_; }
+  void SetPicture(const PicturePtr& picture);
+  bool Stretch() const { return stretch_; }
+  void SetStretch(bool on);
+
+ private:
+  void TakeNaturalSize();
+
+  PicturePtr picture_;
+  bool stretch_ = true;
+};
+
+// Fires Tick every Interval milliseconds while enabled. The interval is at least 1.
+class Timer : public Control {
+ public:
+  using Control::Control;
+
+  std::function<void()> Tick;
+
+  int Interval() const { return interval_; }
+  void SetInterval(int milliseconds) { Assign(interval_, milliseconds, ViewChange::Content); }
+  bool Running() const { return running_; }
+  void SetRunning(bool on) { Assign(running_, on, ViewChange::Content); }
+  void PerformTick();
+
+ private:
+  int interval_ = 1000;
+  bool running_ = false;
+};
+
+// A ruled line or an empty box, for the eye only.
+class Ruling : public Control {
+ public:
+  using Control::Control;
+};
+
+}  // namespace Morvane

@@ -1,0 +1,128 @@
+#pragma once
+
+#include <deque>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/platform.h"
+#include "support/scripted_windows.h"
+
+namespace Morvane {
+
+// Text of one width for each character, in exact proportion to the font's size.
+class EvenTextMetrics : public TextMetrics {
+ public:
+  double Width(const Font& font, const std::string& text) const override;
+  double LineHeight(const Font& font) const override;
+};
+
+class ListedFonts : public FontCatalog {
+ public:
+  std::vector<std::string> Names = {"Verdana", "Arial", "Tahoma"};
+  std::vector<std::string> NotForPrinting;
+
+  std::vector<std::string> Families() const override { return Names; }
+  bool CanPrint(const std::string& family) const override;
+};
+
+// A printer that keeps its jobs.
+class RecordingPrinter : public PrinterDevice {
+ public:
+  struct Job {
+    DrawingList page;
+    PageOrientation orientation;
+    std::string title;
+  };
+
+  std::deque<PrintDialogAnswer> Answers;
+  SheetSize Sheet = {11905.5, 16837.8};  // A4
+  bool Broken = false;
+  std::vector<Job> Jobs;
+  std::vector<PrintDialogRequest> Dialogs;
+
+  SheetSize PortraitSheet() override;
+  PrintDialogAnswer ShowDialog(const PrintDialogRequest& request, PageOrientation& orientation) override;
+  void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override;
+};
+
+// A picture file of the tests is a text "PICTURE width height", in twips; anything else cannot be decoded.
+class TextPictures : public PictureLoader {
+ public:
+  explicit TextPictures(const FileSystem& files) : files_(files) {}
+
+  std::vector<std::string> Loaded;
+
+  PicturePtr LoadPicture(const std::string& path) override;
+
+ private:
+  const FileSystem& files_;
+};
+
+class RecordingLauncher : public Launcher {
+ public:
+  struct Launch {
+    std::string target;
+    int show;
+  };
+  std::vector<Launch> Opened;
+  std::vector<Launch> Started;
+  bool ShellFails = false;
+
+  void ShellExecute(const std::string& target, int showCommand) override {
+    Opened.push_back({target, showCommand});
+  }
+  void Shell(const std::string& program, int windowStyle) override;
+};
+
+class CannedHttp : public HttpClient {
+ public:
+  std::map<std::string, std::string> Bodies;
+  std::vector<std::string> Fetched;
+
+  std::string OpenUrl(const std::string& url) override;
+};
+
+// A folder in the system's temporary folder, removed with everything in it.
+class TemporaryFolder {
+ public:
+  TemporaryFolder();
+  ~TemporaryFolder();
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+// A whole machine for a test: real files below a temporary folder, which is its drive C:, the program's
+// folder in C:\Morvane; windows, printer, launches and network played from a script.
+class TestMachine {
+ public:
+  TestMachine();
+
+  TemporaryFolder Root;
+  std::unique_ptr<FileSystem> Files;
+  ScriptedWindows Windows;
+  Screen TheScreen;
+  EvenTextMetrics Metrics;
+  ListedFonts Fonts;
+  RecordingPrinter Device;
+  Printer ThePrinter;
+  TextPictures Pictures;
+  RecordingLauncher Launches;
+  CannedHttp Http;
+  Platform platform;
+
+  // Puts a file on the machine, folders too. Bytes as they are.
+  void WriteFile(const std::string& windowsPath, const std::string& bytes);
+  std::string ReadFile(const std::string& windowsPath) const;
+  void MakeFolder(const std::string& windowsPath);
+  void WritePicture(const std::string& windowsPath, int widthTwips, int heightTwips);
+};
+
+}  // namespace Morvane
