@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/app_state.h"
+#include "core/layout_reader.h"
+#include "core/layout_writer.h"
+#include "core/measures.h"
+
+namespace Morvane {
+
+namespace {
+
+const std::filesystem::path kProject = MORVANE_SOURCE_DIR;
+constexpr double kMargin = 8;       // millimetres from each side of the sheet
+constexpr double kFooterRoom = 10;  // millimetres above cover 1
+constexpr double kRounding = 1e-9;
+
+std::string Contents(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::vector<std::string> ShippedLayouts() {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(kProject / "layouts")) {
+    names.push_back(entry.path().stem().string());
+    EXPECT_EQ(entry.path().extension(), ".mvne") << names.back();
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+// The lines of a text in memory, ended by CR LF.
+class TextLines : public InputFile {
+ public:
+  explicit TextLines(std::string text) : text_(std::move(text)) {}
+
+  bool ReadLine(std::string& line) override {
+    if (next_ >= text_.size()) return false;
+    const std::size_t end = std::min(text_.find("\r\n", next_), text_.size());
+    line = text_.substr(next_, end - next_);
+    next_ = end + 2;
+    return true;
+  }
+
+ private:
+  std::string text_;
+  std::size_t next_ = 0;
+};
+
+struct Cover {
+  bool ellipse;
+  double left, top, right, bottom;  // millimetres
+};
+
+bool Apart(const Cover& a, const Cover& b) {
+  return a.right <= b.left || b.right <= a.left || a.bottom <= b.top || b.bottom <= a.top;
+}
+
+bool IsHoleOf(const Cover& hole, const Cover& disc) {
+  return hole.ellipse && disc.ellipse && hole.right < disc.right &&
+         std::abs((hole.left + hole.right) - (disc.left + disc.right)) < kRounding &&
+         std::abs((hole.top + hole.bottom) - (disc.top + disc.bottom)) < kRounding;
+}
+
+class ShippedLayout : public testing::TestWithParam<std::string> {
+ protected:
+  void SetUp() override {
+    state.MaxCopertine = 100;
+    state.NomeLayout = GetParam();
+    bytes = Contents(kProject / "layouts" / (GetParam() + ".mvne"));
+    TextLines lines(bytes);
+    ReadLayout(lines, state);
+    ASSERT_GT(state.NumCopertine, 0);
+  }
+
+  std::vector<Cover> Covers() const {
+    std::vector<Cover> covers;
+    for (std::size_t n = 1; n <= static_cast<std::size_t>(state.NumCopertine); ++n) {
+      const double left = MmFromInches(state.CopDistx[n]);
+      const double top = MmFromInches(state.CopDisty[n]);
+      covers.push_back({state.CopForma[n] == 1.0, left, top, left + MmFromCm(state.CopLarg[n]),
+                        top + MmFromCm(state.CopAlte[n])});
+    }
+    return covers;
+  }
+
+  AppState state;
+  std::string bytes;
+};
+
+TEST_P(ShippedLayout, IsByteForByteWhatTheEditorWouldWrite) {
+  EXPECT_EQ(ComposeLayout(state, EditRow{}), bytes);
+}
+
+TEST_P(ShippedLayout, LiesInsideTheSheetWithRoomForTheFooter) {
+  const double width = state.Orientamento == 1 ? 297 : 210;
+  const double height = state.Orientamento == 1 ? 210 : 297;
+  const std::vector<Cover> covers = Covers();
+  for (const Cover& cover : covers) {
+    EXPECT_LT(cover.left, cover.right);
+    EXPECT_LT(cover.top, cover.bottom);
+    EXPECT_GE(cover.left, kMargin - kRounding);
+    EXPECT_GE(cover.top, kMargin - kRounding);
+    EXPECT_LE(cover.right, width - kMargin + kRounding);
+    EXPECT_LE(cover.bottom, height - kMargin + kRounding);
+  }
+  EXPECT_GE(covers[0].top, kFooterRoom);
+}
+
+TEST_P(ShippedLayout, HasNoCoverOverAnotherButAHoleInItsDisc) {
+  const std::vector<Cover> covers = Covers();
+  for (std::size_t a = 0; a < covers.size(); ++a) {
+    for (std::size_t b = a + 1; b < covers.size(); ++b) {
+      EXPECT_TRUE(Apart(covers[a], covers[b]) || IsHoleOf(covers[b], covers[a]))
+          << "covers " << a + 1 << " and " << b + 1;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ShippedLayout, testing::ValuesIn(ShippedLayouts()), [](const auto& layout) {
+  std::string name = layout.param;
+  std::replace_if(
+      name.begin(), name.end(), [](unsigned char c) { return !std::isalnum(c); }, '_');
+  return name;
+});
+
+TEST(LayoutsGuide, HasOneRowForEachShippedLayout) {
+  std::vector<std::string> rows;
+  std::ifstream guide(kProject / "docs" / "layouts.md");
+  for (std::string line; std::getline(guide, line);) {
+    if (!line.starts_with("| ") || line.starts_with("| Layout |")) continue;
+    rows.push_back(line.substr(2, line.find(" | ") - 2));
+  }
+  std::sort(rows.begin(), rows.end());
+  EXPECT_EQ(rows, ShippedLayouts());
+}
+
+}  // namespace
+
+}  // namespace Morvane
