@@ -65,7 +65,7 @@ struct AppState : LayoutTables {
   // The contents listing.
   std::string CartellaElenco;         // folder last chosen
   std::int16_t ElencoColonne = 2;     // 2 to 7
-  std::string ElencoFontName;         //
+  std::string ElencoFontName;         // family name
   float ElencoFontSize = 0;           // points; each drawing repairs it first: 0 becomes 8, below 2 becomes 2
   std::int16_t ElencoFontBold = 0;    // 0 or 1
   std::int16_t ElencoFontItalic = 0;  // 0 or 1

@@ -19,8 +19,7 @@ std::string WithBackslash(std::string path);
 std::string LayoutPath(const std::string& folder, const std::string& name);
 
 // The files that the main window has read layouts from. They stay open until this object goes, that is until
-// the program ends; this is meant: while one is open, no other program of a system that honours it can
-// replace the file under the user's hands.
+// the program ends; this is meant: each reading holds one more open file, and the user sees nothing of it.
 class LayoutHandles {
  public:
   InputFile& Keep(std::unique_ptr<InputFile> file);

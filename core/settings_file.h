@@ -5,9 +5,9 @@
 
 namespace Morvane {
 
-// Reads morvane.ini in AppPath into SpessoreBordo and FileFolder; then an empty FileFolder becomes "c:\". A
-// missing file, one that cannot be opened, and a value outside 16 bits leave the variable as it is. Never
-// fails.
+// Sets SpessoreBordo and FileFolder from morvane.ini in AppPath, or to their defaults, 0 and "c:\", where the
+// file or the key is missing or empty. A file that cannot be opened counts as missing; a number outside 16
+// bits is passed over. Never fails.
 void ReadSettings(AppState& state, const FileSystem& files);
 
 // Replaces morvane.ini in AppPath. A write that fails leaves the old file and is not reported.

@@ -1,0 +1,128 @@
+#include "core/layout_reader.h"
+
+#include <algorithm>
+#include <string>
+
+#include "core/measures.h"
+#include "core/number_text.h"
+#include "core/val.h"
+#include "platform/runtime_error.h"
+
+namespace Morvane {
+
+namespace {
+
+constexpr std::string_view kPagina = "Pagina=";
+constexpr std::string_view kCopertina = "Copertina";
+
+struct MeasureKey {
+  std::string_view word;
+  LayoutMeasure measure;
+  CoverTable<double> LayoutTables::*table;
+  double (*stored)(double mm);
+};
+
+constexpr MeasureKey kMeasureKeys[] = {
+    {"Larg", LayoutMeasure::Larg, &LayoutTables::CopLarg, CmFromMm},
+    {"Alte", LayoutMeasure::Alte, &LayoutTables::CopAlte, CmFromMm},
+    {"Distx", LayoutMeasure::Distx, &LayoutTables::CopDistx, InchesFromMm},
+    {"Disty", LayoutMeasure::Disty, &LayoutTables::CopDisty, InchesFromMm},
+};
+
+// The cover that a key's number names: 1 to `max`, in the very form in which it is written ("7", not "07" or
+// "7 "); 0 for anything else.
+int CoverNumber(std::string_view digits, int max) {
+  if (digits.empty() || digits.size() > 3 || digits[0] == '0') return 0;
+  int n = 0;
+  for (const char c : digits) {
+    if (c < '0' || c > '9') return 0;
+    n = n * 10 + (c - '0');
+  }
+  return n <= max ? n : 0;
+}
+
+class LayoutReader {
+ public:
+  LayoutReader(AppState& state, LayoutObserver* observer)
+      : state_(state), observer_(observer), max_(std::min<int>(state.MaxCopertine, kCoverCells - 1)) {}
+
+  void Read(InputFile& file) {
+    std::string line;
+    while (file.ReadLine(line)) {
+      ++lineNumber_;
+      ReadLine(line);
+    }
+  }
+
+ private:
+  void ReadLine(std::string_view line) {
+    if (line.starts_with(kPagina)) {
+      ReadPagina(line.substr(kPagina.size()));
+    } else if (line.starts_with(kCopertina)) {
+      ReadCopertina(line);
+    } else {
+      for (const MeasureKey& key : kMeasureKeys) {
+        if (line.starts_with(key.word)) ReadMeasure(key, line);
+      }
+    }
+  }
+
+  void ReadPagina(std::string_view value) {
+    try {
+      state_.Orientamento = ToInteger16(Val(value));
+    } catch (const RuntimeError& error) {
+      Fail(error.Number(), error.what());
+    }
+    if (observer_) observer_->PaginaRead();
+  }
+
+  void ReadCopertina(std::string_view line) {
+    const std::size_t equals = FindEquals(kCopertina, line);
+    const int n = CoverNumber(line.substr(kCopertina.size(), equals - kCopertina.size()), max_);
+    if (n == 0) return;
+    state_.CopForma[static_cast<std::size_t>(n)] = Val(line.substr(equals + 1));
+    state_.NumCopertine = static_cast<std::int16_t>(n);
+    if (observer_) observer_->CopertinaRead(n);
+  }
+
+  void ReadMeasure(const MeasureKey& key, std::string_view line) {
+    const std::size_t equals = FindEquals(key.word, line);
+    const int n = CoverNumber(line.substr(key.word.size(), equals - key.word.size()), max_);
+    if (n == 0) return;
+    const double mm = Val(line.substr(equals + 1));
+    (state_.*key.table)[static_cast<std::size_t>(n)] = key.stored(mm);
+    if (observer_) observer_->MeasureRead(n, key.measure, mm);
+  }
+
+  std::size_t FindEquals(std::string_view word, std::string_view line) const {
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos) {
+      Fail(ErrorNumber::InvalidProcedureCall, "Dopo \"" + std::string(word) + "\" manca il segno \"=\".");
+    }
+    return equals;
+  }
+
+  [[noreturn]] void Fail(ErrorNumber number, const std::string& reason) const {
+    throw RuntimeError(number, "Il file di layout \"" + state_.NomeLayout + "\" non è valido alla riga " +
+                                   std::to_string(lineNumber_) + ". " + reason);
+  }
+
+  AppState& state_;
+  LayoutObserver* observer_;
+  int max_;
+  long long lineNumber_ = 0;
+};
+
+}  // namespace
+
+void ReadLayout(InputFile& file, AppState& state, LayoutObserver* observer) {
+  const LayoutTables before = state;
+  try {
+    LayoutReader(state, observer).Read(file);
+  } catch (...) {
+    static_cast<LayoutTables&>(state) = before;
+    throw;
+  }
+}
+
+}  // namespace Morvane

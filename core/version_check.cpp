@@ -1,0 +1,33 @@
+#include "core/version_check.h"
+
+#include "core/text.h"
+#include "core/val.h"
+
+namespace Morvane {
+
+std::string VersioneRemota(std::string_view body) {
+  return std::string(body.substr(0, body.empty() ? 0 : body.size() - 1));
+}
+
+std::string VersioneLocale(const AppInfo& app) {
+  return std::to_string(app.major) + std::to_string(app.minor) + std::to_string(app.revision);
+}
+
+bool IsNewer(std::string_view versioneRemota, std::string_view versioneLocale) {
+  return Val(versioneLocale) < Val(versioneRemota);
+}
+
+std::string NewVersionMessage(const AppInfo& app, std::string_view versioneRemota) {
+  const std::string_view digits = Trim(versioneRemota);
+  const auto character = [&](std::size_t i) {
+    return i < digits.size() ? std::string(1, digits[i]) : std::string();
+  };
+  const std::string local =
+      std::to_string(app.major) + "." + std::to_string(app.minor) + "." + std::to_string(app.revision);
+  const std::string remote = character(0) + "." + character(1) + "." + character(2);
+  return "Versione di Morvane installata sul PC : " + local + "\r\n" +
+         "E' disponibile su Internet la nuova versione " + remote + " del programma.\r\n" +
+         "Si desidera scaricala ed installarla adesso? ";
+}
+
+}  // namespace Morvane
