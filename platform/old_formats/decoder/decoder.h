@@ -1,0 +1,23 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace Morvane {
+
+// A file that the decoder can't make anything of.
+struct Undecodable : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// One format. The constructor opens whatever its library will want; Decode runs when nothing can be opened.
+class Decoder {
+ public:
+  virtual ~Decoder() = default;
+
+  // The picture behind its header line: "svg WIDTH HEIGHT" in twips, or "rgba WIDTH HEIGHT" in pixels.
+  // Undecodable, std::bad_alloc.
+  virtual std::string Decode(const std::string& bytes) = 0;
+};
+
+}  // namespace Morvane

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/old_formats/decoder/decoder.h"
+
+namespace Morvane {
+
+std::unique_ptr<Decoder> MakeEmfDecoder();
+
+}  // namespace Morvane

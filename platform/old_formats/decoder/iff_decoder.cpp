@@ -1,0 +1,52 @@
+#include "platform/old_formats/decoder/iff_decoder.h"
+
+#include <SDL_image.h>
+
+namespace Morvane {
+
+namespace {
+
+constexpr int kMaxSide = 30000;
+constexpr int64_t kMaxPixels = 64 * 1024 * 1024;
+
+using Surface = std::unique_ptr<SDL_Surface, decltype(&SDL_FreeSurface)>;
+
+Surface Load(const std::string& bytes) {
+  SDL_RWops* file = SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size()));
+  if (file == nullptr) throw Undecodable(SDL_GetError());
+  Surface surface(IMG_LoadLBM_RW(file), &SDL_FreeSurface);
+  SDL_RWclose(file);
+  if (!surface) throw Undecodable(SDL_GetError());
+  const bool small = surface->w > 0 && surface->h > 0 && surface->w <= kMaxSide && surface->h <= kMaxSide &&
+                     int64_t{surface->w} * surface->h <= kMaxPixels;
+  if (!small) throw Undecodable("too large");
+  return surface;
+}
+
+class IffDecoder : public Decoder {
+ public:
+  std::string Decode(const std::string& bytes) override {
+    Surface loaded = Load(bytes);
+    // Paint programs named the background as transparent in every file; a picture is opaque all the same.
+    SDL_SetColorKey(loaded.get(), SDL_FALSE, 0);
+    const Surface surface(SDL_ConvertSurfaceFormat(loaded.get(), SDL_PIXELFORMAT_RGBA32, 0),
+                          &SDL_FreeSurface);
+    if (!surface) throw Undecodable(SDL_GetError());
+    loaded.reset();
+
+    std::string output = "rgba " + std::to_string(surface->w) + ' ' + std::to_string(surface->h) + '\n';
+    const size_t rowBytes = static_cast<size_t>(surface->w) * 4;
+    output.reserve(output.size() + rowBytes * static_cast<size_t>(surface->h));
+    const char* row = static_cast<const char*>(surface->pixels);
+    for (int y = 0; y < surface->h; ++y, row += surface->pitch) output.append(row, rowBytes);
+    return output;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Decoder> MakeIffDecoder() {
+  return std::make_unique<IffDecoder>();
+}
+
+}  // namespace Morvane

@@ -1,0 +1,81 @@
+#include "platform/old_formats/decoder/lock_down.h"
+
+#include <seccomp.h>
+#include <sys/mman.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+namespace Morvane {
+
+namespace {
+
+constexpr rlim_t kMemoryBytes = rlim_t{1} << 30;
+constexpr rlim_t kProcessorSeconds = 3;
+
+struct Limit {
+  __rlimit_resource resource;
+  rlim_t value;
+};
+
+constexpr std::array kLimits = {
+    Limit{RLIMIT_AS, kMemoryBytes}, Limit{RLIMIT_CPU, kProcessorSeconds},
+    Limit{RLIMIT_FSIZE, 0},         Limit{RLIMIT_NOFILE, 3},
+    Limit{RLIMIT_NPROC, 0},         Limit{RLIMIT_CORE, 0},
+};
+
+bool SetLimits() {
+  return std::all_of(kLimits.begin(), kLimits.end(), [](const Limit& limit) {
+    const rlimit both{limit.value, limit.value};
+    return setrlimit(limit.resource, &both) == 0;
+  });
+}
+
+constexpr std::array kAllowed = {
+    SCMP_SYS(read),        SCMP_SYS(write),        SCMP_SYS(brk),           SCMP_SYS(munmap),
+    SCMP_SYS(mremap),      SCMP_SYS(madvise),      SCMP_SYS(futex),         SCMP_SYS(getrandom),
+    SCMP_SYS(exit),        SCMP_SYS(exit_group),   SCMP_SYS(clock_gettime), SCMP_SYS(gettimeofday),
+    SCMP_SYS(getpid),      SCMP_SYS(rt_sigreturn), SCMP_SYS(lseek),         SCMP_SYS(close),
+    SCMP_SYS(sched_yield),
+};
+
+// Memory that isn't to be run; code can't be brought in.
+constexpr std::array kAllowedUnlessExecutable = {SCMP_SYS(mmap), SCMP_SYS(mprotect)};
+
+// The libraries look for fonts when a drawing asks for them, and do without when there are none.
+constexpr std::array kRefused = {
+    SCMP_SYS(open),     SCMP_SYS(openat),     SCMP_SYS(access), SCMP_SYS(faccessat),  SCMP_SYS(faccessat2),
+    SCMP_SYS(stat),     SCMP_SYS(lstat),      SCMP_SYS(fstat),  SCMP_SYS(newfstatat), SCMP_SYS(statx),
+    SCMP_SYS(readlink), SCMP_SYS(readlinkat), SCMP_SYS(getcwd), SCMP_SYS(statfs),
+};
+
+bool AddRules(scmp_filter_ctx filter) {
+  bool added = true;
+  for (int call : kAllowed) added = added && seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 0) == 0;
+  for (int call : kAllowedUnlessExecutable) {
+    const scmp_arg_cmp notExecutable = SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0);
+    added = added && seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 1, notExecutable) == 0;
+  }
+  for (int call : kRefused) added = added && seccomp_rule_add(filter, SCMP_ACT_ERRNO(EACCES), call, 0) == 0;
+  return added;
+}
+
+bool LoadFilter() {
+  scmp_filter_ctx filter = seccomp_init(SCMP_ACT_KILL_PROCESS);
+  if (filter == nullptr) return false;
+  const bool loaded = AddRules(filter) && seccomp_load(filter) == 0;
+  seccomp_release(filter);
+  return loaded;
+}
+
+}  // namespace
+
+bool LockDown() {
+  return prctl(PR_SET_DUMPABLE, 0, 0, 0, 0) == 0 && prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+         SetLimits() && LoadFilter();
+}
+
+}  // namespace Morvane
