@@ -8,7 +8,15 @@
 namespace Morvane {
 
 // Type codes of drives.
-enum class DriveType { Unknown = 0, NoRoot = 1, Removable = 2, Fixed = 3, Remote = 4, CdRom = 5, RamDisk = 6 };
+enum class DriveType {
+  Unknown = 0,
+  NoRoot = 1,
+  Removable = 2,
+  Fixed = 3,
+  Remote = 4,
+  CdRom = 5,
+  RamDisk = 6
+};
 
 // A text file read line by line. Lines end at CR or CR LF; a lone LF is part of a line.
 class InputFile {
@@ -24,10 +32,10 @@ struct FolderEntries {
   std::vector<std::string> files;    // names of plain files, hidden ones too
 };
 
-// Drives, paths, folders and files. Paths have the Windows form ("C:\Dati\Foto.jpg", UTF-8); two backslashes in a
-// row count as one, look-up ignores case, a path without a drive lies on C:. All names come alphabetically
-// without regard to case. Failures are RuntimeError: PathNotFound, FileNotFound, PermissionDenied,
-// PathFileAccess, FileAlreadyExists, DiskFull, BadFileName.
+// Drives, paths, folders and files. Paths have the Windows form ("C:\Dati\Foto.jpg", UTF-8); two backslashes
+// in a row count as one, look-up ignores case, a path without a drive lies on C:. All names come
+// alphabetically without regard to case. Failures are RuntimeError: PathNotFound, FileNotFound,
+// PermissionDenied, PathFileAccess, FileAlreadyExists, DiskFull, BadFileName.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
@@ -53,8 +61,8 @@ class FileSystem {
   virtual bool FileExists(const std::string& path) const = 0;
   virtual bool FolderExists(const std::string& path) const = 0;
 
-  // Opens a text file for reading. Refused (PathFileAccess) also when the process has few file descriptors left,
-  // so that files that are kept open cannot starve the rest of the program.
+  // Opens a text file for reading. Refused (PathFileAccess) also when the process has few file descriptors
+  // left, so that files that are kept open cannot starve the rest of the program.
   virtual std::unique_ptr<InputFile> OpenForInput(const std::string& path) const = 0;
   // The whole file as it stands, for pictures.
   virtual std::string ReadBytes(const std::string& path) const = 0;

@@ -1,0 +1,222 @@
+#include "platform/files/local_file_system.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <utility>
+
+#include "platform/files/file_error.h"
+#include "platform/files/name_order.h"
+#include "platform/files/pending_file.h"
+#include "platform/files/plain_file.h"
+#include "platform/files/windows_1252.h"
+
+namespace Morvane {
+
+namespace {
+
+constexpr mode_t kWriteBits = 0222;
+
+// A file without any write permission counts as read-only, even for the superuser.
+void RequireWritablePlainFile(const std::string& native, const std::string& path) {
+  struct stat info {};
+  if (::stat(native.c_str(), &info) != 0) throw SystemFileError(errno, path);
+  const bool writable =
+      (info.st_mode & kWriteBits) != 0 && ::faccessat(AT_FDCWD, native.c_str(), W_OK, AT_EACCESS) == 0;
+  if (!S_ISREG(info.st_mode) || !writable) throw FileError(ErrorNumber::PathFileAccess, path);
+}
+
+std::string ResolveLinks(const std::string& native, const std::string& path) {
+  const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(native.c_str(), nullptr), &std::free);
+  if (!resolved) throw SystemFileError(errno, path);
+  return resolved.get();
+}
+
+void ReplaceText(const std::string& native, const std::string& bytes, const std::string& path) {
+  const std::string real = ResolveLinks(native, path);
+  RequireWritablePlainFile(real, path);
+  struct stat older {};
+  if (::stat(real.c_str(), &older) != 0) throw SystemFileError(errno, path);
+  const std::size_t slash = real.rfind('/');
+  PendingFile file(real.substr(0, slash), path);
+  file.Resemble(older);
+  file.Write(bytes);
+  file.Replace(real.substr(slash + 1));
+}
+
+void RemoveFile(const std::string& native, const std::string& path) {
+  if (::unlink(native.c_str()) != 0) throw SystemFileError(errno, path);
+}
+
+void MoveToOtherVolume(const std::string& native, const PathTarget& target, const std::string& path) {
+  struct stat info {};
+  if (::lstat(native.c_str(), &info) != 0) throw SystemFileError(errno, path);
+  if (!S_ISREG(info.st_mode)) throw FileError(ErrorNumber::PathFileAccess, path);
+  const FileDescriptor source = OpenPlainFile(native, path);
+  PendingFile copy(target.folder, path);
+  copy.Resemble(info);
+  std::array<char, 64 * 1024> chunk{};
+  ssize_t count = 0;
+  while ((count = ::read(source.Get(), chunk.data(), chunk.size())) > 0) {
+    copy.Write({chunk.data(), static_cast<std::size_t>(count)});
+  }
+  if (count < 0) throw SystemFileError(errno, path);
+  copy.TakeFreeName(target.name);
+  if (::unlink(native.c_str()) == 0) return;
+  const int error = errno;
+  ::unlink(target.NativePath().c_str());
+  throw SystemFileError(error, path);
+}
+
+}  // namespace
+
+LocalFileSystem::LocalFileSystem(std::string root, MountTable mounts, std::string desktopFolder)
+    : paths_(std::move(root), std::move(mounts)), desktopFolder_(std::move(desktopFolder)) {}
+
+std::vector<std::string> LocalFileSystem::DriveRoots() const {
+  std::vector<std::string> roots;
+  for (const Volume& volume : paths_.RefreshedMounts().Volumes()) {
+    roots.push_back(std::string(1, volume.letter) + ":\\");
+  }
+  return roots;
+}
+
+DriveType LocalFileSystem::TypeOfDrive(const std::string& drive) const {
+  const Volume* volume = paths_.VolumeOf(drive);
+  return volume != nullptr ? volume->type : DriveType::NoRoot;
+}
+
+std::string LocalFileSystem::VolumeLabel(const std::string& root) const {
+  const Volume* volume = paths_.VolumeOf(root);
+  return volume != nullptr ? paths_.Label(*volume) : "";
+}
+
+FolderReader LocalFileSystem::OpenFolder(const std::string& folder) const {
+  const auto native = paths_.Find(folder);
+  if (!native) throw FileError(ErrorNumber::PathNotFound, folder);
+  FileDescriptor descriptor(::open(native->c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!descriptor.IsOpen())
+    throw errno == ENOENT ? FileError(ErrorNumber::PathNotFound, folder) : SystemFileError(errno, folder);
+  return {std::move(descriptor), folder};
+}
+
+std::vector<std::string> LocalFileSystem::PlainFiles(const std::string& folder) const {
+  std::vector<std::string> names;
+  FolderReader reader = OpenFolder(folder);
+  while (reader.Next()) {
+    if (!reader.IsHidden() && reader.Kind() == EntryKind::File) names.push_back(reader.Name());
+  }
+  SortNames(names);
+  return names;
+}
+
+std::vector<std::string> LocalFileSystem::SubFolders(const std::string& folder) const {
+  std::vector<std::string> names;
+  FolderReader reader = OpenFolder(folder);
+  while (reader.Next()) {
+    if (reader.Kind() == EntryKind::Folder) names.push_back(reader.Name());
+  }
+  SortNames(names);
+  return names;
+}
+
+std::string LocalFileSystem::FirstSubFolder(const std::string& folder,
+                                            const std::function<bool(const std::string&)>& accept) const {
+  std::string first;
+  FolderReader reader = OpenFolder(folder);
+  while (reader.Next()) {
+    std::string name = reader.Name();
+    const bool better = first.empty() || NameIsBefore(name, first);
+    if (better && reader.Kind() == EntryKind::Folder && accept(name)) first = std::move(name);
+  }
+  return first;
+}
+
+FolderEntries LocalFileSystem::ReadFolder(const std::string& folder) const {
+  FolderEntries entries;
+  FolderReader reader = OpenFolder(folder);
+  while (reader.Next()) {
+    const EntryKind kind = reader.Kind();
+    if (kind == EntryKind::Folder) entries.folders.push_back(reader.Name());
+    if (kind == EntryKind::File) entries.files.push_back(reader.Name());
+  }
+  SortNames(entries.folders);
+  SortNames(entries.files);
+  return entries;
+}
+
+bool LocalFileSystem::FileExists(const std::string& path) const {
+  const auto native = paths_.Find(path);
+  if (!native || native->find("/.", native->rfind('/')) != std::string::npos) return false;
+  struct stat info {};
+  return ::stat(native->c_str(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
+bool LocalFileSystem::FolderExists(const std::string& path) const {
+  const auto native = paths_.Find(path);
+  struct stat info {};
+  return native && ::stat(native->c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+std::unique_ptr<InputFile> LocalFileSystem::OpenForInput(const std::string& path) const {
+  return OpenTextFile(paths_.Existing(path), path);
+}
+
+std::string LocalFileSystem::ReadBytes(const std::string& path) const {
+  return ReadPlainFile(paths_.Existing(path), path);
+}
+
+void LocalFileSystem::WriteText(const std::string& path, const std::string& utf8) {
+  const PathTarget target = paths_.Target(path);
+  const std::string bytes = ToWindows1252(utf8);
+  if (target.existing) {
+    ReplaceText(target.NativePath(), bytes, path);
+    return;
+  }
+  PendingFile file(target.folder, path);
+  file.Write(bytes);
+  file.TakeFreeName(target.name);
+}
+
+void LocalFileSystem::Kill(const std::string& path) {
+  const std::string native = paths_.Existing(path);
+  struct stat info {};
+  const bool leadsNowhere = ::stat(native.c_str(), &info) != 0;
+  if (!leadsNowhere) RequireWritablePlainFile(native, path);
+  RemoveFile(native, path);
+}
+
+void LocalFileSystem::Name(const std::string& from, const std::string& to) {
+  const std::string native = paths_.Existing(from);
+  const PathTarget target = paths_.Target(to);
+  const bool toItself = target.existing && target.NativePath() == native;
+  if (target.existing && !toItself) throw FileError(ErrorNumber::FileAlreadyExists, to);
+  const std::string renamed = target.folder + "/" + target.name;
+  if (toItself) {
+    if (::rename(native.c_str(), renamed.c_str()) != 0) throw SystemFileError(errno, to);
+    return;
+  }
+  const int error = RenameToFreeName(native, renamed);
+  if (error == EXDEV) {
+    MoveToOtherVolume(native, target, to);
+  } else if (error != 0) {
+    throw SystemFileError(error, to);
+  }
+}
+
+std::string LocalFileSystem::DesktopFolder() const {
+  return paths_.FromNative(desktopFolder_);
+}
+
+std::string LocalFileSystem::ToNative(const std::string& path) const {
+  return paths_.ToNative(path);
+}
+
+std::string LocalFileSystem::FromNative(const std::string& nativePath) const {
+  return paths_.FromNative(nativePath);
+}
+
+}  // namespace Morvane

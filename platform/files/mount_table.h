@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/files/file_system.h"
+
+namespace Morvane {
+
+struct Volume {
+  char letter = 0;
+  std::string mountPoint;  // absolute path of this system
+  std::string source;      // device or share
+  DriveType type = DriveType::Fixed;
+};
+
+// The mounted volumes that a user would know, each with a drive letter: C: is "/", then come the discs, then
+// the others; A: and B: are floppy drives only. A letter that was given stays with its mount point while it
+// is mounted.
+class MountTable {
+ public:
+  explicit MountTable(std::string mountInfoFile = "/proc/self/mountinfo",
+                      std::string labelFolder = "/dev/disk/by-label");
+
+  // Reads the mounts again. Without a readable file there is C: alone.
+  void Refresh();
+
+  // In the order of the letters.
+  const std::vector<Volume>& Volumes() const { return volumes_; }
+  // nullptr when no volume has the letter (upper case).
+  const Volume* Find(char letter) const;
+
+  // The volume's label, else the name under which the desktop mounted it; empty when there is neither.
+  std::string Label(const Volume& volume) const;
+
+ private:
+  std::string mountInfoFile_;
+  std::string labelFolder_;
+  std::vector<Volume> volumes_;
+};
+
+}  // namespace Morvane

@@ -1,0 +1,217 @@
+#include "platform/files/path_mapping.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+#include "platform/files/file_error.h"
+#include "platform/files/folder_reader.h"
+#include "platform/files/name_order.h"
+#include "platform/files/windows_1252.h"
+
+namespace Morvane {
+
+namespace {
+
+constexpr std::size_t kLongestName = 255;  // bytes
+
+bool IsThere(const std::string& native) {
+  struct stat info {};
+  return ::lstat(native.c_str(), &info) == 0;
+}
+
+bool IsFolder(const std::string& native) {
+  struct stat info {};
+  return ::stat(native.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+std::string WithoutSlashAtEnd(std::string path) {
+  while (path.ends_with('/')) path.pop_back();
+  return path;
+}
+
+std::string OrSlash(const std::string& native) {
+  return native.empty() ? "/" : native;
+}
+
+// Such a name would lead elsewhere on this system, or be cut.
+bool MisleadsSystem(const std::string& name) {
+  return name.find('/') != std::string::npos || name.find('\0') != std::string::npos;
+}
+
+bool CanBeGiven(const std::string& name) {
+  return !name.empty() && name.size() <= kLongestName && !MisleadsSystem(name) &&
+         name.find(':') == std::string::npos;
+}
+
+char DriveLetter(const std::string& path) {
+  if (path.size() < 2 || path[1] != ':') return 0;
+  const char letter = path[0];
+  if (letter >= 'a' && letter <= 'z') return static_cast<char>(letter - 'a' + 'A');
+  return letter >= 'A' && letter <= 'Z' ? letter : '\0';
+}
+
+// What of `path` lies below `folder`, beginning with a slash or empty; nothing when it lies elsewhere.
+std::optional<std::string> Below(const std::string& path, const std::string& folder) {
+  if (!path.starts_with(folder)) return std::nullopt;
+  std::string rest = path.substr(folder.size());
+  if (!rest.empty() && rest.front() != '/') return std::nullopt;
+  return rest;
+}
+
+}  // namespace
+
+PathMapping::PathMapping(std::string root, MountTable mounts)
+    : root_(WithoutSlashAtEnd(std::move(root))), mounts_(std::move(mounts)) {}
+
+PathMapping::SplitPath PathMapping::Split(const std::string& path) {
+  SplitPath split;
+  const char letter = DriveLetter(path);
+  if (letter != 0) split.drive = letter;
+  for (std::size_t at = letter != 0 ? 2 : 0; at < path.size();) {
+    const std::size_t end = std::min(path.find('\\', at), path.size());
+    const std::string name = path.substr(at, end - at);
+    if (name == "..") {
+      if (!split.names.empty()) split.names.pop_back();
+    } else if (!name.empty() && name != ".") {
+      split.names.push_back(name);
+    }
+    split.endsInName = end == path.size() && name != "." && name != "..";
+    at = end + 1;
+  }
+  if (path.ends_with('\\')) split.endsInName = false;
+  return split;
+}
+
+const Volume* PathMapping::VolumeWithLetter(char letter) const {
+  const Volume* volume = mounts_.Find(letter);
+  if (volume == nullptr) {
+    mounts_.Refresh();
+    volume = mounts_.Find(letter);
+  }
+  return volume;
+}
+
+const Volume* PathMapping::VolumeOf(const std::string& drive) const {
+  return VolumeWithLetter(Split(drive).drive);
+}
+
+const MountTable& PathMapping::RefreshedMounts() const {
+  mounts_.Refresh();
+  return mounts_;
+}
+
+std::optional<std::string> PathMapping::NativeRoot(char drive) const {
+  const Volume* volume = VolumeWithLetter(drive);
+  if (volume == nullptr) return std::nullopt;
+  return root_ + WithoutSlashAtEnd(volume->mountPoint);
+}
+
+std::optional<std::string> PathMapping::FindName(const std::string& folder, const std::string& name) {
+  if (MisleadsSystem(name)) return std::nullopt;
+  if (IsThere(folder + "/" + name)) return name;
+  FileDescriptor descriptor(::open(OrSlash(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!descriptor.IsOpen()) return std::nullopt;
+
+  FolderReader reader(std::move(descriptor), folder);
+  std::optional<std::string> best;
+  while (reader.Next()) {
+    const std::string raw = reader.RawName();
+    if (!IsSameName(raw, name)) continue;
+    if (ReadableUtf8(raw) == name) return raw;
+    if (!best || raw < *best) best = raw;
+  }
+  return best;
+}
+
+PathMapping::Walk PathMapping::Follow(const std::string& base, const std::vector<std::string>& names) {
+  std::string exact = base;
+  for (const std::string& name : names) exact += "/" + name;
+  if (std::none_of(names.begin(), names.end(), MisleadsSystem) && IsThere(OrSlash(exact))) {
+    return {exact, names.size()};
+  }
+  Walk walk{base, 0};
+  for (const std::string& name : names) {
+    const auto found = FindName(walk.native, name);
+    if (!found) break;
+    walk.native += "/" + *found;
+    ++walk.found;
+  }
+  return walk;
+}
+
+std::optional<std::string> PathMapping::Find(const std::string& path) const {
+  const SplitPath split = Split(path);
+  const auto base = NativeRoot(split.drive);
+  if (!base) return std::nullopt;
+  const Walk walk = Follow(*base, split.names);
+  if (walk.found < split.names.size()) return std::nullopt;
+  return OrSlash(walk.native);
+}
+
+std::string PathMapping::Existing(const std::string& path) const {
+  const SplitPath split = Split(path);
+  const auto base = NativeRoot(split.drive);
+  if (!base) throw FileError(ErrorNumber::PathNotFound, path);
+  const Walk walk = Follow(*base, split.names);
+  if (walk.found == split.names.size()) return OrSlash(walk.native);
+  const bool onlyLastMissing = walk.found + 1 == split.names.size() && IsFolder(OrSlash(walk.native));
+  throw FileError(onlyLastMissing ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound, path);
+}
+
+PathTarget PathMapping::Target(const std::string& path) const {
+  SplitPath split = Split(path);
+  if (!split.endsInName || split.names.empty()) throw FileError(ErrorNumber::BadFileName, path);
+  PathTarget target;
+  target.name = split.names.back();
+  split.names.pop_back();
+
+  const auto base = NativeRoot(split.drive);
+  if (!base) throw FileError(ErrorNumber::PathNotFound, path);
+  const Walk walk = Follow(*base, split.names);
+  if (walk.found < split.names.size() || !IsFolder(OrSlash(walk.native))) {
+    throw FileError(ErrorNumber::PathNotFound, path);
+  }
+  target.folder = walk.native;
+  target.existing = FindName(target.folder, target.name);
+  if (!target.existing && !CanBeGiven(target.name)) throw FileError(ErrorNumber::BadFileName, path);
+  return target;
+}
+
+std::string PathMapping::ToNative(const std::string& path) const {
+  const SplitPath split = Split(path);
+  const auto base = NativeRoot(split.drive);
+  if (!base) throw FileError(ErrorNumber::PathNotFound, path);
+  if (std::any_of(split.names.begin(), split.names.end(), MisleadsSystem)) {
+    throw FileError(ErrorNumber::BadFileName, path);
+  }
+  const Walk walk = Follow(*base, split.names);
+  std::string native = walk.native;
+  for (std::size_t i = walk.found; i < split.names.size(); ++i) native += "/" + split.names[i];
+  return OrSlash(native);
+}
+
+std::string PathMapping::FromNative(const std::string& nativePath) const {
+  mounts_.Refresh();
+  const std::string normal = std::filesystem::path(nativePath).lexically_normal().string();
+  const auto inside = Below(WithoutSlashAtEnd(normal), root_);
+  if (!normal.starts_with('/') || !inside) return "";
+
+  const Volume* volume = nullptr;
+  std::string rest;
+  for (const Volume& candidate : mounts_.Volumes()) {
+    const auto below = Below(*inside, WithoutSlashAtEnd(candidate.mountPoint));
+    if (!below || (volume != nullptr && candidate.mountPoint.size() <= volume->mountPoint.size())) continue;
+    volume = &candidate;
+    rest = *below;
+  }
+  if (volume == nullptr || rest.find('\\') != std::string::npos) return "";
+  std::string path = ReadableUtf8(rest.empty() ? "/" : rest);
+  std::replace(path.begin(), path.end(), '/', '\\');
+  return std::string(1, volume->letter) + ":" + path;
+}
+
+}  // namespace Morvane

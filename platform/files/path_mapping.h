@@ -1,0 +1,66 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/files/mount_table.h"
+
+namespace Morvane {
+
+// Where a file is to be written or moved to.
+struct PathTarget {
+  std::string folder;                   // native, exists
+  std::string name;                     // as given
+  std::optional<std::string> existing;  // the name on the disk when something is there already
+
+  std::string NativePath() const { return folder + "/" + existing.value_or(name); }
+};
+
+// Turns paths of the Windows form into this system's and back. Each name is looked up: the exact one wins,
+// else the first that is equal without case. ".." never leads out of a drive.
+class PathMapping {
+ public:
+  // `root` is the native folder that stands for "/".
+  PathMapping(std::string root, MountTable mounts);
+
+  // The native path of what stands at a path; nothing when nothing does. A link counts, wherever it leads.
+  std::optional<std::string> Find(const std::string& path) const;
+  // RuntimeError: PathNotFound for a missing folder on the way, else FileNotFound.
+  std::string Existing(const std::string& path) const;
+  // RuntimeError: PathNotFound, BadFileName.
+  PathTarget Target(const std::string& path) const;
+
+  // Names that are there as they are on the disk, the others as given. RuntimeError: PathNotFound for a drive
+  // that is not there, BadFileName.
+  std::string ToNative(const std::string& path) const;
+  std::string FromNative(const std::string& nativePath) const;
+
+  // The drives as they are now.
+  const MountTable& RefreshedMounts() const;
+  // The volume of a drive ("C:" or a longer path); nullptr when it is not there.
+  const Volume* VolumeOf(const std::string& drive) const;
+  std::string Label(const Volume& volume) const { return mounts_.Label(volume); }
+
+ private:
+  struct SplitPath {
+    char drive = 'C';
+    std::vector<std::string> names;
+    bool endsInName = false;  // not in a backslash, "." or ".."
+  };
+  struct Walk {
+    std::string native;     // without a slash at its end
+    std::size_t found = 0;  // names that are there
+  };
+
+  static SplitPath Split(const std::string& path);
+  const Volume* VolumeWithLetter(char letter) const;
+  std::optional<std::string> NativeRoot(char drive) const;
+  static std::optional<std::string> FindName(const std::string& folder, const std::string& name);
+  static Walk Follow(const std::string& base, const std::vector<std::string>& names);
+
+  std::string root_;
+  mutable MountTable mounts_;  // the machine's state, not this object's
+};
+
+}  // namespace Morvane
