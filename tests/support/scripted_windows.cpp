@@ -1,4 +1,4 @@
-#include "support/scripted_windows.h"
+#include "tests/support/scripted_windows.h"
 
 #include <gtest/gtest.h>
 

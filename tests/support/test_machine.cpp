@@ -1,4 +1,4 @@
-#include "support/test_machine.h"
+#include "tests/support/test_machine.h"
 
 #include <gtest/gtest.h>
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/platform.h"
-#include "support/scripted_windows.h"
+#include "tests/support/scripted_windows.h"
 
 namespace Morvane {
 

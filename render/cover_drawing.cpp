@@ -1,0 +1,92 @@
+#include "render/cover_drawing.h"
+
+#include <string>
+
+#include "core/web_addresses.h"
+#include "platform/resume_next.h"
+#include "platform/units.h"
+
+namespace Morvane {
+
+namespace {
+
+constexpr double kPassoBordo = 0.009;  // inches between successive outline lines
+constexpr double kFooterSize = 9;      // points on paper
+constexpr double kFooterLeft = 1;      // inches
+constexpr double kFooterRise = 0.3;    // inches above the top of cover 1
+
+struct Cover {
+  double x, y, w, h;  // inches
+};
+
+Cover CoverBox(const AppState& state, int number) {
+  const auto n = static_cast<std::size_t>(number);
+  return {state.CopDistx[n], state.CopDisty[n], state.CopLargPollici[n], state.CopAltePollici[n]};
+}
+
+void DrawRectangle(DrawingSurface& objPrint, const Cover& cover, int lines, Color color) {
+  const double s = kPassoBordo;
+  // Two steps more on the left and at the top than on the right and below: meant.
+  for (int j = 1; j <= lines; ++j) {
+    objPrint.Line(cover.x - s - s * (j + 1), cover.y - s - s * (j + 1), cover.x + cover.w + s + s * (j - 1),
+                  cover.y + cover.h + s + s * (j - 1), LineStyle::Box, color);
+  }
+}
+
+void DrawEllipse(DrawingSurface& objPrint, const Cover& cover, int lines, Color color) {
+  const double s = kPassoBordo;
+  // The radius comes from the width alone, so a cover taller than wide gets an outline smaller than itself:
+  // meant.
+  for (int j = 1; j <= lines; ++j) {
+    ResumeNext([&] {
+      objPrint.Circle(cover.x + cover.w / 2, cover.y + cover.h / 2, cover.w / 2 + s + s * (j - 1), color,
+                      cover.h / cover.w);
+    });
+  }
+}
+
+void DrawOutlines(DrawingSurface& objPrint, const AppState& state) {
+  for (int n = 1; n <= state.NumCopertine; ++n) {
+    const Color color = QBColor(n == state.CopCorrente ? 13 : 0);
+    const bool rectangle = state.CopForma[static_cast<std::size_t>(n)].value_or(0) == 0;
+    (rectangle ? DrawRectangle : DrawEllipse)(objPrint, CoverBox(state, n), state.SpessoreBordo, color);
+  }
+}
+
+void DrawPictures(DrawingSurface& objPrint, const AppState& state, const CoverSlots& slots) {
+  for (int n = 1; n <= state.NumCopertine; ++n) {
+    const PicturePtr& picture = slots.Image1[static_cast<std::size_t>(n - 1)];
+    if (!picture) continue;
+    const Cover cover = CoverBox(state, n);
+    ResumeNext([&] { objPrint.PaintPicture(picture, cover.x, cover.y, cover.w, cover.h); });
+  }
+}
+
+void DrawFooter(DrawingSurface& objPrint, const AppState& state, double ratio) {
+  objPrint.SetFontName("Arial");
+  objPrint.CurrentX = kFooterLeft;
+  objPrint.CurrentY = state.CopDisty[1] - kFooterRise;
+  ResumeNext([&] { objPrint.SetFontSize(kFooterSize * ratio); });
+  objPrint.Print("Stampato con 'Morvane' - " + std::string(WebAddresses::kMakerSite));
+}
+
+}  // namespace
+
+void DisegnaCopertine(DrawingSurface& objPrint, double ratio, AppState& state, const CoverSlots& slots) {
+  for (std::size_t n = 1; static_cast<int>(n) <= state.NumCopertine; ++n) {
+    state.CopLargPollici[n] = state.CopLarg[n] / kCentimetresPerInch;
+    state.CopAltePollici[n] = state.CopAlte[n] / kCentimetresPerInch;
+  }
+  if (slots.outlinesOn) DrawOutlines(objPrint, state);
+  DrawPictures(objPrint, state, slots);
+  // On a screen the outlines stand on top of the pictures, too; on paper a picture may cover a neighbour's.
+  if (state.SuSchermo != 0 && slots.outlinesOn) DrawOutlines(objPrint, state);
+  DrawFooter(objPrint, state, ratio);
+}
+
+bool CoverHolds(const AppState& state, int n, double x, double y) {
+  const Cover cover = CoverBox(state, n);
+  return x > cover.x && x < cover.x + cover.w && y > cover.y && y < cover.y + cover.h;
+}
+
+}  // namespace Morvane

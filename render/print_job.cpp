@@ -1,0 +1,37 @@
+#include "render/print_job.h"
+
+#include "platform/resume_next.h"
+
+namespace Morvane {
+
+namespace {
+
+constexpr double kLandscapePageHeight = 210;  // millimetres
+
+// 0,0 is the corner of the printable area; no margin is added or taken away.
+void PreparePage(AppState& state, Printer& printer) {
+  printer.Surface().SetScaleMode(ScaleMode::Inches);
+  printer.SetOrientation(state.PaginaAlte == kLandscapePageHeight ? PageOrientation::Landscape
+                                                                  : PageOrientation::Portrait);
+  state.SuSchermo = 0;
+}
+
+}  // namespace
+
+void DisegnaFoglio(AppState& state, const CoverSlots& slots, Printer& printer) {
+  PreparePage(state, printer);
+  DisegnaCopertine(printer.Surface(), 1.0, state, slots);
+}
+
+void Stampa(AppState& state, const CoverSlots& slots, Printer& printer) {
+  PrintDialogAnswer answer;
+  ResumeNext([&] { answer = printer.ShowDialog(PrintDialogRequest{.restricted = true}); });
+  if (!answer.accepted) return;
+  PreparePage(state, printer);
+  for (int copy = 1; copy <= answer.copies; ++copy) {
+    DisegnaCopertine(printer.Surface(), 1.0, state, slots);
+    ResumeNext([&] { printer.EndDoc(); });
+  }
+}
+
+}  // namespace Morvane

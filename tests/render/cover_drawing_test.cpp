@@ -1,0 +1,192 @@
+#include "render/cover_drawing.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/runtime_error.h"
+#include "render/page_setup.h"
+#include "tests/support/test_machine.h"
+
+namespace Morvane {
+namespace {
+
+constexpr double kTwipsTolerance = 1e-6;
+
+class CoverDrawing : public ::testing::Test {
+ protected:
+  CoverDrawing() {
+    state.NumCopertine = 1;
+    state.SpessoreBordo = 1;
+    SetCover(1, 1, 1, 2, 1);
+    surface.SetSize(10 * kTwipsPerInch, 10 * kTwipsPerInch);
+    surface.SetScaleMode(ScaleMode::Inches);
+  }
+
+  void SetCover(std::size_t n, double x, double y, double w, double h) {
+    state.CopDistx[n] = x;
+    state.CopDisty[n] = y;
+    state.CopLarg[n] = w * kCentimetresPerInch;
+    state.CopAlte[n] = h * kCentimetresPerInch;
+  }
+
+  template <typename T>
+  std::vector<T> Drawn() const {
+    std::vector<T> shapes;
+    for (const Shape& shape : surface.Drawing()) {
+      if (const T* one = std::get_if<T>(&shape)) shapes.push_back(*one);
+    }
+    return shapes;
+  }
+
+  static void ExpectBox(const TwipsBox& box, double left, double top, double right, double bottom) {
+    EXPECT_NEAR(box.left, left * kTwipsPerInch, kTwipsTolerance);
+    EXPECT_NEAR(box.top, top * kTwipsPerInch, kTwipsTolerance);
+    EXPECT_NEAR(box.left + box.width, right * kTwipsPerInch, kTwipsTolerance);
+    EXPECT_NEAR(box.top + box.height, bottom * kTwipsPerInch, kTwipsTolerance);
+  }
+
+  PicturePtr APicture() {
+    machine.WritePicture("C:\\a.jpg", 100, 100);
+    return machine.Pictures.LoadPicture("C:\\a.jpg");
+  }
+
+  TestMachine machine;
+  AppState state;
+  CoverSlots slots;
+  DrawingSurface surface{machine.Metrics};
+};
+
+TEST_F(CoverDrawing, RectangleLinesMoveTwoStepsUpAndLeftOfCentre) {
+  state.SpessoreBordo = 3;
+  DisegnaCopertine(surface, 1, state, slots);
+  const auto boxes = Drawn<BoxShape>();
+  ASSERT_EQ(boxes.size(), 3U);
+  ExpectBox(boxes[0].box, 0.973, 0.973, 3.009, 2.009);
+  ExpectBox(boxes[1].box, 0.964, 0.964, 3.018, 2.018);
+  ExpectBox(boxes[2].box, 0.955, 0.955, 3.027, 2.027);
+}
+
+TEST_F(CoverDrawing, EllipseTakesItsRadiusFromTheWidthAlone) {
+  state.CopForma[1] = 1;
+  SetCover(1, 0, 0, 4, 2);
+  DisegnaCopertine(surface, 1, state, slots);
+  ExpectBox(Drawn<EllipseShape>().back().box, 2 - 2.009, 1 - 1.0045, 2 + 2.009, 1 + 1.0045);
+
+  SetCover(1, 0, 0, 2, 4);
+  DisegnaCopertine(surface, 1, state, slots);
+  ExpectBox(Drawn<EllipseShape>().back().box, 1 - 1.009 / 2, 2 - 1.009, 1 + 1.009 / 2, 2 + 1.009);
+}
+
+TEST_F(CoverDrawing, BadEllipseCostsOnlyItself) {
+  state.NumCopertine = 2;
+  state.CopForma[1] = 1;
+  SetCover(1, 1, 1, 0, 1);
+  SetCover(2, 5, 5, 1, 1);
+  DisegnaCopertine(surface, 1, state, slots);
+  EXPECT_TRUE(Drawn<EllipseShape>().empty());
+  EXPECT_EQ(Drawn<BoxShape>().size(), 1U);
+  EXPECT_EQ(Drawn<TextShape>().size(), 1U);
+}
+
+TEST_F(CoverDrawing, ScreenDrawsOutlinesAgainOnTopOfPicturesAndPaperDoesNot) {
+  slots.Image1[0] = APicture();
+  DisegnaCopertine(surface, 1, state, slots);
+  ASSERT_EQ(surface.Drawing().size(), 3U);  // outline, picture, footer
+  EXPECT_TRUE(std::holds_alternative<PictureShape>(surface.Drawing()[1]));
+
+  surface.Cls();
+  state.SuSchermo = 1;
+  DisegnaCopertine(surface, 1, state, slots);
+  ASSERT_EQ(surface.Drawing().size(), 4U);
+  EXPECT_TRUE(std::holds_alternative<BoxShape>(surface.Drawing()[2]));
+
+  surface.Cls();
+  slots.outlinesOn = false;
+  DisegnaCopertine(surface, 1, state, slots);
+  EXPECT_TRUE(Drawn<BoxShape>().empty());
+}
+
+TEST_F(CoverDrawing, PictureFillsItsBoxAndSlotsAboveTheCountStayAway) {
+  slots.Image1[0] = APicture();
+  slots.Image1[1] = APicture();
+  state.CopForma[1] = 1;
+  DisegnaCopertine(surface, 1, state, slots);
+  const auto pictures = Drawn<PictureShape>();
+  ASSERT_EQ(pictures.size(), 1U);
+  ExpectBox(pictures[0].box, 1, 1, 3, 2);
+}
+
+TEST_F(CoverDrawing, OnlyTheCurrentCoverIsColoured) {
+  state.NumCopertine = 2;
+  state.CopCorrente = 2;
+  SetCover(2, 5, 5, 1, 1);
+  DisegnaCopertine(surface, 1, state, slots);
+  const auto boxes = Drawn<BoxShape>();
+  EXPECT_EQ(boxes[0].color, QBColor(0));
+  EXPECT_EQ(boxes[1].color, QBColor(13));
+}
+
+TEST_F(CoverDrawing, FooterFollowsTheFirstCoverEvenOffTheSheet) {
+  state.NumCopertine = 0;
+  DisegnaCopertine(surface, 0.5, state, slots);
+  const auto footer = Drawn<TextShape>();
+  ASSERT_EQ(footer.size(), 1U);
+  EXPECT_NEAR(footer[0].left, kTwipsPerInch, kTwipsTolerance);
+  EXPECT_NEAR(footer[0].top, 0.7 * kTwipsPerInch, kTwipsTolerance);
+  EXPECT_DOUBLE_EQ(footer[0].font.size, 4.5);
+  EXPECT_THAT(footer[0].text, ::testing::StartsWith("Stampato con 'Morvane' - http"));
+}
+
+TEST_F(CoverDrawing, HitTestIsStrictAndTakesAnEllipseByItsBox) {
+  state.CopForma[1] = 1;
+  DisegnaCopertine(surface, 1, state, slots);
+  EXPECT_TRUE(CoverHolds(state, 1, 1.001, 1.001));
+  EXPECT_FALSE(CoverHolds(state, 1, 1, 1.5));
+  EXPECT_FALSE(CoverHolds(state, 1, 3, 1.5));
+  EXPECT_FALSE(CoverHolds(state, 1, 2, 2));
+}
+
+class PageSetup : public CoverDrawing {
+ protected:
+  PageSetup() { surface.SetSize(4 * kTwipsPerInch, 6 * kTwipsPerInch); }
+};
+
+TEST_F(PageSetup, TakesTheTighterDirectionOfTheSheet) {
+  EXPECT_NEAR(ImpostaPagina(surface, state, machine.ThePrinter), 4 / (11906 / 1440.0), 1e-9);
+  surface.Line(0, 0, surface.ScaleWidth(), surface.ScaleHeight());
+  const auto line = Drawn<LineShape>().back();
+  EXPECT_NEAR(line.x2, surface.Width(), kTwipsTolerance);
+  EXPECT_NEAR(line.y2, surface.Height(), kTwipsTolerance);
+  EXPECT_NEAR(ImpostaPaginaMm(surface, state, machine.ThePrinter), 4 / (11906 / 1440.0), 1e-9);
+}
+
+TEST_F(PageSetup, TurnsByTheLayoutAloneSoALandscapePrinterIsTurnedTwice) {
+  state.Orientamento = 1;
+  ImpostaPagina(surface, state, machine.ThePrinter);
+  EXPECT_GT(surface.ScaleWidth(), surface.ScaleHeight());
+  machine.ThePrinter.SetOrientation(PageOrientation::Landscape);
+  ImpostaPagina(surface, state, machine.ThePrinter);
+  EXPECT_LT(surface.ScaleWidth(), surface.ScaleHeight());
+  state.Orientamento = 2;  // anything but 1 is portrait here
+  machine.ThePrinter.SetOrientation(PageOrientation::Portrait);
+  ImpostaPagina(surface, state, machine.ThePrinter);
+  EXPECT_LT(surface.ScaleWidth(), surface.ScaleHeight());
+}
+
+TEST_F(PageSetup, NeverGivesZeroAndLeavesThePrinterAlone) {
+  machine.ThePrinter.Surface().SetScaleMode(ScaleMode::Millimetres);
+  surface.SetSize(100, 0);
+  EXPECT_DOUBLE_EQ(ImpostaPagina(surface, state, machine.ThePrinter), 0.01);
+  EXPECT_DOUBLE_EQ(ImpostaPaginaMm(surface, state, machine.ThePrinter), 0.254);
+  EXPECT_EQ(machine.ThePrinter.Surface().GetScaleMode(), ScaleMode::Millimetres);
+}
+
+TEST_F(PageSetup, WithoutAPrinterFailsAndKeepsTheSurface) {
+  surface.Line(0, 0, 1, 1);
+  machine.Device.Broken = true;
+  EXPECT_THROW(ImpostaPagina(surface, state, machine.ThePrinter), RuntimeError);
+  EXPECT_EQ(surface.Drawing().size(), 1U);
+}
+
+}  // namespace
+}  // namespace Morvane
