@@ -26,6 +26,8 @@ struct LayoutTables {
 
   std::int16_t NumCopertine = 0;  // covers of the layout; 0 only until the main window's first resize
   std::int16_t Orientamento = 0;  // 0 portrait, 1 landscape; a hand-made file can give others
+
+  bool operator==(const LayoutTables&) const = default;
 };
 
 // The state that all windows share. One thread; one object for the run, passed by reference. Everything is

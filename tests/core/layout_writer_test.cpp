@@ -119,14 +119,6 @@ TEST(LayoutWriter, ClearsTheFlagEvenWhenTheFileIsRefused) {
   EXPECT_EQ(state.LayoutModificato, 0);
 }
 
-TEST(DefaultLayout, StandsInTheUnitsOfTheTables) {
-  AppState state = DefaultState();
-  EXPECT_EQ(state.NumCopertine, 2);
-  EXPECT_EQ(state.CopLarg[1], 12.1);
-  EXPECT_EQ(state.CopDisty[2], 15.5 / 2.54);
-  EXPECT_FALSE(state.CopForma[1].has_value());
-}
-
 TEST(WorkspacePage, IsLandscapeForAnyOrientationButZero) {
   AppState state;
   SetWorkspacePage(state);

@@ -26,18 +26,12 @@ TEST(Settings, AreReadFromTheFirstColumnInExactCase) {
   EXPECT_EQ(state.SpessoreBordo, 3);
 }
 
-TEST(Settings, RoundTheThicknessToTheEvenNeighbour) {
+TEST(Settings, RoundTheThicknessAndPassOverOneOutsideSixteenBits) {
   FakeFiles files;
   EXPECT_EQ(Read(files, "SpessoreBordo=2.5").SpessoreBordo, 2);
   EXPECT_EQ(Read(files, "SpessoreBordo=3.5").SpessoreBordo, 4);
   EXPECT_EQ(Read(files, "SpessoreBordo=grosso").SpessoreBordo, 0);
-}
-
-TEST(Settings, PassOverAThicknessOutsideSixteenBits) {
-  FakeFiles files;
-  const AppState state = Read(files, "SpessoreBordo=3\r\nSpessoreBordo=40000\r\nFileFolder=D:\\\r\n");
-  EXPECT_EQ(state.SpessoreBordo, 3);
-  EXPECT_EQ(state.FileFolder, "D:\\");
+  EXPECT_EQ(Read(files, "SpessoreBordo=3\r\nSpessoreBordo=40000").SpessoreBordo, 3);
 }
 
 TEST(Settings, FallBackToTheDefaults) {
@@ -75,10 +69,13 @@ TEST(Settings, AreWrittenByteForByteAndReadBack) {
   EXPECT_EQ(read.FileFolder, "C:\\Città\\");
 }
 
-TEST(Settings, StayQuietWhenTheFileCannotBeWritten) {
+TEST(Settings, KeepTheOldFileQuietlyWhenItCannotBeReplaced) {
   FakeFiles files;
+  AppState state = Read(files, "SpessoreBordo=5");
+  state.SpessoreBordo = 1;
   files.refuseWrite = true;
-  EXPECT_NO_THROW(SalvaImpostazioni(AppState{}, files));
+  SalvaImpostazioni(state, files);
+  EXPECT_EQ(files.texts[kPath], "SpessoreBordo=5");
 }
 
 TEST(VersionCheck, DropsTheLastByteOfTheBody) {
