@@ -8,11 +8,11 @@
 
 namespace Morvane {
 
-// Covers that the tables can hold. They are numbered from 1; cell 0 of each table is never used.
-inline constexpr int kCoverCells = 101;
+// Covers are numbered from 1 to this; cell 0 of each table is never used.
+inline constexpr int kMaxCovers = 100;
 
 template <typename Value>
-using CoverTable = std::array<Value, kCoverCells>;
+using CoverTable = std::array<Value, kMaxCovers + 1>;
 
 // What a layout file fills: the cover records, spread over parallel tables, their count and the page.
 // The tables are never cleared: a cell above NumCopertine keeps what it last held, and adding a cover in the
@@ -38,8 +38,9 @@ struct AppState : LayoutTables {
   CoverTable<double> CopAltePollici{};
 
   // The layout and the editor.
-  std::int16_t MaxCopertine = 0;  // upper limit of covers, at most 100; set by the main window's load step
-  std::int16_t CopCorrente = 0;   // cover being edited; 0 while the editor is closed
+  std::int16_t MaxCopertine =
+      0;  // upper limit of covers, at most kMaxCovers; set by the main window's load step
+  std::int16_t CopCorrente = 0;       // cover being edited; 0 while the editor is closed
   std::int16_t LayoutModificato = 0;  // 0 or -1: the editor holds a change that the file lacks
   std::string NomeLayout;             // current layout file without folder and extension; empty: none
   std::string NomeLayoutAperto;       // NomeLayout when the editor opened; its Cancel restores it

@@ -44,7 +44,7 @@ int CoverNumber(std::string_view digits, int max) {
 class LayoutReader {
  public:
   LayoutReader(AppState& state, LayoutObserver* observer)
-      : state_(state), observer_(observer), max_(std::min<int>(state.MaxCopertine, kCoverCells - 1)) {}
+      : state_(state), observer_(observer), max_(std::min<int>(state.MaxCopertine, kMaxCovers)) {}
 
   void Read(InputFile& file) {
     std::string line;
