@@ -1,0 +1,130 @@
+#include "platform/qt/drawing_painter.h"
+
+#include <QFontMetricsF>
+#include <QPaintEngine>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/qt/font_stand_ins.h"
+#include "platform/qt/qt_picture.h"
+#include "platform/units.h"
+
+namespace Morvane {
+namespace {
+
+constexpr double kPaperDotTwips = kTwipsPerInch / 600;
+constexpr double kFinestPixelsPerTwip = 600 / kTwipsPerInch;
+
+QColor ToQt(Color color) {
+  return QColor(color.red, color.green, color.blue);
+}
+
+// Shapes are mapped to device pixels on a screen, where lines must lie on whole pixels whatever the device's
+// pixel ratio is, and stay in twips on paper.
+class Painting {
+ public:
+  Painting(QPainter& painter, PictureCache& cache)
+      : painter_(painter),
+        cache_(cache),
+        onPaper_(painter.paintEngine()->type() == QPaintEngine::Pdf),
+        twips_(painter.worldTransform()),
+        toPixels_(onPaper_ ? QTransform() : painter.deviceTransform()),
+        pixels_(toPixels_.inverted() * twips_) {
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter_.setBrush(Qt::NoBrush);
+  }
+
+  void operator()(const LineShape& line) {
+    UseHairline(line.color);
+    painter_.drawLine(OnDot({line.x1, line.y1}), OnDot({line.x2, line.y2}));
+  }
+
+  void operator()(const BoxShape& box) {
+    UseHairline(box.color);
+    const QRectF outline(OnDot({box.box.left, box.box.top}),
+                         OnDot({box.box.left + box.box.width, box.box.top + box.box.height}));
+    if (!box.filled) {
+      painter_.drawRect(outline.normalized());
+    } else {
+      const double halfDot = onPaper_ ? 0 : 0.5;
+      painter_.fillRect(outline.normalized().adjusted(-halfDot, -halfDot, halfDot, halfDot), ToQt(box.color));
+    }
+  }
+
+  void operator()(const EllipseShape& ellipse) {
+    UseHairline(ellipse.color);
+    painter_.drawEllipse(InPixels(ellipse.box));
+  }
+
+  void operator()(const PictureShape& shape) {
+    painter_.setWorldTransform(pixels_);
+    const QRectF box = InPixels(shape.box);
+    if (onPaper_) {
+      const QSizeF dots = box.size() * kFinestPixelsPerTwip;
+      DrawPicture(shape.picture, box, QSize(AtLeastOne(dots.width()), AtLeastOne(dots.height())));
+      return;
+    }
+    const QPoint corner(static_cast<int>(std::lround(box.left())), static_cast<int>(std::lround(box.top())));
+    const QSize size(AtLeastOne(std::round(box.right()) - corner.x()),
+                     AtLeastOne(std::round(box.bottom()) - corner.y()));
+    DrawPicture(shape.picture, QRectF(QRect(corner, size)), size);
+  }
+
+  void operator()(const TextShape& text) {
+    const double scale = text.font.size * kTwipsPerPoint / kReferencePixels;
+    const QFont font = ReferenceFont(text.font);
+    painter_.setWorldTransform(twips_);
+    painter_.translate(text.left, text.top);
+    painter_.scale(scale, scale);
+    painter_.setFont(font);
+    painter_.setPen(ToQt(text.color));
+    painter_.drawText(QPointF(0, QFontMetricsF(font).ascent()), QString::fromStdString(text.text));
+  }
+
+ private:
+  static int AtLeastOne(double pixels) {
+    return static_cast<int>(std::clamp(std::ceil(pixels), 1.0, 100000.0));
+  }
+
+  void UseHairline(Color color) {
+    painter_.setWorldTransform(pixels_);
+    painter_.setPen(
+        QPen(ToQt(color), onPaper_ ? kPaperDotTwips : 1, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  }
+
+  // The middle of the pixel that holds a place of the drawing; on paper the place itself.
+  QPointF OnDot(QPointF twips) const {
+    if (onPaper_) return twips;
+    const QPointF pixels = toPixels_.map(twips);
+    return {std::floor(pixels.x()) + 0.5, std::floor(pixels.y()) + 0.5};
+  }
+
+  QRectF InPixels(const TwipsBox& box) const {
+    return toPixels_.mapRect(QRectF(box.left, box.top, box.width, box.height).normalized());
+  }
+
+  void DrawPicture(const PicturePtr& picture, const QRectF& box, QSize pixels) {
+    const QImage image = cache_.Image(picture, pixels);
+    if (!image.isNull()) painter_.drawImage(box, image);
+  }
+
+  QPainter& painter_;
+  PictureCache& cache_;
+  const bool onPaper_;
+  const QTransform twips_;     // the world transform that was given
+  const QTransform toPixels_;  // twips to device pixels
+  const QTransform pixels_;    // the world transform under which a unit is a device pixel
+};
+
+}  // namespace
+
+void PaintDrawing(QPainter& painter, const DrawingList& drawing, PictureCache& cache) {
+  painter.save();
+  Painting painting(painter, cache);
+  for (const Shape& shape : drawing) std::visit(painting, shape);
+  painter.restore();
+}
+
+}  // namespace Morvane

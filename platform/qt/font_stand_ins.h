@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QFont>
+#include <string>
+#include <vector>
+
+#include "platform/font.h"
+
+namespace Morvane {
+
+// A family that the program names, and the installed one that has its metrics.
+struct FontStandIn {
+  std::string family;
+  std::string standIn;
+};
+
+// The pairs whose own family is not installed and whose stand-in is.
+std::vector<FontStandIn> UsableStandIns();
+
+// Makes the toolkit take the stand-ins for widgets. Called once, when the application has been made.
+void InstallFontStandIns();
+
+// Text of any size is laid out at this one and scaled, so that its proportions are the same on every device.
+inline constexpr int kReferencePixels = 1000;
+
+// The font at the reference size: no hinting, no kerning.
+QFont ReferenceFont(const Font& font);
+
+}  // namespace Morvane

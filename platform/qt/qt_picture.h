@@ -1,0 +1,92 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QSize>
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "platform/picture.h"
+
+class QSvgRenderer;
+
+namespace Morvane {
+
+// A picture of this back-end: it can be had as pixels at any size.
+class QtPicture : public Picture {
+ public:
+  // The whole picture in at most this many pixels, stretched to the box: as large as asked, or as the file's
+  // own pixels where those are fewer. A null image when it cannot be decoded now.
+  virtual QImage Decode(QSize pixels) const = 0;
+};
+
+// A picture of pixels, kept as its file and decoded when it is needed.
+class FilePicture : public QtPicture {
+ public:
+  // `size` is in the file's pixels, before any recorded rotation; `turned` tells that the rotation exchanges
+  // the sides.
+  FilePicture(QByteArray bytes, QSize size, bool turned);
+
+  double WidthTwips() const override;
+  double HeightTwips() const override;
+  QImage Decode(QSize pixels) const override;
+
+ private:
+  const QByteArray bytes_;
+  const QSize size_;
+  const bool turned_;
+};
+
+// A picture of pixels that are already there.
+class PixelPicture : public QtPicture {
+ public:
+  explicit PixelPicture(QImage image) : image_(std::move(image)) {}
+
+  double WidthTwips() const override;
+  double HeightTwips() const override;
+  QImage Decode(QSize pixels) const override;
+
+ private:
+  const QImage image_;
+};
+
+// A picture of lines and curves.
+class SvgPicture : public QtPicture {
+ public:
+  SvgPicture(std::unique_ptr<QSvgRenderer> renderer, double widthTwips, double heightTwips);
+  ~SvgPicture() override;
+
+  double WidthTwips() const override { return widthTwips_; }
+  double HeightTwips() const override { return heightTwips_; }
+  QImage Decode(QSize pixels) const override;
+
+ private:
+  const std::unique_ptr<QSvgRenderer> renderer_;
+  const double widthTwips_;
+  const double heightTwips_;
+};
+
+// The last decode of each picture that is still in use somewhere. Another size takes the place of the one
+// that was there; above the limit the pictures that were not asked for longest are dropped.
+class PictureCache {
+ public:
+  explicit PictureCache(std::size_t limitBytes = std::size_t{256} << 20) : limitBytes_(limitBytes) {}
+
+  // The picture in at most this many pixels; a null image when it cannot be decoded.
+  QImage Image(const PicturePtr& picture, QSize pixels);
+
+ private:
+  struct Entry {
+    std::weak_ptr<const Picture> picture;
+    QSize pixels;
+    QImage image;
+  };
+
+  void DropUnused();
+
+  const std::size_t limitBytes_;
+  std::vector<Entry> entries_;  // the last asked for at the end
+};
+
+}  // namespace Morvane
