@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/app_state.h"
+#include "platform/controls/screen.h"
+#include "platform/controls/tree_view.h"
+#include "platform/files/file_system.h"
+
+namespace Morvane {
+
+// Fills an empty tree: the Desktop, below it My Computer with the drives and the user's desktop folder, whose
+// path goes to CartellaDesktop. Opens the first drive. `loadContentsWindow` is called once, where the
+// contents window has to be there. Returns the first fixed drive ("C:"), or an empty text. What fails is left
+// out.
+std::string BuildTree(TreeView& tree, AppState& state, Screen& screen, const FileSystem& files,
+                      const std::function<void()>& loadContentsWindow);
+
+// Adds the folders of a node by its key, each with its first subfolder, so that it shows the button that
+// opens it. Folders that are in the tree already stay as they are; none is ever taken out.
+void AddSubFolders(TreeView& tree, const std::string& key, const FileSystem& files);
+
+// Name of the first subfolder in proper case; empty when there is none or the folder can't be read.
+std::string FirstSubFolder(const std::string& path, const FileSystem& files);
+
+// Label of a volume in proper case by its root ("C:\"); empty when it has none or holds no medium.
+std::string GetVolumeLabel(const std::string& root, const FileSystem& files);
+
+// What this system calls the node above the drives.
+std::string GetMyComputerName();
+
+}  // namespace Morvane
