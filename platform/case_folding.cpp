@@ -63,10 +63,7 @@ char32_t Upper(char32_t c) {
   return c >= kInvalidByte ? c : static_cast<char32_t>(Letters().toupper(static_cast<wchar_t>(c)));
 }
 
-bool IsWordCharacter(char32_t c) {
-  if (c == U'\'' || c == U'\u2019') return true;
-  return c < kInvalidByte && Letters().is(std::ctype_base::alnum, static_cast<wchar_t>(c));
-}
+bool IsBlank(char32_t c) { return c == U' ' || (c >= U'\t' && c <= U'\r'); }
 
 template <typename Change>
 std::string ChangeEach(std::string_view text, Change change) {
@@ -90,7 +87,7 @@ std::string ProperCase(std::string_view text) {
   bool inWord = false;
   return ChangeEach(text, [&](char32_t c) {
     const char32_t changed = inWord ? Lower(c) : Upper(c);
-    inWord = IsWordCharacter(c);
+    inWord = !IsBlank(c);
     return changed;
   });
 }

@@ -10,8 +10,7 @@ namespace Morvane {
 std::string ToLower(std::string_view text);
 std::string ToUpper(std::string_view text);
 
-// The first letter of each word in upper case, the others in lower case. A word begins at the start or behind
-// anything that is neither letter, digit nor apostrophe.
+// The first letter of each word in upper case, the others in lower case. Words are parted by blanks.
 std::string ProperCase(std::string_view text);
 
 // Below 0, 0 or above 0: the alphabetical order of lists and folders, without regard to case.
