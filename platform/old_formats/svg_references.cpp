@@ -23,8 +23,13 @@ std::string LocalName(std::string_view name) {
   return Lower(name.substr(name.rfind(':') + 1));
 }
 
+// Readers go by an image's first bytes, whatever its type says, and an SVG image could refer outside in its
+// turn.
 bool IsInside(std::string_view reference) {
-  return reference.starts_with('#') || reference.starts_with("data:image/");
+  constexpr std::array kInside = {"#"sv, "data:image/png;base64,iVBORw0KGgo"sv,
+                                  "data:image/jpg;base64,/9j/"sv};
+  return std::any_of(kInside.begin(), kInside.end(),
+                     [&](auto start) { return reference.starts_with(start); });
 }
 
 // url(...) may stand in a style or in an attribute of its own (fill, clip-path, filter).

@@ -3,8 +3,10 @@
 #include <emf2svg.h>
 #include <iconv.h>
 
+#include <array>
 #include <cmath>
 #include <cstring>
+#include <vector>
 
 #include "platform/old_formats/decoder/byte_reader.h"
 #include "platform/old_formats/decoder/svg_text.h"
@@ -56,16 +58,54 @@ void PutS32(std::string& bytes, size_t offset, double value) {
   std::memcpy(bytes.data() + offset, &number, sizeof number);
 }
 
+void PutU32(std::string& bytes, size_t offset, uint32_t value) {
+  std::memcpy(bytes.data() + offset, &value, sizeof value);
+}
+
+// A text given as glyph numbers means nothing without the very font file, and the library would look for one.
+void EmptyGlyphText(std::string& bytes, size_t countOffset, size_t optionsOffset) {
+  constexpr uint32_t kGlyphIndex = 0x10;
+  const uint32_t options = ByteReader(bytes).Unsigned32(optionsOffset);
+  if ((options & kGlyphIndex) == 0) return;
+  PutU32(bytes, countOffset, 0);
+  PutU32(bytes, optionsOffset, options & ~kGlyphIndex);
+}
+
+void EmptyGlyphTexts(std::string& bytes) {
+  constexpr uint32_t kExtTextOutA = 83;
+  constexpr uint32_t kExtTextOutW = 84;
+  constexpr uint32_t kSmallTextOut = 108;
+  const ByteReader file(bytes);
+  for (size_t at = 0; at + 8 <= file.Size();) {
+    const uint32_t type = file.Unsigned32(at);
+    const uint32_t size = file.Unsigned32(at + 4);
+    if (size < 8) throw Undecodable("record too short");
+    if (type == kExtTextOutA || type == kExtTextOutW) EmptyGlyphText(bytes, at + 44, at + 52);
+    if (type == kSmallTextOut) EmptyGlyphText(bytes, at + 16, at + 20);
+    at += size;
+  }
+}
+
+using Conversion = std::unique_ptr<void, decltype(&iconv_close)>;
+
+// iconv reads its tables from files at the first use of each; the library uses these.
+std::vector<Conversion> OpenConversions() {
+  constexpr std::array<std::array<const char*, 2>, 6> kConversions = {{{"UTF-8", "UTF-16LE"},
+                                                                       {"UTF-16LE", "UTF-8"},
+                                                                       {"UTF-8", "UTF-32LE"},
+                                                                       {"UTF-32LE", "UTF-8"},
+                                                                       {"UTF-8", "LATIN1"},
+                                                                       {"LATIN1//TRANSLIT", "UTF-8"}}};
+  std::vector<Conversion> conversions;
+  for (const auto& [to, from] : kConversions) {
+    iconv_t opened = iconv_open(to, from);
+    if (opened != reinterpret_cast<iconv_t>(-1)) conversions.emplace_back(opened, &iconv_close);
+  }
+  return conversions;
+}
+
 class EmfDecoder : public Decoder {
  public:
-  // The library converts its texts with iconv, which would load its tables from files at the first use.
-  EmfDecoder() : utf16_(iconv_open("UTF-8", "UTF-16LE")) {}
-  ~EmfDecoder() override {
-    if (utf16_ != reinterpret_cast<iconv_t>(-1)) iconv_close(utf16_);
-  }
-  EmfDecoder(const EmfDecoder&) = delete;
-  EmfDecoder& operator=(const EmfDecoder&) = delete;
-
   std::string Decode(const std::string& bytes) override {
     if (bytes.size() < kHeaderSize) throw Undecodable("truncated");
     const Frame frame = FrameOf(ByteReader(bytes));
@@ -74,6 +114,7 @@ class EmfDecoder : public Decoder {
     // The library scales and moves the drawing by the bounds of its ink; with the frame put there, it
     // doesn't.
     std::string framed = bytes;
+    EmptyGlyphTexts(framed);
     PutS32(framed, kBoundsOffset, left);
     PutS32(framed, kBoundsOffset + 4, top);
     PutS32(framed, kBoundsOffset + 8, std::ceil(left + frame.pixels.width));
@@ -96,7 +137,7 @@ class EmfDecoder : public Decoder {
     return std::string(text, length);
   }
 
-  iconv_t utf16_;
+  std::vector<Conversion> conversions_ = OpenConversions();
 };
 
 }  // namespace

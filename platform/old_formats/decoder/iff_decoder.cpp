@@ -2,6 +2,8 @@
 
 #include <SDL_image.h>
 
+#include <algorithm>
+
 namespace Morvane {
 
 namespace {
@@ -23,6 +25,13 @@ Surface Load(const std::string& bytes) {
   return surface;
 }
 
+// The picture's own width: the library makes room for whole words of 16 pixels and shows them all.
+int WidthOf(const std::string& bytes) {
+  const size_t at = bytes.find("BMHD");
+  if (at == std::string::npos || at + 10 > bytes.size()) throw Undecodable("no header");
+  return static_cast<unsigned char>(bytes[at + 8]) << 8 | static_cast<unsigned char>(bytes[at + 9]);
+}
+
 class IffDecoder : public Decoder {
  public:
   std::string Decode(const std::string& bytes) override {
@@ -34,8 +43,9 @@ class IffDecoder : public Decoder {
     if (!surface) throw Undecodable(SDL_GetError());
     loaded.reset();
 
-    std::string output = "rgba " + std::to_string(surface->w) + ' ' + std::to_string(surface->h) + '\n';
-    const size_t rowBytes = static_cast<size_t>(surface->w) * 4;
+    const int width = std::min(WidthOf(bytes), surface->w);
+    std::string output = "rgba " + std::to_string(width) + ' ' + std::to_string(surface->h) + '\n';
+    const size_t rowBytes = static_cast<size_t>(width) * 4;
     output.reserve(output.size() + rowBytes * static_cast<size_t>(surface->h));
     const char* row = static_cast<const char*>(surface->pixels);
     for (int y = 0; y < surface->h; ++y, row += surface->pitch) output.append(row, rowBytes);

@@ -120,7 +120,8 @@ class WmfDecoder : public Decoder {
       throw Undecodable("too large");
     device->width = static_cast<unsigned>(std::lround(std::max(placement.widthTwips, 1.0)));
     device->height = static_cast<unsigned>(std::lround(std::max(placement.heightTwips, 1.0)));
-    Check(wmf_play(api_, 0, &device->bbox));
+    wmfD_Rect ink{};
+    Check(wmf_play(api_, 0, &ink));
     const SvgBox view{0, 0, double(device->width), double(device->height)};
     return SvgDocument(placement.widthTwips, placement.heightTwips, view, drawing_);
   }

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+
+// Small made-up files of the old formats, put together byte by byte.
+namespace Morvane::Samples {
+
+inline std::string Little(uint64_t value, int bytes) {
+  std::string text;
+  for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> (8 * i) & 0xFF);
+  return text;
+}
+
+inline std::string Big(uint64_t value, int bytes) {
+  std::string text = Little(value, bytes);
+  std::reverse(text.begin(), text.end());
+  return text;
+}
+
+inline std::string Longs(std::initializer_list<int32_t> values) {
+  std::string text;
+  for (int32_t value : values) text += Little(static_cast<uint32_t>(value), 4);
+  return text;
+}
+
+inline std::string Words(std::initializer_list<int16_t> values) {
+  std::string text;
+  for (int16_t value : values) text += Little(static_cast<uint16_t>(value), 2);
+  return text;
+}
+
+inline std::string EmfRecord(uint32_t type, const std::string& body) {
+  return Little(type, 4) + Little(body.size() + 8, 4) + body;
+}
+
+// 100 x 50 mm on a device of 10 pixels to the millimetre; a rectangle filled with colour 0x00BBGGRR.
+inline std::string Emf(uint32_t color, const std::string& moreRecords = {}) {
+  const std::string records = EmfRecord(39, Longs({1, 0}) + Little(color, 4) + Longs({0})) +  // brush
+                              EmfRecord(37, Longs({1})) +                                     // select it
+                              EmfRecord(43, Longs({100, 100, 900, 400})) +                    // rectangle
+                              moreRecords + EmfRecord(14, Longs({0, 16, 20}));
+  const std::string head =
+      Longs({100, 100, 900, 400}) + Longs({0, 0, 10000, 5000}) + " EMF" + Longs({0x10000});
+  const uint64_t size = 88 + records.size();
+  return EmfRecord(1, head + Little(size, 4) + Longs({5}) + Words({2, 0}) +
+                          Longs({0, 0, 0, 2000, 2000, 200, 200})) +
+         records;
+}
+
+inline std::string WmfRecord(uint16_t function, const std::string& body) {
+  return Little(3 + body.size() / 2, 4) + Little(function, 2) + body;
+}
+
+// 1 x 2 inches of 100 units; a rectangle of colour 0x00BBGGRR from 10, 10 to 80, 150, half-transparent by
+// mistake in naive readers, then the text, centred at 50, 50.
+inline std::string Wmf(uint32_t color, const std::string& text = "ab") {
+  const std::string records =
+      WmfRecord(0x020B, Words({0, 0})) + WmfRecord(0x020C, Words({200, 100})) +
+      WmfRecord(0x0102, Words({1})) + WmfRecord(0x02FC, Words({0}) + Little(color, 4) + Words({0})) +
+      WmfRecord(0x012D, Words({0})) + WmfRecord(0x041B, Words({150, 80, 10, 10})) +
+      WmfRecord(0x02FB, Words({-20, 0, 0, 0, 700, 0, 0, 0, 0}) + std::string("Arial\0", 6)) +
+      WmfRecord(0x012D, Words({1})) + WmfRecord(0x012E, Words({6})) +
+      WmfRecord(0x0521,
+                Little(text.size(), 2) + text + std::string(text.size() % 2, '\0') + Words({50, 50})) +
+      WmfRecord(0, {});
+  const std::string header =
+      Words({1, 9, 0x300}) + Little(9 + records.size() / 2, 4) + Words({2}) + Longs({30}) + Words({0});
+  const std::string placeable = Little(0x9AC6CDD7, 4) + Words({0, 0, 0, 100, 200, 100}) + Longs({0});
+  uint16_t checksum = 0;
+  for (size_t i = 0; i < placeable.size(); i += 2) {
+    checksum = static_cast<uint16_t>(checksum ^ (static_cast<unsigned char>(placeable[i]) |
+                                                 static_cast<unsigned char>(placeable[i + 1]) << 8));
+  }
+  return placeable + Little(checksum, 2) + header + records;
+}
+
+inline std::string IffChunk(const std::string& name, const std::string& body) {
+  return name + Big(body.size(), 4) + body + std::string(body.size() % 2, '\0');
+}
+
+// One plane: a bit that is set is blue, any other red. Rows of whole words.
+inline std::string Ilbm(uint16_t width, uint16_t height, const std::string& rows) {
+  const std::string header = Big(width, 2) + Big(height, 2) + Big(0, 4) + std::string("\1\2\0\0", 4) +
+                             Big(0, 2) + std::string("\1\1", 2) + Big(width, 2) + Big(height, 2);
+  return IffChunk("FORM", "ILBM" + IffChunk("BMHD", header) +
+                              IffChunk("CMAP", std::string("\xFF\0\0\0\0\xFF", 6)) + IffChunk("BODY", rows));
+}
+
+}  // namespace Morvane::Samples
