@@ -96,6 +96,7 @@ void WmfPainting::Attach(wmfAPI* api) {
   calls.draw_rectangle = Corrected<&Calls::draw_rectangle>::Draw;
   calls.region_frame = Corrected<&Calls::region_frame>::Draw;
   calls.region_paint = Corrected<&Calls::region_paint>::Draw;
+  calls.bmp_draw = DrawBitmap;
   calls.draw_text = DrawText;
 
   // No font file is opened: the SVG's reader measures the text, which is anchored where its alignment says.
@@ -130,6 +131,30 @@ void WmfPainting::Replace(size_t start, const std::string& property, const wmfRG
     if (end == std::string::npos || drawing_.compare(at, end - at, "none") == 0) continue;
     drawing_.replace(at, end - at, HexColor(color));
   }
+}
+
+void WmfPainting::DrawBitmap(wmfAPI* api, wmfBMP_Draw_t* bitmap) {
+  WmfPainting& painting = Of(api);
+  std::string& drawing = painting.drawing_;
+  const size_t start = drawing.size();
+  painting.device_.bmp_draw(api, bitmap);
+  const std::string element = drawing.substr(start);
+  drawing.resize(start);
+  const size_t data = element.find("data:image/png;base64,");
+  const size_t end = element.find('"', data);
+  if (data == std::string::npos || end == std::string::npos) return;
+  std::string image = element.substr(data, end - data);
+  std::erase(image, '\n');
+
+  const wmf_svg_t& device = *WMF_SVG_GetData(api);
+  const wmfD_Coord at = bitmap->pt;
+  const auto& crop = bitmap->crop;
+  const wmfD_Coord from = ToSvg(device, at);
+  const wmfD_Coord to = ToSvg(device, {at.x + static_cast<float>(crop.w * bitmap->pixel_width),
+                                       at.y + static_cast<float>(crop.h * bitmap->pixel_height)});
+  drawing += "<image x=\"" + SvgNumber(from.x) + "\" y=\"" + SvgNumber(from.y) + "\" width=\"" +
+             SvgNumber(to.x - from.x) + "\" height=\"" + SvgNumber(to.y - from.y) +
+             "\" preserveAspectRatio=\"none\" xlink:href=\"" + image + "\"/>\n";
 }
 
 void WmfPainting::DrawText(wmfAPI* api, wmfDrawText_t* text) {

@@ -27,6 +27,7 @@ class WmfPainting {
   struct Corrected;
 
   static WmfPainting& Of(wmfAPI* api);
+  static void DrawBitmap(wmfAPI* api, wmfBMP_Draw_t* bitmap);
   static void DrawText(wmfAPI* api, wmfDrawText_t* text);
   void Correct(size_t start, const wmfDC& dc);
   void Replace(size_t start, const std::string& property, const wmfRGB& color);

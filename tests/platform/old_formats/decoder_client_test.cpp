@@ -64,6 +64,11 @@ TEST(DecodeWmf, GivesItsFrameTrueColoursAndEscapedText) {
   EXPECT_THAT(svg.text, Not(HasSubstr("<image")));
 }
 
+TEST(DecodeWmf, PlacesBitmaps) {
+  const auto svg = std::get<DecodedSvg>(Decode(Samples::Wmf(0, "ab", Samples::WmfBitmap())));
+  EXPECT_THAT(svg.text, HasSubstr(R"(<image x="144.0000" y="288.0000" width="720.0000" height="1440.0000")"));
+}
+
 TEST(DecodeIff, GivesOpaquePixelsOfItsOwnWidth) {
   const auto pixels = std::get<DecodedPixels>(Decode(Samples::Ilbm(3, 2, std::string("\xA0\0\x40\0", 4))));
   EXPECT_EQ(pixels.width, 3);

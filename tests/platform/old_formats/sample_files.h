@@ -54,9 +54,16 @@ inline std::string WmfRecord(uint16_t function, const std::string& body) {
   return Little(3 + body.size() / 2, 4) + Little(function, 2) + body;
 }
 
+// A bitmap of 2 x 2 pixels drawn 50 x 100 units large at 10, 20.
+inline std::string WmfBitmap() {
+  const std::string bitmap =
+      Longs({40, 2, 2}) + Words({1, 24}) + Longs({0, 16, 0, 0, 0, 0}) + std::string(16, 'x');
+  return WmfRecord(0x0F43, Longs({0xCC0020}) + Words({0, 2, 2, 0, 0, 100, 50, 20, 10}) + bitmap);
+}
+
 // 1 x 2 inches of 100 units; a rectangle of colour 0x00BBGGRR from 10, 10 to 80, 150, half-transparent by
 // mistake in naive readers, then the text, centred at 50, 50.
-inline std::string Wmf(uint32_t color, const std::string& text = "ab") {
+inline std::string Wmf(uint32_t color, const std::string& text = "ab", const std::string& moreRecords = {}) {
   const std::string records =
       WmfRecord(0x020B, Words({0, 0})) + WmfRecord(0x020C, Words({200, 100})) +
       WmfRecord(0x0102, Words({1})) + WmfRecord(0x02FC, Words({0}) + Little(color, 4) + Words({0})) +
@@ -65,9 +72,9 @@ inline std::string Wmf(uint32_t color, const std::string& text = "ab") {
       WmfRecord(0x012D, Words({1})) + WmfRecord(0x012E, Words({6})) +
       WmfRecord(0x0521,
                 Little(text.size(), 2) + text + std::string(text.size() % 2, '\0') + Words({50, 50})) +
-      WmfRecord(0, {});
+      moreRecords + WmfRecord(0, {});
   const std::string header =
-      Words({1, 9, 0x300}) + Little(9 + records.size() / 2, 4) + Words({2}) + Longs({30}) + Words({0});
+      Words({1, 9, 0x300}) + Little(9 + records.size() / 2, 4) + Words({2}) + Longs({100}) + Words({0});
   const std::string placeable = Little(0x9AC6CDD7, 4) + Words({0, 0, 0, 100, 200, 100}) + Longs({0});
   uint16_t checksum = 0;
   for (size_t i = 0; i < placeable.size(); i += 2) {
