@@ -28,7 +28,7 @@ int CompareAscii(std::string_view left, std::string_view right) {
 
 bool AsciiIsBefore(std::string_view left, std::string_view right) {
   const int order = CompareAscii(left, right);
-  return order != 0 ? order < 0 : left < right;
+  return order != 0 ? order < 0 : left > right;
 }
 
 }  // namespace
@@ -42,7 +42,7 @@ bool IsSameName(std::string_view onDisk, std::string_view name) {
 bool NameIsBefore(std::string_view left, std::string_view right) {
   if (IsAscii(left) && IsAscii(right)) return AsciiIsBefore(left, right);
   const int order = CompareIgnoringCase(left, right);
-  return order != 0 ? order < 0 : left < right;
+  return order != 0 ? order < 0 : left > right;
 }
 
 void SortNames(std::vector<std::string>& names) {
@@ -57,7 +57,9 @@ void SortNames(std::vector<std::string>& names) {
     std::string key = ToLower(name);
     keyed.emplace_back(std::move(key), std::move(name));
   }
-  std::sort(keyed.begin(), keyed.end());
+  std::sort(keyed.begin(), keyed.end(), [](const auto& left, const auto& right) {
+    return left.first != right.first ? left.first < right.first : left.second > right.second;
+  });
   for (std::size_t i = 0; i < names.size(); ++i) names[i] = std::move(keyed[i].second);
 }
 

@@ -10,7 +10,7 @@ namespace Morvane {
 // UTF-8 count as their Windows-1252 meaning.
 bool IsSameName(std::string_view onDisk, std::string_view name);
 
-// Alphabetically without regard to case; names that differ in case only come in the order of their bytes.
+// Alphabetically without regard to case; of names that differ in case only, small letters come first.
 bool NameIsBefore(std::string_view left, std::string_view right);
 void SortNames(std::vector<std::string>& names);
 

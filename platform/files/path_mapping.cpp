@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <string_view>
 #include <utility>
 
+#include "platform/case_folding.h"
 #include "platform/files/file_error.h"
 #include "platform/files/folder_reader.h"
 #include "platform/files/name_order.h"
@@ -113,16 +115,20 @@ std::optional<std::string> PathMapping::NativeRoot(char drive) const {
 std::optional<std::string> PathMapping::FindName(const std::string& folder, const std::string& name) {
   if (MisleadsSystem(name)) return std::nullopt;
   if (IsThere(folder + "/" + name)) return name;
+  // Small letters come first in the order of names, and most names here have no others: no need to read the
+  // folder.
+  std::string lower = ToLower(name);
+  if (IsThere(folder + "/" + lower)) return lower;
   FileDescriptor descriptor(::open(OrSlash(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!descriptor.IsOpen()) return std::nullopt;
 
   FolderReader reader(std::move(descriptor), folder);
   std::optional<std::string> best;
   while (reader.Next()) {
-    const std::string raw = reader.RawName();
+    const std::string_view raw = reader.RawName();
     if (!IsSameName(raw, name)) continue;
-    if (ReadableUtf8(raw) == name) return raw;
-    if (!best || raw < *best) best = raw;
+    if (ReadableUtf8(raw) == name) return std::string(raw);
+    if (!best || NameIsBefore(raw, *best)) best = raw;
   }
   return best;
 }

@@ -50,12 +50,16 @@ TEST_F(PathMappingTest, ServesTheRealRoot) {
 TEST_F(PathMappingTest, TakesTheExactNameElseTheFirstEqualWithoutCase) {
   temp_.Write("root/dati/foto.txt", "minuscolo");
   temp_.Write("root/dati/FOTO.txt", "maiuscolo");
+  temp_.Write("root/dati/NOTE.txt", "maiuscolo");
+  temp_.Write("root/dati/Note.txt", "iniziale");
   temp_.Write("root/DATI/Altro.txt", "altro");
   const LocalFileSystem files = Machine();
   EXPECT_EQ(files.ReadBytes("C:\\dati\\foto.txt"), "minuscolo");
   EXPECT_EQ(files.ReadBytes("C:\\dati\\FOTO.txt"), "maiuscolo");
-  EXPECT_EQ(files.ReadBytes("C:\\dati\\Foto.TXT"), "maiuscolo");
-  EXPECT_EQ(files.ReadBytes("C:\\Dati\\altro.txt"), "altro");
+  EXPECT_EQ(files.ReadBytes("C:\\dati\\Foto.TXT"), "minuscolo");
+  EXPECT_EQ(files.ReadBytes("C:\\dati\\nOTE.TXT"), "iniziale");
+  EXPECT_EQ(files.ReadBytes("C:\\DATI\\altro.txt"), "altro");
+  EXPECT_EQ(files.ReadBytes("C:\\Dati\\FOTO.TXT"), "minuscolo");
   temp_.Write("root/è/Caffè.txt", "accenti");
   EXPECT_EQ(files.ReadBytes("C:\\È\\CAFFÈ.TXT"), "accenti");
 }
