@@ -1,0 +1,29 @@
+#pragma once
+
+#include "core/app_state.h"
+#include "platform/controls/form.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/platform.h"
+
+namespace Morvane {
+
+// What PDF Creator is, and the way to its project page.
+class Form2 {
+ public:
+  Form2(AppState& state, Platform& platform);
+
+  Form form;
+  Label Label1{form, "Label1"};  // link
+  CommandButton Command1{form, "Command1"};
+  TextBox Text1{form, "Text1"};
+
+  void Form_Load();
+  void Label1_Click();
+  void Command1_Click();
+
+ private:
+  AppState& state_;
+  Platform& platform_;
+};
+
+}  // namespace Morvane

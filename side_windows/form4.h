@@ -1,0 +1,34 @@
+#pragma once
+
+#include "core/app_state.h"
+#include "platform/controls/form.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/platform.h"
+
+namespace Morvane {
+
+// Search for covers on the web: hands a term and a kind of cover to the system's browser.
+class Form4 {
+ public:
+  Form4(AppState& state, Platform& platform);
+
+  Form form;
+  ImageBox Picture1{form, "Picture1"};
+  Label Label2{form, "Label2"};
+  Label Label1{form, "Label1"};
+  TextBox Text1{form, "Text1"};              // term
+  ListBox List1{form, "List1"};              // kinds of cover
+  CommandButton Command1{form, "Command1"};  // "OK"
+  CommandButton Command2{form, "Command2"};  // "Annulla"
+
+  void Form_Load();
+  void Command1_Click();
+  void Command2_Click();
+
+ private:
+  AppState& state_;
+  Platform& platform_;
+};
+
+}  // namespace Morvane
