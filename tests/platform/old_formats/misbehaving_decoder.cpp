@@ -7,7 +7,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <cstring>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -24,8 +24,8 @@ void Answer(std::string_view text) {
 }
 
 void TakeMemory() {
-  std::vector<std::vector<char>> held;
-  while (held.size() < 4096) held.emplace_back(std::size_t{1} << 20, 'x');
+  std::vector<std::unique_ptr<char[]>> held;
+  while (held.size() < 64) held.push_back(std::make_unique_for_overwrite<char[]>(std::size_t{64} << 20));
 }
 
 void Misbehave(std::string_view deed) {
