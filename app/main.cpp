@@ -1,0 +1,85 @@
+#include <sys/resource.h>
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QStandardPaths>
+#include <QTimer>
+#include <QTranslator>
+
+#include "main_window/program.h"
+#include "platform/files/app_folder.h"
+#include "platform/files/local_file_system.h"
+#include "platform/qt/artwork.h"
+#include "platform/qt/font_stand_ins.h"
+#include "platform/qt/qt_http_client.h"
+#include "platform/qt/qt_launcher.h"
+#include "platform/qt/qt_picture_loader.h"
+#include "platform/qt/qt_printer_device.h"
+#include "platform/qt/qt_screen.h"
+#include "platform/qt/qt_text_metrics.h"
+#include "platform/qt/qt_window_system.h"
+
+namespace {
+
+using namespace Morvane;
+
+// Layouts that were read stay open for the run, so let there be as many files as the system grants.
+void RaiseFileLimit() {
+  rlimit limit{};
+  if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return;
+  limit.rlim_cur = limit.rlim_max;
+  setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+std::string AppFolder() {
+  const QString executableFolder = QCoreApplication::applicationDirPath();
+  return FindAppFolder({.executableFolder = executableFolder.toStdString(),
+                        .dataHome = qEnvironmentVariable("XDG_DATA_HOME").toStdString(),
+                        .home = qEnvironmentVariable("HOME").toStdString(),
+                        .shippedFolder = (executableFolder + "/../share/morvane").toStdString()});
+}
+
+char DecimalSeparator() {
+  return QLocale::system().decimalPoint() == QLatin1String(",") ? ',' : '.';
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  RaiseFileLimit();
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("Morvane");
+  QApplication::setDesktopFileName("morvane");
+  QApplication::setWindowIcon(ArtworkIcon("morvane"));
+  QTranslator italian;
+  if (italian.load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QApplication::installTranslator(&italian);
+  }
+  InstallFontStandIns();
+
+  LocalFileSystem files("/", MountTable(),
+                        QStandardPaths::writableLocation(QStandardPaths::DesktopLocation).toStdString());
+  QtWindowSystem windows(files);
+  Screen screen;
+  const QtScreen screenMirror(screen);
+  QtPictureLoader pictures(files, OldFormatDecoderPath());
+  const QtTextMetrics metrics;
+  const QtFontCatalog fonts;
+  QtPrinterDevice device;
+  Printer printer(device, metrics, fonts);
+  AppInfo app;
+  const std::string nativeAppFolder = AppFolder();
+  app.path = files.FromNative(nativeAppFolder);
+  QtLauncher launcher(files, nativeAppFolder);
+  QtHttpClient http;
+  Platform platform{windows, screen, files, pictures, metrics, fonts, printer, launcher, http, app};
+
+  Program program(platform, DecimalSeparator());
+  program.Start();
+  if (windows.Ended()) return 0;
+  // Asking for the printers takes its time; the page is on the screen first, as A4.
+  device.OnSheetChanged = [&] { windows.Dispatch([&] { program.form1.Ridisegna(); }); };
+  QTimer::singleShot(0, &application, [&] { device.Prepare(); });
+  return QApplication::exec();
+}
