@@ -1,6 +1,7 @@
 #include "platform/qt/font_stand_ins.h"
 
 #include <QFontDatabase>
+#include <QStringList>
 #include <algorithm>
 #include <array>
 
@@ -50,7 +51,7 @@ void InstallFontStandIns() {
 QFont ReferenceFont(const Font& font) {
   const QString family = QString::fromStdString(font.name);
   QFont reference(family);
-  if (const Pair* pair = FindStandIn(family)) reference.setFamilies({family, QString(pair->standIn)});
+  if (const Pair* pair = FindStandIn(family)) reference.setFamilies({family, pair->standIn});
   reference.setPixelSize(kReferencePixels);
   reference.setHintingPreference(QFont::PreferNoHinting);
   reference.setKerning(false);

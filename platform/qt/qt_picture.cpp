@@ -21,8 +21,8 @@ QImage Averaged(const QImage& image, QSize size) {
 
 }  // namespace
 
-FilePicture::FilePicture(QByteArray bytes, QSize size, bool turned)
-    : bytes_(std::move(bytes)), size_(size), turned_(turned) {}
+FilePicture::FilePicture(QByteArray bytes, QSize size, bool turned, int index)
+    : bytes_(std::move(bytes)), size_(size), turned_(turned), index_(index) {}
 
 double FilePicture::WidthTwips() const {
   return kTwipsPerPixel * (turned_ ? size_.height() : size_.width());
@@ -38,6 +38,7 @@ QImage FilePicture::Decode(QSize pixels) const {
   QImageReader reader(&buffer);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
+  if (index_ > 0) reader.jumpToImage(index_);
   // The reader wants the size before the rotation. A JPEG decodes at the nearest eighth above it, the rest is
   // averaged.
   const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(size_);

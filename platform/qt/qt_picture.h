@@ -25,8 +25,9 @@ class QtPicture : public Picture {
 class FilePicture : public QtPicture {
  public:
   // `size` is in the file's pixels, before any recorded rotation; `turned` tells that the rotation exchanges
-  // the sides.
-  FilePicture(QByteArray bytes, QSize size, bool turned);
+  // the sides, `index` which of the
+  // images in the file it is.
+  FilePicture(QByteArray bytes, QSize size, bool turned, int index);
 
   double WidthTwips() const override;
   double HeightTwips() const override;
@@ -36,6 +37,7 @@ class FilePicture : public QtPicture {
   const QByteArray bytes_;
   const QSize size_;
   const bool turned_;
+  const int index_;
 };
 
 // A picture of pixels that are already there.

@@ -1,6 +1,7 @@
 #include "platform/qt/qt_text_metrics.h"
 
 #include <QFontDatabase>
+#include <QStringList>
 
 #include "platform/qt/font_stand_ins.h"
 #include "platform/units.h"

@@ -1,0 +1,22 @@
+#include "platform/qt/picture_limits.h"
+
+namespace Morvane {
+namespace {
+
+constexpr qint64 kMostPixels = qint64{128} << 20;
+constexpr qint64 kMostPixelsInScans = qint64{2048} << 20;
+
+// The start of a scan is the byte pair FF DA, which cannot stand within the data of one.
+qsizetype ScansOf(const QByteArray& jpeg) {
+  return jpeg.count("\xFF\xDA");
+}
+
+}  // namespace
+
+bool CostsTooMuch(const QByteArray& bytes, const QByteArray& format, QSize size) {
+  const qint64 pixels = qint64{size.width()} * size.height();
+  if (pixels > kMostPixels) return true;
+  return (format == "jpeg" || format == "jpg") && pixels * ScansOf(bytes) > kMostPixelsInScans;
+}
+
+}  // namespace Morvane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+#include "platform/files/file_system.h"
+#include "platform/old_formats/old_format.h"
+#include "platform/picture.h"
+
+namespace Morvane {
+
+// Loads picture files by what their bytes say, not by their names: JPEG, BMP (also run-length encoded, also
+// without a file header), GIF, ICO, CUR, PNG, TIFF, WebP; EMF, WMF and IFF through the decoder program. A
+// file is decoded once, small, so that one that cannot be decoded fails here. Hostile files cost at most two
+// seconds and 1.5 GiB.
+class QtPictureLoader : public PictureLoader {
+ public:
+  // `decoderPath` is the native path of the decoder of old formats.
+  QtPictureLoader(const FileSystem& files, std::string decoderPath);
+
+  PicturePtr LoadPicture(const std::string& path) override;
+
+ private:
+  // Null when it cannot be decoded.
+  PicturePtr DecodeOld(OldFormat format, const std::string& bytes) const;
+
+  const FileSystem& files_;
+  const std::string decoderPath_;
+};
+
+// Where the decoder of old formats is: beside this program, else in ../libexec/morvane.
+std::string OldFormatDecoderPath();
+
+}  // namespace Morvane
