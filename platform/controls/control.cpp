@@ -62,6 +62,12 @@ void Control::PerformMouseMove(int shift, double xTwips, double yTwips) {
   if (enabled_ && MouseMove) MouseMove(shift, EventX(xTwips), EventY(yTwips));
 }
 
+bool Control::PerformKeyDown(int keyCode) {
+  if (!enabled_ || !KeyDown) return false;
+  KeyDown(keyCode);
+  return true;
+}
+
 void Container::OrderChildren(const std::function<int(const Control&)>& rank) {
   std::stable_sort(children_.begin(), children_.end(),
                    [&](const Control* a, const Control* b) { return rank(*a) < rank(*b); });

@@ -90,6 +90,9 @@ class Control {
   virtual void PerformClick();
   void PerformMouseDown(MouseButton button, int shift, double xTwips, double yTwips);
   void PerformMouseMove(int shift, double xTwips, double yTwips);
+  // Enter and Esc, while the control has the focus. True when the window took the key, which then presses no
+  // default or cancel button.
+  bool PerformKeyDown(int keyCode);
 
  protected:
   template <typename T>

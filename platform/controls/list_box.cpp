@@ -89,10 +89,4 @@ void ListBox::PerformDblClick() {
   if (Enabled() && DblClick) DblClick();
 }
 
-bool ListBox::PerformKeyDown(int keyCode) {
-  if (!Enabled() || !KeyDown) return false;
-  KeyDown(keyCode);
-  return true;
-}
-
 }  // namespace Morvane

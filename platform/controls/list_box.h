@@ -35,8 +35,6 @@ class ListBox : public Control {
   // A selected row stays where it is when the user clicks it again: no event.
   void UserSelects(int index);
   void PerformDblClick();
-  // Enter, Esc and the like, while the list has the focus. True when the window took the key.
-  bool PerformKeyDown(int keyCode);
 
  private:
   void SortPending() const;
