@@ -57,6 +57,10 @@ class FileSystem {
   // Everything of one folder in one reading.
   virtual FolderEntries ReadFolder(const std::string& folder) const = 0;
 
+  // The same text for every path that leads to one folder, by links or not, and for no other. Where there are
+  // no links a path is its own. RuntimeError as for reading the folder.
+  virtual std::string FolderIdentity(const std::string& folder) const { return folder; }
+
   // A plain file that is not hidden stands at this path.
   virtual bool FileExists(const std::string& path) const = 0;
   virtual bool FolderExists(const std::string& path) const = 0;

@@ -148,6 +148,12 @@ FolderEntries LocalFileSystem::ReadFolder(const std::string& folder) const {
   return entries;
 }
 
+std::string LocalFileSystem::FolderIdentity(const std::string& folder) const {
+  const auto native = paths_.Find(folder);
+  if (!native) throw FileError(ErrorNumber::PathNotFound, folder);
+  return ResolveLinks(*native, folder);
+}
+
 bool LocalFileSystem::FileExists(const std::string& path) const {
   const auto native = paths_.Find(path);
   if (!native || native->find("/.", native->rfind('/')) != std::string::npos) return false;

@@ -24,6 +24,7 @@ class LocalFileSystem : public FileSystem {
   std::string FirstSubFolder(const std::string& folder,
                              const std::function<bool(const std::string&)>& accept) const override;
   FolderEntries ReadFolder(const std::string& folder) const override;
+  std::string FolderIdentity(const std::string& folder) const override;
 
   bool FileExists(const std::string& path) const override;
   bool FolderExists(const std::string& path) const override;
