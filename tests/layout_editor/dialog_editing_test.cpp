@@ -1,0 +1,114 @@
+#include <cmath>
+
+#include "dialog_fixture.h"
+#include "layout_editor/measure_rows.h"
+
+namespace Morvane {
+namespace {
+
+class DialogEditing : public DialogTest {
+ protected:
+  DialogEditing() {
+    WriteCovers("a", {50, 51, 52, 53, 54});
+    Open();
+  }
+};
+
+TEST_F(DialogEditing, StepsGoByAMillimetreDownToOneAndOnlyTheStepToTheLeftLeavesTheFlag) {
+  for (const MeasureRow& row : kMeasureRows) {
+    TextBox& box = *dialog.*row.box;
+    Type(box, "2");
+    state.LayoutModificato = 0;
+    Press(*dialog.*row.down);
+    EXPECT_EQ(box.Text(), "1");
+    EXPECT_EQ((state.*row.table)[1], row.stored(1));
+    EXPECT_EQ(state.LayoutModificato, &row == &kMeasureRows[2] ? 0 : -1);
+    Press(*dialog.*row.down);
+    EXPECT_EQ(box.Text(), "1");
+    Type(box, "1.99");
+    Press(*dialog.*row.down);
+    EXPECT_EQ(box.Text(), "1.99");
+    state.LayoutModificato = 0;
+    Press(*dialog.*row.up);
+    EXPECT_EQ(box.Text(), "2.99");
+    EXPECT_EQ(state.LayoutModificato, -1);
+  }
+}
+
+TEST_F(DialogEditing, DecimalCommaCostsTheFraction) {
+  state.decimalSeparator = ',';
+  Type(dialog->Text1, "12.5");
+  Press(dialog->Command6);
+  EXPECT_EQ(dialog->Text1.Text(), "11,5");
+  EXPECT_EQ(state.CopLarg[1], 1.1);
+  Press(dialog->Command6);
+  EXPECT_EQ(dialog->Text1.Text(), "10");
+}
+
+TEST_F(DialogEditing, LeavingABoxOrEnterStoresWhatItHolds) {
+  Type(dialog->Text1, "50");
+  EXPECT_EQ(state.LayoutModificato, 0);
+  Type(dialog->Text2, "-3.5");
+  Type(dialog->Text4, "abc");
+  EXPECT_EQ(state.LayoutModificato, -1);
+  EXPECT_EQ(state.CopAlte[1], -0.35);
+  EXPECT_EQ(state.CopDistx[1], 0);
+  EXPECT_EQ(dialog->Text4.Text(), "abc");
+  dialog->Text5.SetText("30");
+  EXPECT_TRUE(dialog->Text5.PerformKeyDown(13));
+  EXPECT_EQ(state.CopDisty[1], 30.0 / 10 / 2.54);
+  EXPECT_FALSE(dialog->form.Unloaded());
+  dialog->Text5.PerformKeyDown(27);
+  EXPECT_TRUE(dialog->form.Unloaded());
+}
+
+TEST_F(DialogEditing, AddedCoversTakeTheirSlotsOldShapeAndAPlaceOfAFixedSequence) {
+  for (int i = 0; i < 4; ++i) Press(dialog->Command4);
+  dialog->Option4.PerformClick();
+  Press(dialog->Command18);
+  EXPECT_TRUE(dialog->Option3.Value());
+  Press(dialog->Command17);
+  EXPECT_EQ(dialog->Label4.Caption(), "Ogg.05");
+  EXPECT_TRUE(dialog->Option4.Value());
+  EXPECT_EQ(dialog->Text1.Text(), "50");
+
+  // The next numbers of the run, also in the next window.
+  Press(dialog->OKButton);
+  Open();
+  Press(dialog->Command17);
+  Rnd fresh;
+  fresh.Next();
+  fresh.Next();
+  EXPECT_EQ(state.CopDistx[6], (std::floor(fresh.Next() * 30) + 25) / 2.54 / 10);
+  EXPECT_EQ(state.CopDisty[6], (std::floor(fresh.Next() * 30) + 155) / 2.54 / 10);
+}
+
+TEST_F(DialogEditing, HundredCoversAreTheLimitAndOneTheLeast) {
+  while (state.NumCopertine < 100) dialog->Command17.PerformClick();
+  EXPECT_EQ(dialog->Label4.Caption(), "Ogg.00");
+  Type(dialog->Text1, "77.25");
+  dialog->Text1.SetText("abc");
+  Press(dialog->Command5);
+  EXPECT_TRUE(FileHas("a", "Larg100=77.25")) << "cover 100 comes from the tables";
+  Press(dialog->Command17);
+  EXPECT_EQ(LastBox(), "È stato raggiunto il numero massimo di 100 copertine.");
+  while (state.NumCopertine > 1) dialog->Command18.PerformClick();
+  Press(dialog->Command18);
+  EXPECT_EQ(LastBox(), "Il layout di un file di copertine deve contenerne almeno una.");
+  EXPECT_EQ(state.NumCopertine, 1);
+}
+
+TEST_F(DialogEditing, RemovingMovesTheOthersUpAndShowsTheFirst) {
+  Press(dialog->Command4);
+  Press(dialog->Command4);
+  Press(dialog->Command18);
+  EXPECT_EQ(dialog->Label4.Caption(), "Ogg.01");
+  EXPECT_EQ(state.NumCopertine, 4);
+  EXPECT_EQ(state.CopLarg[2], 5.1);
+  EXPECT_EQ(state.CopLarg[3], 5.3);
+  EXPECT_EQ(state.CopLarg[4], 5.4);
+  EXPECT_EQ(state.CopLarg[5], 5.4);
+}
+
+}  // namespace
+}  // namespace Morvane
