@@ -1,0 +1,149 @@
+#include "platform/qt/button_views.h"
+
+#include <QStyleOptionButton>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
+#include <algorithm>
+
+#include "platform/qt/artwork.h"
+#include "platform/qt/view_text.h"
+
+namespace Morvane {
+namespace {
+
+constexpr int kLargestButtonIcon = 32;
+constexpr int kButtonMargin = 3;
+constexpr int kIndicatorGap = 4;
+constexpr int kWrapped = Qt::TextWordWrap | Qt::TextShowMnemonic;
+
+void DrawCaption(QStylePainter& painter, const QRect& room, int alignment, const QStyleOptionButton& option,
+                 const QString& caption) {
+  painter.setFont(FittingFont(painter.font(), caption, room.size(), kWrapped));
+  painter.drawItemText(room, alignment | kWrapped, option.palette,
+                       option.state.testFlag(QStyle::State_Enabled), caption, QPalette::ButtonText);
+}
+
+void DrawFocus(QStylePainter& painter, const QStyleOptionButton& option, const QRect& around) {
+  if (!option.state.testFlag(QStyle::State_HasFocus)) return;
+  QStyleOptionFocusRect focus;
+  focus.QStyleOption::operator=(option);
+  focus.rect = around;
+  painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+}
+
+// The indicator at the left, the caption beside it, both centred in height.
+void DrawChoice(QStylePainter& painter, QStyleOptionButton& option, QStyle::PrimitiveElement indicator,
+                QStyle::PixelMetric metric, const QString& caption) {
+  const QRect whole = option.rect;
+  const int side = painter.style()->pixelMetric(metric, &option);
+  option.rect = QRect(0, (whole.height() - side) / 2, side, side);
+  painter.drawPrimitive(indicator, option);
+  const QRect room = whole.adjusted(side + kIndicatorGap, 0, 0, 0);
+  DrawCaption(painter, room, Qt::AlignLeft | Qt::AlignVCenter, option, caption);
+  DrawFocus(painter, option, room);
+}
+
+void MirrorCaption(QAbstractButton& button, const Control& model) {
+  const QString caption = QString::fromStdString(model.Caption());
+  if (button.text() != caption) button.setText(caption);
+}
+
+}  // namespace
+
+void WrappedButton::paintEvent(QPaintEvent*) {
+  QStylePainter painter(this);
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  option.text.clear();
+  option.icon = {};
+  painter.drawControl(QStyle::CE_PushButtonBevel, option);
+  QRect room = rect().adjusted(kButtonMargin, kButtonMargin, -kButtonMargin, -kButtonMargin);
+  DrawFocus(painter, option, room);
+  if (!icon().isNull()) {
+    const int lineHeight = text().isEmpty() ? 0 : fontMetrics().height();
+    const int side = std::min({kLargestButtonIcon, room.width(), room.height() - lineHeight});
+    const QRect place(room.center().x() - side / 2,
+                      room.top() + (lineHeight > 0 ? 1 : (room.height() - side) / 2), side, side);
+    icon().paint(&painter, place, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+    room.setTop(place.bottom() + 1);
+  }
+  DrawCaption(painter, room, Qt::AlignCenter, option, text());
+}
+
+CommandButtonView::CommandButtonView(CommandButton& model, QWidget& parent, const ViewContext& context)
+    : ControlView(model, context), model_(model), button_(&parent) {
+  // An access key or the default button gets here without a click: the control that had the focus loses it
+  // first all the same, so that what was typed there counts.
+  connect(&button_, &QPushButton::clicked, this, [this] {
+    Feed([this] {
+      model_.SetFocus();
+      model_.PerformClick();
+    });
+  });
+}
+
+void CommandButtonView::MirrorAppearance() {
+  ControlView::MirrorAppearance();
+  MirrorCaption(button_, model_);
+  button_.setIcon(ArtworkIcon(model_.ImageKey()));
+  button_.setDefault(model_.IsDefault());
+}
+
+void WrappedCheckBox::paintEvent(QPaintEvent*) {
+  QStylePainter painter(this);
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  DrawChoice(painter, option, QStyle::PE_IndicatorCheckBox, QStyle::PM_IndicatorWidth, text());
+}
+
+void WrappedRadioButton::paintEvent(QPaintEvent*) {
+  QStylePainter painter(this);
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  DrawChoice(painter, option, QStyle::PE_IndicatorRadioButton, QStyle::PM_ExclusiveIndicatorWidth, text());
+}
+
+CheckBoxView::CheckBoxView(CheckBox& model, QWidget& parent, const ViewContext& context)
+    : ControlView(model, context), model_(model), box_(&parent) {
+  connect(&box_, &QCheckBox::clicked, this, [this] {
+    Feed([this] {
+      model_.SetFocus();
+      model_.PerformClick();
+    });
+    MirrorSelection();
+  });
+}
+
+void CheckBoxView::MirrorAppearance() {
+  ControlView::MirrorAppearance();
+  MirrorCaption(box_, model_);
+}
+
+void CheckBoxView::MirrorSelection() {
+  box_.setChecked(model_.Value() != 0);
+}
+
+OptionButtonView::OptionButtonView(OptionButton& model, QWidget& parent, const ViewContext& context)
+    : ControlView(model, context), model_(model), button_(&parent) {
+  connect(&button_, &QRadioButton::clicked, this, [this] {
+    Feed([this] {
+      model_.SetFocus();
+      model_.PerformClick();
+    });
+    MirrorSelection();
+  });
+}
+
+void OptionButtonView::MirrorAppearance() {
+  ControlView::MirrorAppearance();
+  MirrorCaption(button_, model_);
+}
+
+// The toolkit refuses to clear the last option of a group; the program may.
+void OptionButtonView::MirrorSelection() {
+  button_.setAutoExclusive(false);
+  button_.setChecked(model_.Value());
+  button_.setAutoExclusive(true);
+}
+
+}  // namespace Morvane

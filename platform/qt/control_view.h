@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QObject>
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+#include "platform/controls/control.h"
+#include "platform/controls/window_system.h"
+
+namespace Morvane {
+
+class PictureCache;
+
+// What every view needs: where the user's actions go, and the decoded pictures.
+struct ViewContext {
+  WindowSystem& windows;
+  PictureCache& pictures;
+};
+
+// Mirrors one control to a widget, and feeds what the user does back to it. The destructor leaves the control
+// alone: it may be gone before its view.
+class ControlView : public QObject {
+ public:
+  ControlView(Control& model, const ViewContext& context) : model_(model), context_(context) {}
+
+  // Null for a control that is not seen.
+  virtual QWidget* Widget() = 0;
+  // What the Tab key stops at, in order.
+  virtual std::vector<QWidget*> FocusStops() { return {Widget()}; }
+
+  // Shows the control as it is and follows its changes. Called once, after construction.
+  void Attach();
+
+ protected:
+  virtual void MirrorGeometry();
+  virtual void MirrorAppearance();
+  virtual void MirrorContent() {}
+  virtual void MirrorSelection() {}
+  virtual void MirrorDrawing() {}
+
+  // What came from the user through the widget. True takes the event away from the widget.
+  virtual bool KeyPressed(const QKeyEvent& event);
+  virtual bool MousePressed(QWidget& part, const QMouseEvent& event);
+  virtual bool MouseReleased(QWidget& part, const QMouseEvent& event);
+
+  // Reports mouse and focus of a part of the widget too.
+  void Watch(QWidget& part);
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+  // Runs an action of the user under the program's guard; nothing while the widget only follows the control.
+  void Feed(const std::function<void()>& action);
+  const ViewContext& Context() const { return context_; }
+  Control& Model() const { return model_; }
+
+ private:
+  void Mirror(ViewChange change);
+  void MirrorPalette(QWidget& widget) const;
+  void MouseMoved(QWidget& part, const QMouseEvent& event);
+
+  Control& model_;
+  ViewContext context_;
+  bool mirroring_ = false;
+  bool pressed_ = false;
+};
+
+}  // namespace Morvane

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QPixmap>
+#include <QWidget>
+
+#include "platform/controls/picture_box.h"
+#include "platform/qt/control_view.h"
+
+namespace Morvane {
+
+// What is drawn on the box is painted once and kept, so that a box that moves within another does not paint
+// its content anew.
+class PictureBoxView : public ControlView {
+ public:
+  PictureBoxView(PictureBox& model, QWidget& parent, const ViewContext& context);
+
+  QWidget* Widget() override { return &widget_; }
+
+ protected:
+  void MirrorAppearance() override;
+  void MirrorDrawing() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Paint();
+  void Draw(QPainter& painter);
+  bool CanKeep() const;
+
+  PictureBox& model_;
+  QWidget widget_;
+  QPixmap kept_;
+};
+
+}  // namespace Morvane
