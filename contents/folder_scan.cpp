@@ -58,6 +58,7 @@ class FolderScan {
     // Every sub-folder is listed twice at each level. This is meant. The second time finds what the first one
     // found, so no limit is passed in it: the first time would have ended the scan there.
     block.RepeatSubFolders();
+    if (!entries.folders.empty()) platform_.screen.SetMousePointer(MousePointer::Default);
     ListFiles(std::move(entries.files), block);
   }
 
