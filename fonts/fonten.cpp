@@ -42,7 +42,7 @@ constexpr const char* kNotAvailable =
 
 }  // namespace
 
-FONTEN::FONTEN(AppState& state, Platform& platform) : form(kWindow), state_(state), platform_(platform) {
+fONTEN::fONTEN(AppState& state, Platform& platform) : form(kWindow), state_(state), platform_(platform) {
   form.LayOut(kControls);
   LstFonts.SetSorted(true);
   LstFonts.SetFont({.name = "MS Sans Serif", .size = 8});
@@ -59,7 +59,7 @@ FONTEN::FONTEN(AppState& state, Platform& platform) : form(kWindow), state_(stat
   cmdCancel.Click = [this] { form.Hide(); };
 }
 
-void FONTEN::Form_Load() {
+void fONTEN::Form_Load() {
   form.SetIconKey("morvane");
   form.Move((platform_.screen.Width - form.Width()) / 2, (platform_.screen.Height - form.Height()) / 2);
   ElencaFonts(LstFonts, platform_.fonts);
@@ -68,13 +68,13 @@ void FONTEN::Form_Load() {
 }
 
 // At each repaint, so that the list goes back to the font in use. This is meant.
-void FONTEN::Form_Paint() {
+void fONTEN::Form_Paint() {
   for (int i = 0; i < LstFonts.ListCount(); ++i) {
     if (LstFonts.List(i) == state_.ElencoFontName) return LstFonts.SetListIndex(i);
   }
 }
 
-void FONTEN::LstFonts_Click() {
+void fONTEN::LstFonts_Click() {
   TxtFontPreview.SetText(LstFonts.Text() + kSampleText);
   Font font = TxtFontPreview.GetFont();
   font.name = LstFonts.Text();
@@ -82,19 +82,19 @@ void FONTEN::LstFonts_Click() {
   TxtFontPreview.SetFont(font);
 }
 
-void FONTEN::Check3d1_Click() {
+void fONTEN::Check3d1_Click() {
   Font font = TxtFontPreview.GetFont();
   font.italic = Check3d1.Value() == 1;
   TxtFontPreview.SetFont(font);
 }
 
-void FONTEN::Check3d2_Click() {
+void fONTEN::Check3d2_Click() {
   Font font = TxtFontPreview.GetFont();
   font.bold = Check3d2.Value() == 1;
   TxtFontPreview.SetFont(font);
 }
 
-void FONTEN::cmdOK_Click() {
+void fONTEN::cmdOK_Click() {
   state_.ElencoFontName = LstFonts.Text();
   UsaInStampa();
   const bool italic = Check3d1.Value() == 1;
@@ -111,7 +111,7 @@ void FONTEN::cmdOK_Click() {
   form.Hide();
 }
 
-void FONTEN::UsaInStampa() {
+void fONTEN::UsaInStampa() {
   try {
     platform_.printer.SetFontName(state_.ElencoFontName);
   } catch (const RuntimeError&) {
@@ -119,7 +119,7 @@ void FONTEN::UsaInStampa() {
   }
 }
 
-void FONTEN::ScegliArial() {
+void fONTEN::ScegliArial() {
   platform_.windows.MsgBox(kNotAvailable);
   state_.ElencoFontName = kFallbackFont;
   platform_.printer.SetFontName(kFallbackFont);
@@ -128,7 +128,7 @@ void FONTEN::ScegliArial() {
   SetWindowFont(kFallbackFont, false, false);
 }
 
-void FONTEN::SetWindowFont(const std::string& family, bool italic, bool bold) {
+void fONTEN::SetWindowFont(const std::string& family, bool italic, bool bold) {
   Font font = form.GetFont();
   font.name = family;
   font.italic = italic;

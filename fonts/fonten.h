@@ -12,9 +12,9 @@ namespace Morvane {
 // The font chooser of the contents listing. OK leaves the choice in ElencoFontName, ElencoFontSize,
 // ElencoFontBold and ElencoFontItalic, and in the printer. Both buttons hide it, so that it comes back as it
 // was.
-class FONTEN {
+class fONTEN {
  public:
-  FONTEN(AppState& state, Platform& platform);
+  fONTEN(AppState& state, Platform& platform);
 
   Form form;
   Label Label2{form, "Label2"};
