@@ -51,9 +51,9 @@ class DrivesWithoutFolders : public LocalFileSystem {
 };
 
 TEST_F(PickerTest, EachTypeOfDriveHasItsTextAndImage) {
-  DrivesWithoutFolders drives(
-      machine.Root.Path(),
-      {{"B:", 6}, {"A:", 2}, {"D:", 3}, {"E:", 0}, {"F:", 4}, {"G:", 5}, {"H:", 1}, {"I:", 2}});
+  const DrivesWithoutFolders::Drives drivesByType = {{"B:", 6}, {"A:", 2}, {"D:", 3}, {"E:", 0},
+                                                     {"F:", 4}, {"G:", 5}, {"H:", 1}, {"I:", 2}};
+  DrivesWithoutFolders drives(machine.Root.Path(), drivesByType);
   TreeView& tree = window.tvwdirtree;
   EXPECT_EQ(BuildTree(tree, state, machine.TheScreen, drives, [] {}), "D:");
 

@@ -26,28 +26,26 @@ TEST(CleanText, BlanksLineBreaksInTheCallersOwnText) {
   EXPECT_EQ(text, " C:\\Foto  a  ");
 }
 
-struct Fit {
-  double width, height, twipsX, twipsY;
-  float fittedWidth, fittedHeight;
-};
-
-class PreviewFit : public ::testing::TestWithParam<Fit> {};
-
-TEST_P(PreviewFit, ReachesOneLimitAndKeepsProportions) {
-  const Fit& fit = GetParam();
-  const PreviewSize size = ScaleToPreview(fit.width, fit.height, fit.twipsX, fit.twipsY);
-  EXPECT_FLOAT_EQ(size.width, fit.fittedWidth);
-  EXPECT_FLOAT_EQ(size.height, fit.fittedHeight);
+TEST(Preview, ReachesOneLimitAndKeepsProportions) {
+  struct Case {
+    double width, height, twipsX, twipsY;
+    float fittedWidth, fittedHeight;
+  };
+  const Case cases[] = {
+      {15000, 7500, 15, 15, 3705, 1852.5F},
+      {1500, 1500, 15, 15, 2700, 2700},
+      {30000, 15, 15, 15, 3705, 1.8525F},
+      // Each limit goes by the other axis, in whole twips.
+      {100, 10000, 10, 20, 18, 1800},
+      {10000, 100, 10, 20, 4940, 49.4F},
+      {100, 100, 15.0139, 15, 2703, 2703},
+  };
+  for (const Case& picture : cases) {
+    const PreviewSize size = ScaleToPreview(picture.width, picture.height, picture.twipsX, picture.twipsY);
+    EXPECT_FLOAT_EQ(size.width, picture.fittedWidth);
+    EXPECT_FLOAT_EQ(size.height, picture.fittedHeight);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Pictures, PreviewFit,
-                         ::testing::Values(Fit{15000, 7500, 15, 15, 3705, 1852.5F},  //
-                                           Fit{1500, 1500, 15, 15, 2700, 2700},
-                                           Fit{30000, 15, 15, 15, 3705, 1.8525F},
-                                           // Each limit goes by the other axis, whole twips, halves to even.
-                                           Fit{100, 10000, 10, 20, 18, 1800},
-                                           Fit{10000, 100, 10, 20, 4940, 49.4F},
-                                           Fit{100, 100, 15.0139, 15, 2703, 2703}));
 
 class ImageListTest : public PickerTest {
  protected:
@@ -91,17 +89,7 @@ TEST_F(ImageListTest, SelectsTheNameConfirmedBeforeInAnyFolder) {
   EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\a.jpg");
 }
 
-TEST_F(ImageListTest, AFolderWithoutPicturesKeepsTheChosenOne) {
-  machine.WritePicture("C:\\Foto\\a.jpg", 100, 100);
-  List("C:\\Foto");
-  List("C:\\Manca");
-  EXPECT_THAT(Rows(), IsEmpty());
-  EXPECT_EQ(window.Label17.Caption(), "N. 0");
-  EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\a.jpg");
-  EXPECT_NE(window.Image1.GetPicture(), nullptr);
-}
-
-TEST_F(ImageListTest, AFileThatCannotBeDecodedKeepsThePictureBefore) {
+TEST_F(ImageListTest, WithoutANewPictureThePreviewKeepsTheOneBefore) {
   machine.WritePicture("C:\\Foto\\a.jpg", 15000, 7500);
   machine.WriteFile("C:\\Foto\\b.jpg", "rovinata");
   List("C:\\Foto");
@@ -110,6 +98,12 @@ TEST_F(ImageListTest, AFileThatCannotBeDecodedKeepsThePictureBefore) {
   EXPECT_EQ(window.Image1.GetPicture(), before);
   EXPECT_FLOAT_EQ(static_cast<float>(window.Image1.Height()), 1852.5F);
   EXPECT_TRUE(window.Image1.Visible());
+  EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\b.jpg");
+
+  List("C:\\Manca");
+  EXPECT_THAT(Rows(), IsEmpty());
+  EXPECT_EQ(window.Label17.Caption(), "N. 0");
+  EXPECT_EQ(window.Image1.GetPicture(), before);
   EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\b.jpg");
 }
 
@@ -122,12 +116,6 @@ TEST_F(ImageListTest, RowsEndAt9999AndTheCountGoesOn) {
   EXPECT_EQ(window.Label17.Caption(), "N. 12000");
   EXPECT_EQ(state.ListaImmagini[0], "");
   EXPECT_NE(state.ListaImmagini[9999], "");
-}
-
-TEST_F(ImageListTest, AnEmptyPathListsTheRootOfTheCurrentDrive) {
-  machine.WritePicture("C:\\radice.jpg", 100, 100);
-  List("");
-  EXPECT_EQ(state.ImmagineScelta, "\\radice.jpg");
 }
 
 }  // namespace
