@@ -3,8 +3,9 @@
 namespace Morvane {
 namespace {
 
-constexpr qint64 kMostPixels = qint64{128} << 20;
-constexpr qint64 kMostPixelsInScans = qint64{2048} << 20;
+constexpr qint64 kMostPixels = qint64{64} << 20;
+constexpr qint64 kMostJpegPixels = qint64{128} << 20;  // decoded in eighths, so they cost less
+constexpr qint64 kMostPixelsInScans = qint64{1024} << 20;
 
 // The start of a scan is the byte pair FF DA, which cannot stand within the data of one.
 qsizetype ScansOf(const QByteArray& jpeg) {
@@ -15,8 +16,8 @@ qsizetype ScansOf(const QByteArray& jpeg) {
 
 bool CostsTooMuch(const QByteArray& bytes, const QByteArray& format, QSize size) {
   const qint64 pixels = qint64{size.width()} * size.height();
-  if (pixels > kMostPixels) return true;
-  return (format == "jpeg" || format == "jpg") && pixels * ScansOf(bytes) > kMostPixelsInScans;
+  if (format != "jpeg" && format != "jpg") return pixels > kMostPixels;
+  return pixels > kMostJpegPixels || pixels * ScansOf(bytes) > kMostPixelsInScans;
 }
 
 }  // namespace Morvane

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+#include "platform/drawing/printer_device.h"
+
+namespace Morvane {
+
+// Writes a drawing as a PDF file of one sheet without margins, at true scale. `sheet` is the sheet in
+// portrait; `nativePath` is replaced as a whole or not at all. RuntimeError PrinterFailure when it cannot be
+// written.
+void WritePdf(const std::string& nativePath, const DrawingList& drawing, PageOrientation orientation,
+              SheetSize sheet, const std::string& title);
+
+}  // namespace Morvane

@@ -1,0 +1,169 @@
+#include "platform/qt/qt_printer_device.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QStandardPaths>
+
+#include "platform/qt/drawing_painter.h"
+#include "platform/qt/pdf_file_writer.h"
+#include "platform/qt/pdf_printer_dialog.h"
+#include "platform/qt/qt_picture.h"
+#include "platform/qt/spooler.h"
+#include "platform/runtime_error.h"
+#include "platform/units.h"
+
+namespace Morvane {
+namespace {
+
+constexpr SheetSize kA4 = {210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre};
+
+RuntimeError Failure(const QString& text) {
+  return RuntimeError(ErrorNumber::PrinterFailure, text.toStdString());
+}
+
+// A file of the folder that isn't there yet, named after the job and numbered from the second on.
+QString FreePdfPath(const QString& folder, const std::string& title) {
+  QString name = QString::fromStdString(title).simplified();
+  name.replace('/', '-');
+  while (name.startsWith('.')) name.remove(0, 1);
+  if (name.isEmpty()) name = "Morvane";
+  const QString stem = folder + '/' + name;
+  QString path = stem + ".pdf";
+  for (int number = 1; QFileInfo(path).exists() || QFileInfo(path).isSymLink(); ++number) {
+    path = stem + ' ' + QString::number(number) + ".pdf";
+  }
+  return path;
+}
+
+// Puts the origin at the corner of the printable area and makes a unit a twip. The sheet always goes to the
+// spooler in portrait with the drawing turned on it: which way a spooler turns a landscape sheet, and so
+// which margins meet its corner, differs from queue to queue.
+void PlaceOnSheet(QPainter& painter, QPrinter& printer, PageOrientation orientation) {
+  const QPageLayout layout = printer.pageLayout();
+  const QMarginsF points = layout.minimumMargins();
+  painter.scale(printer.logicalDpiX() / kTwipsPerInch, printer.logicalDpiY() / kTwipsPerInch);
+  if (orientation == PageOrientation::Portrait) {
+    painter.translate(points.left() * kTwipsPerPoint, points.top() * kTwipsPerPoint);
+    return;
+  }
+  const double height = layout.pageSize().size(QPageSize::Millimeter).height() * kTwipsPerMillimetre;
+  painter.translate(points.left() * kTwipsPerPoint, height - points.bottom() * kTwipsPerPoint);
+  painter.rotate(-90);
+}
+
+}  // namespace
+
+QtPrinterDevice::QtPrinterDevice()
+    : sheet_(kA4), pdfFolder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) {}
+
+QtPrinterDevice::~QtPrinterDevice() = default;
+
+bool QtPrinterDevice::HasPrinter() {
+  if (QPrinterInfo::availablePrinterNames().isEmpty()) {
+    printer_.reset();
+  } else if (!printer_) {
+    printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer_->setFullPage(true);
+  }
+  return printer_ != nullptr;
+}
+
+void QtPrinterDevice::Prepare() {
+  HasPrinter();
+  ReadSheet();
+}
+
+void QtPrinterDevice::SelectPrinter(const std::string& name) {
+  const QString wanted = QString::fromStdString(name);
+  if (!HasPrinter() || !QPrinterInfo::availablePrinterNames().contains(wanted)) {
+    throw Failure("La stampante '" + wanted + "' non esiste.");
+  }
+  printer_->setPrinterName(wanted);
+  printer_->setFullPage(true);
+  ReadSheet();
+}
+
+void QtPrinterDevice::ReadSheet() {
+  SheetSize sheet = kA4;
+  if (printer_) {
+    const QSizeF mm = printer_->pageLayout().pageSize().size(QPageSize::Millimeter);
+    if (!mm.isEmpty()) sheet = {mm.width() * kTwipsPerMillimetre, mm.height() * kTwipsPerMillimetre};
+  }
+  const bool changed = sheet.widthTwips != sheet_.widthTwips || sheet.heightTwips != sheet_.heightTwips;
+  sheet_ = sheet;
+  if (changed && OnSheetChanged) OnSheetChanged();
+}
+
+PrintDialogAnswer QtPrinterDevice::ShowDialog(const PrintDialogRequest& request,
+                                              PageOrientation& orientation) {
+  const PrintDialogAnswer answer = HasPrinter() ? ShowPrinterDialog(request, orientation) : ShowPdfDialog();
+  ReadSheet();
+  return answer;
+}
+
+PrintDialogAnswer QtPrinterDevice::ShowPrinterDialog(const PrintDialogRequest& request,
+                                                     PageOrientation& orientation) {
+  const bool landscape = orientation == PageOrientation::Landscape;
+  printer_->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+  QPrintDialog dialog(printer_.get(), QApplication::activeWindow());
+  dialog.setOption(QAbstractPrintDialog::PrintToFile, false);
+  dialog.setOption(QAbstractPrintDialog::PrintCollateCopies, false);
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange, !request.restricted);
+  dialog.setOption(QAbstractPrintDialog::PrintSelection, !request.restricted);
+  PrintDialogAnswer answer;
+  answer.accepted = dialog.exec() == QDialog::Accepted;
+  if (answer.accepted) {
+    answer.copies = printer_->copyCount();
+    const bool chosen = printer_->pageLayout().orientation() == QPageLayout::Landscape;
+    orientation = chosen ? PageOrientation::Landscape : PageOrientation::Portrait;
+  }
+  printer_->setCopyCount(1);
+  printer_->setPageOrientation(QPageLayout::Portrait);
+  return answer;
+}
+
+PrintDialogAnswer QtPrinterDevice::ShowPdfDialog() {
+  PdfPrinterDialog dialog(pdfFolder_, QApplication::activeWindow());
+  if (dialog.exec() != QDialog::Accepted) return {};
+  pdfFolder_ = dialog.Folder();
+  return {true, dialog.Copies()};
+}
+
+void QtPrinterDevice::SendPage(const DrawingList& page, PageOrientation orientation,
+                               const std::string& title) {
+  if (printer_ || HasPrinter()) {
+    PrintPage(page, orientation, title);
+    return;
+  }
+  QDir().mkpath(pdfFolder_);
+  WritePdf(FreePdfPath(pdfFolder_, title).toStdString(), page, orientation, kA4, title);
+}
+
+void QtPrinterDevice::PrintPage(const DrawingList& page, PageOrientation orientation,
+                                const std::string& title) {
+  printer_->setDocName(QString::fromStdString(title));
+  printer_->setCopyCount(1);
+  printer_->setFullPage(true);
+  printer_->setPageOrientation(QPageLayout::Portrait);
+  KeepTrueScale(*printer_);
+  QPainter painter;
+  if (!painter.begin(printer_.get())) {
+    throw Failure("La stampante '" + printer_->printerName() + "' non risponde.");
+  }
+  PlaceOnSheet(painter, *printer_, orientation);
+  PictureCache cache;
+  PaintDrawing(painter, page, cache);
+  if (!painter.end() || printer_->printerState() == QPrinter::Error) {
+    throw Failure("La stampante '" + printer_->printerName() + "' ha interrotto il lavoro.");
+  }
+  const QString failure = LastSpoolerFailure();
+  if (failure.isEmpty()) return;
+  throw Failure("La stampante '" + printer_->printerName() + "' ha rifiutato il lavoro: " + failure);
+}
+
+}  // namespace Morvane

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QStringList>
+
+class QPrinter;
+
+namespace Morvane {
+
+// Sees to it that the spooler prints the sheet as it is: neither fitted to the paper nor filling it. Other
+// options that the user chose stay.
+void KeepTrueScale(QPrinter& printer);
+
+// What the spooler answered to the last job that this thread sent; empty when it took the job. The toolkit
+// itself doesn't tell.
+QString LastSpoolerFailure();
+
+}  // namespace Morvane
