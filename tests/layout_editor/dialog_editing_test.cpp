@@ -98,17 +98,5 @@ TEST_F(DialogEditing, HundredCoversAreTheLimitAndOneTheLeast) {
   EXPECT_EQ(state.NumCopertine, 1);
 }
 
-TEST_F(DialogEditing, RemovingMovesTheOthersUpAndShowsTheFirst) {
-  Press(dialog->Command4);
-  Press(dialog->Command4);
-  Press(dialog->Command18);
-  EXPECT_EQ(dialog->Label4.Caption(), "Ogg.01");
-  EXPECT_EQ(state.NumCopertine, 4);
-  EXPECT_EQ(state.CopLarg[2], 5.1);
-  EXPECT_EQ(state.CopLarg[3], 5.3);
-  EXPECT_EQ(state.CopLarg[4], 5.4);
-  EXPECT_EQ(state.CopLarg[5], 5.4);
-}
-
 }  // namespace
 }  // namespace Morvane

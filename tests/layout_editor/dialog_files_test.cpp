@@ -60,19 +60,18 @@ TEST_F(DialogFiles, SaveAsKeepsTheSelectionAndRenamePromptsForTheOtherFile) {
   EXPECT_TRUE(FileHas("z", "Larg2=51"));
 }
 
-TEST_F(DialogFiles, CancellingLeavesEverything) {
+TEST_F(DialogFiles, CancellingLeavesEverythingButTheFlagThatRenameHasCleared) {
   Type(dialog->Text1, "9");
-  Press(dialog->Command2, "");
-  Press(dialog->Command16, "");
-  machine.Windows.Answers = {MsgBoxAnswer::Cancel};
-  Press(dialog->Command2, "b");
+  machine.Windows.Inputs = {"", "b"};
+  Press(dialog->Command16);
+  Press(dialog->Command2, MsgBoxAnswer::Cancel);
   Press(dialog->Command1, MsgBoxAnswer::Cancel);
   EXPECT_EQ(state.NumCopertine, 2);
   EXPECT_EQ(state.NomeLayout, "a");
   EXPECT_EQ(state.LayoutModificato, -1);
   machine.Windows.Answers = {MsgBoxAnswer::Yes};
   Press(dialog->Command14, "");
-  EXPECT_EQ(state.LayoutModificato, 0) << "cleared before the name is asked for";
+  EXPECT_EQ(state.LayoutModificato, 0);
   EXPECT_TRUE(FileHas("a", "Larg1=50"));
 }
 
