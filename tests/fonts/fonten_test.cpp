@@ -41,10 +41,13 @@ TEST_F(FontChooser, RepaintGoesBackToTheFontInUse) {
   EXPECT_EQ(window.TxtFontPreview.Text(), "Tahoma - aAbB 123 zZ");
 }
 
-TEST_F(FontChooser, NameInAnotherCaseSelectsNothing) {
+TEST_F(FontChooser, NameInAnotherCaseSelectsNothingAndOkThenTakesArial) {
   Select("arial");
   EXPECT_EQ(window.LstFonts.ListIndex(), -1);
   EXPECT_EQ(window.TxtFontPreview.Text(), "");
+  Ok();
+  EXPECT_EQ(machine.Windows.Boxes.size(), 1U);
+  EXPECT_EQ(state.ElencoFontName, "Arial");
 }
 
 TEST_F(FontChooser, SampleStaysAtTwentyAndFollowsTheBoxes) {
@@ -104,12 +107,6 @@ TEST_F(FontChooser, FamilyThatCannotPrintBecomesArialAndKeepsTheBoxes) {
   EXPECT_TRUE(machine.ThePrinter.Surface().GetFont().bold);
   EXPECT_EQ(window.form.GetFont().name, "Arial");
   EXPECT_FALSE(window.form.Visible());
-}
-
-TEST_F(FontChooser, NoSelectionTakesTheSamePath) {
-  Ok();
-  EXPECT_EQ(machine.Windows.Boxes.size(), 1U);
-  EXPECT_EQ(state.ElencoFontName, "Arial");
 }
 
 TEST_F(FontChooser, WithoutArialTheFailureIsToldAndTheWindowStays) {
