@@ -11,6 +11,7 @@
 namespace Morvane {
 namespace {
 
+constexpr int kSmallestButtonIcon = 16;
 constexpr int kLargestButtonIcon = 32;
 constexpr int kButtonMargin = 3;
 constexpr int kIndicatorGap = 4;
@@ -57,17 +58,22 @@ void WrappedButton::paintEvent(QPaintEvent*) {
   option.text.clear();
   option.icon = {};
   painter.drawControl(QStyle::CE_PushButtonBevel, option);
-  QRect room = rect().adjusted(kButtonMargin, kButtonMargin, -kButtonMargin, -kButtonMargin);
+  const QRect room = rect().adjusted(kButtonMargin, kButtonMargin, -kButtonMargin, -kButtonMargin);
   DrawFocus(painter, option, room);
-  if (!icon().isNull()) {
-    const int lineHeight = text().isEmpty() ? 0 : fontMetrics().height();
-    const int side = std::min({kLargestButtonIcon, room.width(), room.height() - lineHeight});
-    const QRect place(room.center().x() - side / 2,
-                      room.top() + (lineHeight > 0 ? 1 : (room.height() - side) / 2), side, side);
-    icon().paint(&painter, place, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
-    room.setTop(place.bottom() + 1);
-  }
-  DrawCaption(painter, room, Qt::AlignCenter, option, text());
+  DrawCaption(painter, DrawIcon(painter, room), Qt::AlignCenter, option, text());
+}
+
+// The picture takes what the caption leaves; the result is the room for the caption.
+QRect WrappedButton::DrawIcon(QPainter& painter, const QRect& room) const {
+  if (icon().isNull()) return room;
+  const QFont captionFont =
+      FittingFont(font(), text(), room.size() - QSize(0, kSmallestButtonIcon), kWrapped);
+  const int captionHeight = QFontMetrics(captionFont).boundingRect(room, kWrapped, text()).height();
+  const int side = std::clamp(room.height() - captionHeight, kSmallestButtonIcon, kLargestButtonIcon);
+  const int top = room.top() + std::max(0, room.height() - captionHeight - side) / 2;
+  icon().paint(&painter, {room.center().x() - side / 2, top, side, side}, Qt::AlignCenter,
+               isEnabled() ? QIcon::Normal : QIcon::Disabled);
+  return room.adjusted(0, top + side - room.top(), 0, 0);
 }
 
 CommandButtonView::CommandButtonView(CommandButton& model, QWidget& parent, const ViewContext& context)

@@ -16,6 +16,9 @@ class WrappedButton : public QPushButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QRect DrawIcon(QPainter& painter, const QRect& room) const;
 };
 
 class CommandButtonView : public ControlView {

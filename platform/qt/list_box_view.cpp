@@ -37,21 +37,27 @@ ListBoxView::ListBoxView(ListBox& model, QWidget& parent, const ViewContext& con
   refresh_.setInterval(0);
   connect(&refresh_, &QTimer::timeout, this, [this] { MirrorSelection(); });
   connect(list_.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { FollowUser(); });
-  connect(&list_, &QListView::doubleClicked, this, [this] { Feed([this] { model_.PerformDblClick(); }); });
   Watch(*list_.viewport());
 }
 
+void ListBoxView::MirrorContent() {
+  stale_ = true;
+  refresh_.start();
+}
+
 void ListBoxView::Refresh() {
-  refresh_.stop();
+  stale_ = false;
   const int scrolled = list_.verticalScrollBar()->value();
   rows_.Refresh();
   list_.doItemsLayout();
   list_.verticalScrollBar()->setValue(scrolled);
 }
 
+// The toolkit is in the middle of the user's selection while its handler runs: rows change after that.
 void ListBoxView::MirrorSelection() {
+  if (userSelects_) return;
   const QScopedValueRollback<bool> following(following_, true);
-  if (refresh_.isActive() || rows_.rowCount() != model_.ListCount()) Refresh();
+  if (stale_) Refresh();
   const QModelIndex selected = rows_.index(model_.ListIndex());
   if (selected.isValid()) {
     list_.setCurrentIndex(selected);
@@ -65,7 +71,11 @@ void ListBoxView::MirrorSelection() {
 void ListBoxView::FollowUser() {
   const QModelIndexList selected = list_.selectionModel()->selectedIndexes();
   if (following_ || selected.isEmpty()) return;
-  Feed([&] { model_.UserSelects(selected.front().row()); });
+  {
+    const QScopedValueRollback<bool> selecting(userSelects_, true);
+    Feed([&] { model_.UserSelects(selected.front().row()); });
+  }
+  refresh_.start();
 }
 
 bool ListBoxView::KeyPressed(const QKeyEvent& event) {
@@ -82,7 +92,12 @@ bool ListBoxView::KeyPressed(const QKeyEvent& event) {
 // Only the left button selects.
 bool ListBoxView::MousePressed(QWidget& part, const QMouseEvent& event) {
   ControlView::MousePressed(part, event);
-  return event.button() != Qt::LeftButton;
+  if (event.button() != Qt::LeftButton) return true;
+  const QModelIndex row = list_.indexAt(event.position().toPoint());
+  if (event.type() != QEvent::MouseButtonDblClick || !row.isValid() || row != list_.currentIndex())
+    return false;
+  Feed([this] { model_.PerformDblClick(); });
+  return true;
 }
 
 bool ListBoxView::eventFilter(QObject* watched, QEvent* event) {

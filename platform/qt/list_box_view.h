@@ -31,7 +31,7 @@ class ListBoxView : public ControlView {
   QWidget* Widget() override { return &list_; }
 
  protected:
-  void MirrorContent() override { refresh_.start(); }
+  void MirrorContent() override;
   void MirrorSelection() override;
   bool KeyPressed(const QKeyEvent& event) override;
   bool MousePressed(QWidget& part, const QMouseEvent& event) override;
@@ -46,7 +46,9 @@ class ListBoxView : public ControlView {
   ListRows rows_;
   QListView list_;
   QTimer refresh_;
+  bool stale_ = false;
   bool following_ = false;
+  bool userSelects_ = false;
 };
 
 }  // namespace Morvane

@@ -12,8 +12,8 @@
 namespace Morvane {
 namespace {
 
-constexpr int kCaptionIndent = 8;
-constexpr int kCaptionGap = 3;
+constexpr int kCaptionIndent = 4;
+constexpr int kCaptionGap = 2;
 
 }  // namespace
 

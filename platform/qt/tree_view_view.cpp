@@ -88,17 +88,20 @@ TreeViewView::TreeViewView(TreeView& model, QWidget& parent, const ViewContext& 
 }
 
 void TreeViewView::MirrorContent() {
-  if (model_.Redraw()) refresh_.start();
+  if (!model_.Redraw()) return;
+  stale_ = true;
+  refresh_.start();
 }
 
 void TreeViewView::Refresh() {
-  refresh_.stop();
+  stale_ = false;
+  nodesShown_ = model_.NodeCount();
   nodes_.Refresh();
 }
 
 void TreeViewView::MirrorSelection() {
   const QScopedValueRollback<bool> following(following_, true);
-  if (refresh_.isActive() || !model_.Redraw()) Refresh();
+  if (stale_ || nodesShown_ != model_.NodeCount()) Refresh();
   MirrorOpenNodes(model_.Roots());
   const QModelIndex selected = nodes_.IndexOf(model_.Selected());
   if (selected != tree_.currentIndex()) tree_.setCurrentIndex(selected);

@@ -61,6 +61,8 @@ class TreeViewView : public ControlView {
   QTreeView tree_;
   QTimer refresh_;
   std::set<const TreeNode*> open_;
+  int nodesShown_ = 0;
+  bool stale_ = false;
   bool following_ = false;
   bool mouseDown_ = false;
 };

@@ -1,0 +1,223 @@
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+
+#include "platform/runtime_error.h"
+#include "view_fixture.h"
+
+namespace Morvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+QMessageBox* OpenBox() {
+  return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+}
+
+void PressInBox(const QString& caption) {
+  for (QAbstractButton* const button : OpenBox()->buttons()) {
+    if (button->text().remove('&') == caption) return button->click();
+  }
+  ADD_FAILURE() << "no button " << caption.toStdString();
+}
+
+QWidget& WindowOf(const std::string& name) {
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->objectName().toStdString() == name) return *window;
+  }
+  throw std::logic_error("no window " + name);
+}
+
+using FormViewTest = ViewTest;
+
+TEST_F(FormViewTest, ShowsTheClientAreaInPixelsOf15Twips) {
+  Label label(form, "Label1");
+  Show();
+  EXPECT_EQ(Widget<QWidget>("Label1").parentWidget()->size(), QSize(400, 300));
+  EXPECT_EQ(WindowOf("Form1").size(), QSize(400, 300));
+  EXPECT_EQ(WindowOf("Form1").windowTitle(), "Prova");
+}
+
+TEST_F(FormViewTest, FiresActivateOnceAndPaintWhenItAppears) {
+  Label label(form, "Label1");
+  form.Activate = Log("Activate");
+  form.Paint = Log("Paint");
+  Show();
+  label.SetCaption("altro");
+  QApplication::processEvents();
+  EXPECT_THAT(log, ElementsAre("Activate", "Paint"));
+}
+
+TEST_F(FormViewTest, ResizableWindowTellsItsSizeOnceAndTakesOneFromCode) {
+  Form wide({.name = "Wide",
+             .caption = "Larga",
+             .clientWidth = 3000,
+             .clientHeight = 3000,
+             .frameHeight = 600,
+             .resizable = true});
+  Label label(wide, "Label1");
+  windows.ShowMain(wide);
+  QApplication::processEvents();
+  wide.Resize = Log("Resize");
+  WindowOf("Wide").resize(300, 250);
+  QApplication::processEvents();
+  EXPECT_THAT(log, ElementsAre("Resize"));
+  EXPECT_EQ(wide.ClientWidth(), 4500);
+  EXPECT_EQ(wide.Height(), 250 * 15 + 600);
+  wide.SetSize(3000, 3600);
+  QApplication::processEvents();
+  EXPECT_EQ(log.size(), 2U);
+  EXPECT_EQ(WindowOf("Wide").size(), QSize(200, 200));
+}
+
+TEST_F(FormViewTest, MenuRunsItsEntryAndFollowsEnabled) {
+  form.MenuBar = {{"menuf", "&File", "", nullptr, {{"menuesci", "&Esci", "Ctrl+E", Log("Esci")}}}};
+  Label label(form, "Label1");
+  Show();
+  QAction& action = Widget<QAction>("menuesci");
+  EXPECT_EQ(action.shortcut(), QKeySequence("Ctrl+E"));
+  action.trigger();
+  form.SetMenuEnabled("menuesci", false);
+  EXPECT_FALSE(action.isEnabled());
+  action.trigger();
+  EXPECT_THAT(log, ElementsAre("Esci"));
+}
+
+TEST_F(FormViewTest, EnterAndEscPressTheDefaultAndCancelButtonsAfterTheTextIsLeft) {
+  TextBox text(form, "Text1");
+  CommandButton ok(form, "OK"), cancel(form, "Annulla");
+  ok.SetDefault(true);
+  cancel.SetCancel(true);
+  text.LostFocus = Log("LostFocus");
+  ok.Click = Log("OK");
+  cancel.Click = Log("Annulla");
+  Show();
+  text.SetFocus();
+  QTest::keyClick(&Widget<QLineEdit>("Text1"), Qt::Key_Return);
+  EXPECT_THAT(log, ElementsAre("LostFocus", "OK"));
+  QTest::keyClick(&Widget<QPushButton>("OK"), Qt::Key_Escape);
+  EXPECT_THAT(log, ElementsAre("LostFocus", "OK", "Annulla"));
+}
+
+TEST_F(FormViewTest, TabGoesThroughTheControlsInTheirOrderIntoContainersToo) {
+  CommandButton first(form, "First");
+  Frame frame(form, "Frame1");
+  CommandButton inner(frame, "Inner");
+  CommandButton last(form, "Last");
+  Show();
+  first.SetFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(form.FocusedControl(), &inner);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(form.FocusedControl(), &last);
+}
+
+TEST_F(FormViewTest, ModalWindowReturnsWhenHiddenAndComesBackWithItsControls) {
+  Show();
+  Form inner({.name = "Inner", .caption = "Dentro", .clientWidth = 3000, .clientHeight = 1500});
+  TextBox text(inner, "Text1");
+  text.SetWidth(1500);
+  text.SetHeight(315);
+  Later([&] {
+    QTest::keyClicks(&Widget<QLineEdit>("Text1"), "ciao");
+    EXPECT_EQ(QApplication::activeModalWidget(), &WindowOf("Inner"));
+    inner.Hide();
+  });
+  windows.ShowModal(inner);
+  EXPECT_EQ(text.Text(), "ciao");
+  EXPECT_FALSE(inner.Unloaded());
+  Later([&] {
+    EXPECT_EQ(Widget<QLineEdit>("Text1").text(), "ciao");
+    inner.Hide();
+  });
+  windows.ShowModal(inner);
+}
+
+TEST_F(FormViewTest, CloseBoxUnloadsTheModalWindowAndActivatesTheOneBelow) {
+  form.Activate = Log("Activate Form1");
+  Show();
+  log.clear();
+  auto inner = std::make_unique<Form>(
+      FormRow{.name = "Inner", .caption = "Dentro", .clientWidth = 3000, .clientHeight = 1500});
+  inner->Unload = Log("Unload");
+  Later([] { WindowOf("Inner").close(); });
+  windows.ShowModal(*inner);
+  EXPECT_TRUE(inner->Unloaded());
+  inner.reset();
+  EXPECT_THAT(log, ElementsAre("Unload"));
+  QApplication::processEvents();
+  EXPECT_THAT(log, ElementsAre("Unload", "Activate Form1"));
+  EXPECT_THROW(WindowOf("Inner"), std::logic_error);
+}
+
+TEST_F(FormViewTest, EndInAModalWindowEndsEveryLoop) {
+  Show();
+  Form inner({.name = "Inner", .caption = "Dentro", .clientWidth = 3000, .clientHeight = 1500});
+  QTimer::singleShot(0, qApp, [&] { windows.ShowModal(inner); });
+  QTimer::singleShot(50, qApp, [&] { windows.End(); });
+  EXPECT_EQ(QApplication::exec(), 0);
+  EXPECT_EQ(windows.MsgBox("niente"), MsgBoxAnswer::Cancel);
+}
+
+TEST_F(FormViewTest, FailingHandlerShowsItsTextAndTheProgramGoesOn) {
+  CommandButton button(form, "Command1");
+  button.Click = [] { throw RuntimeError(ErrorNumber::FileNotFound, "Il <b>file</b> non c'è."); };
+  Show();
+  QString shown;
+  Later([&] {
+    shown = OpenBox()->text();
+    EXPECT_EQ(OpenBox()->textFormat(), Qt::PlainText);
+    EXPECT_EQ(OpenBox()->windowTitle(), "Morvane");
+    PressInBox("OK");
+  });
+  Click(Widget<QPushButton>("Command1"));
+  EXPECT_EQ(shown, "Il <b>file</b> non c'è.");
+  button.Click = Log("Click");
+  Click(Widget<QPushButton>("Command1"));
+  EXPECT_THAT(log, ElementsAre("Click"));
+}
+
+TEST_F(FormViewTest, MessageBoxGivesTheButtonPressed) {
+  Show();
+  const auto answer = [&](MsgBoxButtons buttons, const QString& caption) {
+    Later([caption] { PressInBox(caption); });
+    return windows.MsgBox("Domanda", buttons);
+  };
+  EXPECT_EQ(answer(MsgBoxButtons::OkCancel, "OK"), MsgBoxAnswer::Ok);
+  EXPECT_EQ(answer(MsgBoxButtons::OkCancel, "Annulla"), MsgBoxAnswer::Cancel);
+  EXPECT_EQ(answer(MsgBoxButtons::YesNo, "Sì"), MsgBoxAnswer::Yes);
+  EXPECT_EQ(answer(MsgBoxButtons::YesNo, "No"), MsgBoxAnswer::No);
+}
+
+TEST_F(FormViewTest, InputBoxStartsFromTheDefaultAndIsEmptyOnCancel) {
+  Show();
+  Later([] {
+    auto& line = *QApplication::activeModalWidget()->findChild<QLineEdit*>();
+    EXPECT_EQ(line.selectedText(), "foto.jpg");
+    QTest::keyClicks(&line, "nuova.jpg");
+    QTest::keyClick(&line, Qt::Key_Return);
+  });
+  EXPECT_EQ(windows.InputBox("Nome", "Rinomina", "foto.jpg"), "nuova.jpg");
+  Later([] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+  EXPECT_EQ(windows.InputBox("Nome", "Rinomina", "foto.jpg"), "");
+}
+
+TEST_F(FormViewTest, PopupMenuRunsTheChosenEntryAndLetsItsFailureOut) {
+  Show();
+  const std::vector<MenuItem> items = {
+      {"a", "&Primo", "", [] { throw RuntimeError(ErrorNumber::PermissionDenied, "no"); }}};
+  Later([] {
+    QWidget* const menu = QApplication::activePopupWidget();
+    QTest::keyClick(menu, Qt::Key_Down);
+    QTest::keyClick(menu, Qt::Key_Return);
+  });
+  EXPECT_THROW(windows.PopupMenu(items), RuntimeError);
+  Later([] { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape); });
+  windows.PopupMenu(items);
+}
+
+}  // namespace
+}  // namespace Morvane
