@@ -1,0 +1,20 @@
+#include <gmock/gmock.h>
+
+#include <QApplication>
+
+#include "platform/qt/font_stand_ins.h"
+#include "tests/support/private_cups.h"
+#include "tests/support/test_machine.h"
+
+// The tests see neither the machine's printers nor the user's folders.
+int main(int argc, char** argv) {
+  testing::InitGoogleMock(&argc, argv);
+  const Morvane::TemporaryFolder home;
+  qputenv("HOME", home.Path().c_str());
+  qputenv("XDG_RUNTIME_DIR", home.Path().c_str());
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  Morvane::PrivateCups::ChoosePort();
+  QApplication application(argc, argv);
+  Morvane::InstallFontStandIns();
+  return RUN_ALL_TESTS();
+}
