@@ -69,9 +69,8 @@ int main(int argc, char** argv) {
   QtPrinterDevice device;
   Printer printer(device, metrics, fonts);
   AppInfo app;
-  const std::string nativeAppFolder = AppFolder();
-  app.path = files.FromNative(nativeAppFolder);
-  QtLauncher launcher(files, nativeAppFolder);
+  app.path = files.FromNative(AppFolder());
+  QtLauncher launcher(files, app.path);
   QtHttpClient http;
   Platform platform{windows, screen, files, pictures, metrics, fonts, printer, launcher, http, app};
 

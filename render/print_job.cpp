@@ -24,11 +24,14 @@ void DisegnaFoglio(AppState& state, const CoverSlots& slots, Printer& printer) {
 }
 
 void Stampa(AppState& state, const CoverSlots& slots, Printer& printer) {
-  PrintDialogAnswer answer;
-  ResumeNext([&] { answer = printer.ShowDialog(PrintDialogRequest{.restricted = true}); });
-  if (!answer.accepted) return;
+  int copies = -1;
+  ResumeNext([&] {
+    const PrintDialogAnswer answer = printer.ShowDialog({.restricted = true});
+    if (answer.accepted) copies = answer.copies;
+  });
+  if (copies < 0) return;
   PreparePage(state, printer);
-  for (int copy = 1; copy <= answer.copies; ++copy) {
+  for (int copy = 1; copy <= copies; ++copy) {
     DisegnaCopertine(printer.Surface(), 1.0, state, slots);
     ResumeNext([&] { printer.EndDoc(); });
   }

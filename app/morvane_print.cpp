@@ -1,0 +1,144 @@
+#include <QGuiApplication>
+#include <filesystem>
+#include <iostream>
+#include <vector>
+
+#include "app/console_windows.h"
+#include "app/print_arguments.h"
+#include "contents/folder_scan.h"
+#include "contents/listing_composition.h"
+#include "core/default_layout.h"
+#include "core/layout_reader.h"
+#include "platform/files/local_file_system.h"
+#include "platform/platform.h"
+#include "platform/qt/font_stand_ins.h"
+#include "platform/qt/pdf_file_writer.h"
+#include "platform/qt/qt_http_client.h"
+#include "platform/qt/qt_launcher.h"
+#include "platform/qt/qt_picture_loader.h"
+#include "platform/qt/qt_printer_device.h"
+#include "platform/qt/qt_text_metrics.h"
+#include "platform/runtime_error.h"
+#include "platform/units.h"
+#include "render/print_job.h"
+
+namespace {
+
+using namespace Morvane;
+
+enum ExitCode { kDone = 0, kNotPrinted = 1, kWrongUsage = 2 };
+
+// A printer of PDF files of A4 without margins, a file a page.
+class PdfFiles : public PrinterDevice {
+ public:
+  PdfFiles(std::string pdf, int copies) : pdf_(std::move(pdf)), copies_(copies) {}
+
+  SheetSize PortraitSheet() override { return {210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre}; }
+  PrintDialogAnswer ShowDialog(const PrintDialogRequest&, PageOrientation&) override { return {}; }
+  void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override {
+    WritePdf(PdfNameOfCopy(pdf_, ++written_, copies_), page, orientation, PortraitSheet(), title);
+  }
+
+ private:
+  const std::string pdf_;
+  const int copies_;
+  int written_ = 0;
+};
+
+std::string WindowsPath(const FileSystem& files, const std::string& path) {
+  const std::string found = files.FromNative(std::filesystem::absolute(path).lexically_normal().string());
+  if (found.empty()) throw RuntimeError(ErrorNumber::BadFileName, "Nome di file non valido: " + path);
+  return found;
+}
+
+void ReadLayoutFile(AppState& state, const FileSystem& files, const std::string& layout) {
+  state.NomeLayout = std::filesystem::path(layout).stem().string();
+  ReadLayout(*files.OpenForInput(WindowsPath(files, layout)), state);
+}
+
+void PrintCovers(const PrintArguments& arguments, Platform& platform) {
+  AppState state;
+  CoverSlots slots;
+  state.MaxCopertine = kMaxCovers;
+  state.SpessoreBordo = static_cast<std::int16_t>(arguments.outline);
+  if (!arguments.layout.empty()) ReadLayoutFile(state, platform.files, arguments.layout);
+  if (state.NumCopertine == 0) InstallDefaultLayout(state);
+  SetWorkspacePage(state);
+  for (const auto& [cover, file] : arguments.pictures) {
+    slots.Image1.at(static_cast<std::size_t>(cover - 1)) =
+        platform.pictures.LoadPicture(WindowsPath(platform.files, file));
+  }
+  if (!state.NomeLayout.empty()) platform.printer.JobTitle = state.NomeLayout;
+  for (int copy = 1; copy <= arguments.copies; ++copy) {
+    DisegnaFoglio(state, slots, platform.printer);
+    platform.printer.EndDoc();
+  }
+}
+
+void PrintContents(const PrintArguments& arguments, Platform& platform) {
+  const PrintArguments::Contents& contents = *arguments.contents;
+  AppState state;
+  state.ElencoFontName = contents.font;
+  state.ElencoFontSize = static_cast<float>(contents.size);
+  state.ElencoFontItalic = contents.italic ? 1 : 0;
+  if (!platform.fonts.CanPrint(contents.font)) {
+    throw RuntimeError(ErrorNumber::InvalidPropertyValue, "Il carattere non è disponibile: " + contents.font);
+  }
+  Listing listing;
+  FindSubFolders(WindowsPath(platform.files, contents.folder), state, platform, listing);
+  state.ElencoColonne = static_cast<std::int16_t>(contents.columns);
+  LineCount lost = 0;
+  for (int copy = 1; copy <= arguments.copies; ++copy) {
+    DrawingSurface& page = platform.printer.Surface();
+    page.SetScaleMode(ScaleMode::Millimetres);
+    lost = PrintRoutineAAAA(page, 1.0, state, {listing, contents.title, contents.fullPath});
+    platform.printer.EndDoc();
+  }
+  if (lost > 0) std::cerr << "morvane-print: righe senza posto sul foglio: " << lost << '\n';
+}
+
+void Print(const PrintArguments& arguments) {
+  LocalFileSystem files("/", MountTable(), {});
+  ConsoleWindows windows;
+  Screen screen;
+  QtPictureLoader pictures(files, OldFormatDecoderPath());
+  const QtTextMetrics metrics;
+  const QtFontCatalog fonts;
+  PdfFiles pdf(arguments.pdf, arguments.copies);
+  QtPrinterDevice queues;
+  if (!arguments.printer.empty()) queues.SelectPrinter(arguments.printer);
+  PrinterDevice& device = arguments.pdf.empty() ? static_cast<PrinterDevice&>(queues) : pdf;
+  Printer printer(device, metrics, fonts);
+  QtLauncher launcher(files, {});
+  QtHttpClient http;
+  Platform platform{windows, screen, files, pictures, metrics, fonts, printer, launcher, http, AppInfo{}};
+  if (arguments.contents) {
+    PrintContents(arguments, platform);
+  } else {
+    PrintCovers(arguments, platform);
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    const PrintArguments arguments = ParsePrintArguments(std::vector<std::string>(argv + 1, argv + argc));
+    if (arguments.help) {
+      std::cout << kPrintHelp;
+      return kDone;
+    }
+    // No window is ever shown, so no display is needed.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    InstallFontStandIns();
+    Print(arguments);
+    return kDone;
+  } catch (const UsageError& error) {
+    std::cerr << "morvane-print: " << error.what() << " (--help spiega l'uso)\n";
+    return kWrongUsage;
+  } catch (const RuntimeError& error) {
+    std::cerr << "morvane-print: " << error.what() << '\n';
+    return kNotPrinted;
+  }
+}
