@@ -78,7 +78,7 @@ struct OpenWindow {
   }
 };
 
-// 40 folders in each other, 3 files in each: more than 10^13 lines.
+// 40 folders in each other, 3 files in each: more than 10^12 lines.
 void ReadDeepDisc(benchmark::State& run) {
   OpenWindow open;
   fs::path folder = open.machine.Root.Path() + "/Fondo";

@@ -123,8 +123,12 @@ void FrmPreview::Form_Resize() {
 
 void FrmPreview::AggiornaAnteprima() {
   try {
-    const double ratio = ImpostaPaginaMm(Picture1.Surface, state_, platform_.printer);
-    PrintRoutineAAAA(Picture1.Surface, ratio, state_, {List1, Text1.Text(), Check1.Value() == 1});
+    DrawingSurface& sheet = Picture1.Surface;
+    ImpostaPaginaMm(sheet, state_, platform_.printer);
+    // The page set-up's ratio taken from the height alone: lines must be as high as on paper to the last
+    // fraction, or a column here and there breaks elsewhere.
+    const double ratio = sheet.Height() / kTwipsPerMillimetre / sheet.ScaleHeight();
+    PrintRoutineAAAA(sheet, ratio, state_, {List1, Text1.Text(), Check1.Value() == 1});
     redrawFailed_ = false;
   } catch (const RuntimeError&) {
     // Each keystroke in a title that is too long fails again; the user is told once and can shorten it.

@@ -113,6 +113,44 @@ TEST_F(ContentsWindow, CancelledDialogPrintsAllTheSameAndOnce) {
   EXPECT_NEAR(footer.top, 266 * kTwipsPerMillimetre, 1e-6);
 }
 
+// The first text of each column.
+std::vector<std::string> ColumnStarts(const DrawingList& drawing) {
+  std::vector<std::string> firsts;
+  double left = 0;
+  for (const Shape& shape : drawing) {
+    const auto* text = std::get_if<TextShape>(&shape);
+    if (text == nullptr || text->left == left) continue;
+    left = text->left;
+    firsts.push_back(text->text);
+  }
+  return firsts;
+}
+
+TEST_F(ContentsWindow, ColumnsBreakAsOnPaperAtAnyFontSizeInWindowsOfAnySizeOnAnySheet) {
+  std::vector<std::string> lines;
+  for (int i = 0; i < 1500; ++i) lines.push_back((i % 9 == 0 ? "(" : "") + std::to_string(i));
+  window.List1.Begin("");
+  window.List1.NewBlock().AddFiles(lines);
+  std::vector<float> sizes = {2.8F, 10.3F, 20.6F};  // a column is full to 0.003 mm
+  for (float size = 2; size <= 25; ++size) sizes.push_back(size);
+  for (const SheetSize& sheet : {SheetSize{11905.5, 16837.8}, {12240, 15840}}) {
+    machine.Device.Sheet = sheet;
+    for (const double height : {6750.0, 9876.0, 32000.0}) {
+      window.form.UserResized(height * 4 / 3, height);
+      window.Option1[2].PerformClick();
+      for (const float size : sizes) {
+        state.ElencoFontSize = size;
+        state.ElencoFontItalic = static_cast<std::int16_t>(1 - state.ElencoFontItalic);
+        window.AggiornaAnteprima();
+        Print(true);
+        ASSERT_EQ(ColumnStarts(window.Picture1.Surface.Drawing()),
+                  ColumnStarts(machine.Device.Jobs.back().page))
+            << size << " points, " << height << " twips";
+      }
+    }
+  }
+}
+
 TEST_F(ContentsWindow, FailingPrintIsToldAndLeavesNothingOnTheNextPage) {
   Type(std::string(300, 'x'));
   machine.Windows.Boxes.clear();

@@ -5,7 +5,6 @@
 
 #include "contents/listing_font.h"
 #include "platform/runtime_error.h"
-#include "render/page_setup.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
@@ -174,47 +173,6 @@ TEST_F(ListingComposition, EmptyTitleTakesOneLineAndOneThatFitsNoSizeIsRefusedOn
   title = std::string(700, 'm');
   EXPECT_THROW(Draw(1), RuntimeError);
   EXPECT_THROW(Draw(0.4847), RuntimeError);
-}
-
-// First text of each column, and the number of lines lost.
-class BreakPoints : public ListingComposition {
- protected:
-  std::vector<std::string> Of(DrawingSurface& surface, double ratio) {
-    std::vector<std::string> firsts = {
-        std::to_string(PrintRoutineAAAA(surface, ratio, state, {list, title, fullPaths}))};
-    double left = 0;
-    for (const Shape& shape : surface.Drawing()) {
-      const auto* text = std::get_if<TextShape>(&shape);
-      if (text == nullptr || text->left == left) continue;
-      left = text->left;
-      firsts.push_back(text->text);
-    }
-    return firsts;
-  }
-};
-
-TEST_F(BreakPoints, AreTheSameOnPaperAndInWindowsOfAnySizeAtAnyFontSize) {
-  list.Begin("");
-  FolderBlock& block = list.NewBlock();
-  std::vector<std::string> names;
-  for (int i = 0; i < 1500; ++i) names.push_back((i % 9 == 0 ? "(" : "") + std::to_string(i));
-  block.AddFiles(names);
-  state.ElencoColonne = 4;
-  for (const bool italic : {false, true}) {
-    state.ElencoFontItalic = italic;
-    for (float size = 2; size <= 25; size += 0.5F) {
-      state.ElencoFontSize = size;
-      page.Cls();
-      page.SetScaleMode(ScaleMode::Millimetres);
-      const std::vector<std::string> paper = Of(page, 1);
-      for (const double height : {6190.0, 6205.0, 7777.0, 10000.0, 15000.0, 31000.0}) {
-        DrawingSurface picture(machine.Metrics);
-        picture.SetSize(height / 297 * 210, height);
-        const double ratio = ImpostaPaginaMm(picture, state, machine.ThePrinter);
-        ASSERT_EQ(Of(picture, ratio), paper) << size << " points, " << height << " twips";
-      }
-    }
-  }
 }
 
 TEST(ListingFont, SizeZeroBecomesEightAndSmallOnesBecomeTwo) {
