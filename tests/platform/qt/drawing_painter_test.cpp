@@ -1,0 +1,112 @@
+#include <gtest/gtest.h>
+
+#include <QFontDatabase>
+#include <QImage>
+#include <QPainter>
+#include <QProcess>
+
+#include "platform/qt/drawing_painter.h"
+#include "platform/qt/pdf_file_writer.h"
+#include "platform/qt/qt_picture.h"
+#include "platform/qt/qt_text_metrics.h"
+#include "tests/support/test_machine.h"
+
+namespace Morvane {
+namespace {
+
+QImage Painted(const DrawingList& drawing, int side, double pixelRatio = 1) {
+  QImage screen(side, side, QImage::Format_RGB32);
+  screen.setDevicePixelRatio(pixelRatio);
+  screen.fill(Qt::white);
+  PictureCache cache;
+  QPainter painter(&screen);
+  painter.scale(1 / 15.0, 1 / 15.0);
+  PaintDrawing(painter, drawing, cache);
+  return screen;
+}
+
+int DarkInRow(const QImage& image, int y) {
+  int dark = 0;
+  for (int x = 0; x < image.width(); ++x) dark += qGray(image.pixel(x, y)) < 255;
+  return dark;
+}
+
+// Full black on single device pixels: a smeared line would be grey on two.
+TEST(DrawingPainterTest, BoxLinesAreOneCrispPixelAtAnyPixelRatio) {
+  for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
+    const QImage image = Painted({BoxShape{{151, 151, 800, 800}, {}, false}}, 160, ratio);
+    const int row = static_cast<int>(30 * ratio);
+    EXPECT_EQ(DarkInRow(image, row), 2) << ratio;
+    EXPECT_EQ(image.pixelColor(static_cast<int>(151 / 15.0 * ratio), row), Qt::black) << ratio;
+    EXPECT_EQ(image.pixelColor(static_cast<int>(951 / 15.0 * ratio), row), Qt::black) << ratio;
+  }
+}
+
+TEST(DrawingPainterTest, ShapesOfNegativeSizeAreTheSame) {
+  EXPECT_EQ(Painted({BoxShape{{900, 900, -700, -600}, {}, true}}, 80),
+            Painted({BoxShape{{200, 300, 700, 600}, {}, true}}, 80));
+}
+
+TEST(DrawingPainterTest, LeavesThePainterAsItWas) {
+  QImage screen(20, 20, QImage::Format_RGB32);
+  QPainter painter(&screen);
+  painter.scale(2, 3);
+  PictureCache cache;
+  PaintDrawing(painter, {LineShape{0, 0, 5, 5, {255, 0, 0}}}, cache);
+  EXPECT_EQ(painter.worldTransform(), QTransform::fromScale(2, 3));
+  EXPECT_FALSE(painter.testRenderHint(QPainter::Antialiasing));
+}
+
+TEST(QtTextMetricsTest, SizesAreExactlyProportional) {
+  const QtTextMetrics metrics;
+  for (const bool bold : {false, true}) {
+    const Font small{"Verdana", 2.5, bold, false, false};
+    Font large = small;
+    large.size = 25;
+    EXPECT_NEAR(metrics.Width(large, "AVATAR è qui"), 10 * metrics.Width(small, "AVATAR è qui"), 1e-6);
+    EXPECT_NEAR(metrics.LineHeight(large), 10 * metrics.LineHeight(small), 1e-6);
+  }
+}
+
+// Underlined text shows its width on the screen, whatever its letters are.
+TEST(QtTextMetricsTest, PaintedTextIsAsWideAsItWasMeasured) {
+  const QtTextMetrics metrics;
+  for (const double points : {7.0, 9.0, 13.5, 40.0}) {
+    const Font font{"Arial", points, false, false, true};
+    const std::string text = "Stampato con AVATAR Wolff 1234";
+    const double pixels = metrics.Width(font, text) / 15 * 4;
+    const QImage image = Painted({TextShape{0, 0, text, font, {}}}, 4000, 4);
+    int widest = 0;
+    for (int y = 0; y < 400; ++y) widest = std::max(widest, DarkInRow(image, y));
+    EXPECT_NEAR(widest, pixels, pixels * 0.005 + 1) << points;
+  }
+}
+
+TEST(QtTextMetricsTest, TextOnPaperStaysText) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Path() + "/sheet.pdf";
+  WritePdf(path, {TextShape{1440, 1440, "Più di così", {"Arial", 12}, {}}}, PageOrientation::Portrait,
+           {11906, 16838}, "Prova");
+  QProcess reader;
+  reader.start("pdftotext", {QString::fromStdString(path), "-"});
+  ASSERT_TRUE(reader.waitForFinished());
+  EXPECT_EQ(QString::fromUtf8(reader.readAllStandardOutput()).trimmed(), "Più di così");
+}
+
+TEST(QtFontCatalogTest, StandInsAreListedAndPrintable) {
+  const QtFontCatalog fonts;
+  const std::vector<std::string> families = fonts.Families();
+  EXPECT_EQ(std::count(families.begin(), families.end(), "Arial"), 1);
+  EXPECT_TRUE(fonts.CanPrint("Arial"));
+  EXPECT_TRUE(fonts.CanPrint("liberation sans"));
+  EXPECT_FALSE(fonts.CanPrint(""));
+  EXPECT_FALSE(fonts.CanPrint("Carattere che non esiste"));
+}
+
+TEST(QtFontCatalogTest, ArialHasTheWidthsOfItsStandIn) {
+  const QtTextMetrics metrics;
+  EXPECT_EQ(metrics.Width({"Arial", 10}, "Copertina"), metrics.Width({"Liberation Sans", 10}, "Copertina"));
+}
+
+}  // namespace
+}  // namespace Morvane

@@ -1,0 +1,169 @@
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QSpinBox>
+#include <QTimer>
+
+#include "platform/drawing/printer.h"
+#include "platform/qt/pdf_file_writer.h"
+#include "platform/qt/pdf_printer_dialog.h"
+#include "platform/qt/qt_printer_device.h"
+#include "platform/qt/qt_text_metrics.h"
+#include "platform/runtime_error.h"
+#include "platform/units.h"
+#include "tests/support/private_cups.h"
+#include "tests/support/sheet_measure.h"
+
+namespace Morvane {
+namespace {
+
+using testing::HasSubstr;
+
+constexpr double kSizeMm = 0.05;
+constexpr double kOriginMm = 0.10;
+constexpr SheetSize kA4 = {210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre};
+constexpr double kMmPerPoint = kMillimetresPerInch / 72;
+
+// A disc's booklet with the disc in it, 10 mm and 20 mm from the origin.
+void DrawCover(DrawingSurface& page) {
+  page.SetScaleMode(ScaleMode::Millimetres);
+  page.Line(10, 20, 131, 140, LineStyle::Box);
+  page.Circle(70.5, 80, 50, {}, 0.8);
+}
+
+void ExpectLines(const std::vector<double>& found, const std::vector<double>& expected) {
+  ASSERT_EQ(found.size(), expected.size());
+  for (size_t i = 0; i < found.size(); ++i) {
+    EXPECT_NEAR(found[i], expected[i], kOriginMm);
+    EXPECT_NEAR(found[i] - found[0], expected[i] - expected[0], kSizeMm);
+  }
+}
+
+// The middle row and column of the cover meet its box and its ellipse.
+void ExpectCover(const MeasuredSheet& sheet, double left, double top) {
+  ExpectLines(sheet.AcrossMm(top + 80), {left + 10, left + 20.5, left + 120.5, left + 131});
+  ExpectLines(sheet.DownMm(left + 70.5), {top + 20, top + 40, top + 120, top + 140});
+}
+
+class PdfTest : public testing::Test {
+ protected:
+  QtTextMetrics metrics_;
+  QtFontCatalog fonts_;
+  QtPrinterDevice device_;
+  Printer printer_{device_, metrics_, fonts_};
+  TemporaryFolder folder_;
+};
+
+TEST_F(PdfTest, CoverHasItsMillimetresInBothOrientations) {
+  DrawCover(printer_.Surface());
+  const DrawingList page = printer_.Surface().Drawing();
+  const std::string path = folder_.Path() + "/sheet.pdf";
+  for (const PageOrientation orientation : {PageOrientation::Portrait, PageOrientation::Landscape}) {
+    WritePdf(path, page, orientation, kA4, "Prova");
+    ExpectCover(MeasuredSheet(path), 0, 0);
+  }
+}
+
+TEST_F(PdfTest, FileThatCannotBeWrittenIsAFailureOfThePrinter) {
+  EXPECT_THROW(WritePdf(folder_.Path() + "/none/sheet.pdf", {}, PageOrientation::Portrait, kA4, "Prova"),
+               RuntimeError);
+}
+
+TEST_F(PdfTest, JobsWithoutAPrinterAreNumberedFilesNamedAfterTheirTitle) {
+  device_.SetPdfFolder(QString::fromStdString(folder_.Path() + "/pdf"));
+  printer_.JobTitle = "CD/DVD";
+  for (int copy = 0; copy < 3; ++copy) {
+    DrawCover(printer_.Surface());
+    printer_.EndDoc();
+  }
+  EXPECT_EQ(QDir(QString::fromStdString(folder_.Path() + "/pdf")).entryList(QDir::Files),
+            (QStringList{"CD-DVD 1.pdf", "CD-DVD 2.pdf", "CD-DVD.pdf"}));
+  ExpectCover(MeasuredSheet(folder_.Path() + "/pdf/CD-DVD.pdf"), 0, 0);
+}
+
+TEST_F(PdfTest, DialogWithoutAPrinterAsksForCopies) {
+  device_.SetPdfFolder(QString::fromStdString(folder_.Path()));
+  bool asked = false;
+  QTimer::singleShot(0, [&] {
+    auto* dialog = dynamic_cast<PdfPrinterDialog*>(QApplication::activeModalWidget());
+    if (!dialog) return;
+    asked = true;
+    dialog->findChild<QSpinBox*>()->setValue(3);
+    dialog->accept();
+  });
+  const PrintDialogAnswer answer = printer_.ShowDialog({});
+  EXPECT_TRUE(asked);
+  EXPECT_TRUE(answer.accepted);
+  EXPECT_EQ(answer.copies, 3);
+}
+
+class QueueTest : public PdfTest {
+ protected:
+  QueueTest() {
+    cups_.AddQueue("uneven");
+    device_.SelectPrinter("uneven");
+  }
+
+  void PrintCover() {
+    DrawCover(printer_.Surface());
+    printer_.EndDoc();
+    cups_.WaitForJobs();
+  }
+
+  PrivateCups cups_;
+};
+
+TEST_F(QueueTest, PortraitCoverStandsAtTheCornerOfThePrintableArea) {
+  PrintCover();
+  ExpectCover(MeasuredSheet(cups_.SheetPath()), 9.64 * kMmPerPoint, 17.97 * kMmPerPoint);
+}
+
+// The left edge of a landscape sheet is the bottom of the portrait one, which the spooler stores.
+TEST_F(QueueTest, LandscapeCoverStandsAtTheCornerOfThePrintableArea) {
+  printer_.SetOrientation(PageOrientation::Landscape);
+  PrintCover();
+  const MeasuredSheet sheet(cups_.SheetPath());
+  const double left = 297 - 14.4 * kMmPerPoint;
+  const double top = 9.64 * kMmPerPoint;
+  ExpectLines(sheet.DownMm(top + 80), {left - 131, left - 120.5, left - 20.5, left - 10});
+  ExpectLines(sheet.AcrossMm(left - 70.5), {top + 20, top + 40, top + 120, top + 140});
+}
+
+TEST_F(QueueTest, CopiesAreJobsOfTheirOwnThatNobodyScales) {
+  printer_.JobTitle = "Custodia è";
+  for (int copy = 0; copy < 3; ++copy) PrintCover();
+  cups_.Stop();
+  const std::vector<std::string> jobs = cups_.JobRecords();
+  ASSERT_EQ(jobs.size(), 3U);
+  for (const std::string& job : jobs) {
+    const size_t option = job.find("print-scaling");
+    ASSERT_NE(option, std::string::npos);
+    EXPECT_EQ(job.substr(option + 13 + 2, 4), "none");  // behind the length of the value
+    EXPECT_EQ(job.find("print-scaling", option + 1), std::string::npos);
+    EXPECT_EQ(job.find("copies"), std::string::npos);
+    EXPECT_THAT(job, HasSubstr("Custodia è"));
+  }
+}
+
+TEST_F(QueueTest, RefusedJobIsAFailureOfThePrinter) {
+  cups_.Run("cupsreject uneven");
+  EXPECT_THROW(PrintCover(), RuntimeError);
+  cups_.Run("cupsaccept uneven");
+  EXPECT_NO_THROW(PrintCover());
+  cups_.Run("lpadmin -x uneven");
+  EXPECT_THROW(PrintCover(), RuntimeError);
+}
+
+TEST_F(QueueTest, SpoolerThatIsGoneIsAFailureOfThePrinter) {
+  cups_.Stop();
+  EXPECT_THROW(PrintCover(), RuntimeError);
+}
+
+TEST_F(QueueTest, UnknownPrinterIsRefusedAndTheCurrentOneStays) {
+  EXPECT_THROW(device_.SelectPrinter("nessuna"), RuntimeError);
+  EXPECT_NO_THROW(PrintCover());
+}
+
+}  // namespace
+}  // namespace Morvane

@@ -1,0 +1,146 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QHostAddress>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QThread>
+
+#include "platform/qt/qt_http_client.h"
+#include "platform/qt/qt_launcher.h"
+#include "platform/runtime_error.h"
+#include "tests/support/test_machine.h"
+
+namespace Morvane {
+namespace {
+
+using std::chrono::milliseconds;
+
+// A machine whose "xdg-open" writes down its arguments, one a line, and "FINE".
+class QtLauncherTest : public testing::Test {
+ protected:
+  QtLauncherTest() : path_(qgetenv("PATH")), record_(QString::fromStdString(tools_.Path() + "/argv")) {
+    MakeProgram(tools_.Path() + "/xdg-open");
+    qputenv("PATH", (tools_.Path() + ":").c_str() + path_);
+  }
+  ~QtLauncherTest() override { qputenv("PATH", path_); }
+
+  void MakeProgram(const std::string& nativePath) {
+    QFile script(QString::fromStdString(nativePath));
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    const QByteArray record = record_.toUtf8();
+    script.write("#!/bin/sh\nprintf '%s\\n' \"$@\" FINE > '" + record + ".new'\nmv '" + record + ".new' '" +
+                 record + "'\n");
+    script.setPermissions(QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
+  }
+
+  // What was started, after at most `patience`; empty when nothing was.
+  std::string Started(milliseconds patience = milliseconds(10000)) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!QFile::exists(record_) && timer.elapsed() < patience.count()) QThread::msleep(10);
+    QFile file(record_);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    const std::string text = file.readAll().toStdString();
+    file.remove();
+    return text;
+  }
+
+  std::string Opened(const std::string& target) {
+    launcher_.ShellExecute(target, 0);
+    return Started();
+  }
+
+  const TemporaryFolder tools_;
+  const QByteArray path_;
+  const QString record_;
+  TestMachine machine_;
+  QtLauncher launcher_{*machine_.Files, "C:\\Morvane"};
+};
+
+TEST_F(QtLauncherTest, AddressIsOneArgumentWhateverItHolds) {
+  for (const std::string address :
+       {"http://a.example/search?q=copertine+cd&x=1", "http://a.example/`id`$(id);'\"|&"}) {
+    EXPECT_EQ(Opened(address), address + "\nFINE\n");
+  }
+}
+
+TEST_F(QtLauncherTest, RelativeDocumentLiesInTheProgramsFolder) {
+  machine_.WriteFile("C:\\Morvane\\omk.htm", "kit");
+  machine_.WriteFile("C:\\Morvane\\--help", "not an option");
+  EXPECT_EQ(Opened("omk.htm"), machine_.Root.Path() + "/Morvane/omk.htm\nFINE\n");
+  EXPECT_EQ(Opened("--help"), machine_.Root.Path() + "/Morvane/--help\nFINE\n");
+}
+
+TEST_F(QtLauncherTest, MissingDocumentsAndLineEndsOpenNothing) {
+  for (const char* target :
+       {"", "omk.htm", "-version", "http://a.example/\nrm", "http://a.example/\r", "\x1B"}) {
+    launcher_.ShellExecute(target, 0);
+  }
+  EXPECT_EQ(Started(milliseconds(300)), "");
+}
+
+TEST_F(QtLauncherTest, StartsAProgramByItsPath) {
+  machine_.WriteFile("C:\\Morvane\\lindorel.exe", "");
+  MakeProgram(machine_.Root.Path() + "/Morvane/lindorel.exe");
+  launcher_.Shell("C:\\Morvane\\\\lindorel.exe", 2);
+  EXPECT_EQ(Started(), "FINE\n");
+}
+
+TEST_F(QtLauncherTest, ProgramThatIsMissingOrNoneIsNotFound) {
+  EXPECT_THROW(launcher_.Shell("C:\\Morvane\\lindorel.exe", 2), RuntimeError);
+  machine_.WriteFile("C:\\Morvane\\lindorel.exe", "no program");
+  EXPECT_THROW(launcher_.Shell("C:\\Morvane\\lindorel.exe", 2), RuntimeError);
+}
+
+// Answers each request with the same bytes; with none it accepts and says nothing.
+class LoopbackServer {
+ public:
+  explicit LoopbackServer(QByteArray answer) {
+    server_.listen(QHostAddress::LocalHost);
+    QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this, answer] {
+      QTcpSocket* socket = server_.nextPendingConnection();
+      QObject::connect(socket, &QTcpSocket::readyRead, socket, [socket, answer] {
+        if (answer.isEmpty()) return;
+        socket->write(answer);
+        socket->disconnectFromHost();
+      });
+    });
+  }
+
+  std::string Url() const { return "http://127.0.0.1:" + std::to_string(server_.serverPort()) + "/file.txt"; }
+
+ private:
+  QTcpServer server_;
+};
+
+TEST(QtHttpClientTest, GivesTheBodyByteForByte) {
+  const LoopbackServer server(QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n261\n"));
+  EXPECT_EQ(QtHttpClient().OpenUrl(server.Url()), "261\n");
+}
+
+TEST(QtHttpClientTest, FailuresAreEmpty) {
+  const LoopbackServer missing(QByteArray("HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\n999\n"));
+  const LoopbackServer huge("HTTP/1.1 200 OK\r\n\r\n" + QByteArray(2 << 20, '9'));
+  QtHttpClient http(std::chrono::seconds(5));
+  EXPECT_EQ(http.OpenUrl(missing.Url()), "");
+  EXPECT_EQ(http.OpenUrl(huge.Url()), "");
+  EXPECT_EQ(http.OpenUrl("http://host.invalid/file.txt"), "");
+  EXPECT_EQ(http.OpenUrl("http://127.0.0.1:1/file.txt"), "");
+  EXPECT_EQ(http.OpenUrl("file:///etc/hostname"), "");
+  EXPECT_EQ(http.OpenUrl("nonsense"), "");
+}
+
+TEST(QtHttpClientTest, ServerThatSaysNothingIsGivenUpAtTheLimit) {
+  const LoopbackServer silent{QByteArray()};
+  QElapsedTimer timer;
+  timer.start();
+  EXPECT_EQ(QtHttpClient(milliseconds(300)).OpenUrl(silent.Url()), "");
+  EXPECT_GE(timer.elapsed(), 290);
+  EXPECT_LT(timer.elapsed(), 5000);
+}
+
+}  // namespace
+}  // namespace Morvane

@@ -1,0 +1,176 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QBuffer>
+#include <QElapsedTimer>
+#include <QImageWriter>
+#include <QPainter>
+
+#include "platform/qt/drawing_painter.h"
+#include "platform/qt/qt_picture.h"
+#include "platform/qt/qt_picture_loader.h"
+#include "platform/runtime_error.h"
+#include "tests/support/test_machine.h"
+
+namespace Morvane {
+namespace {
+
+constexpr qint64 kHostileMs = 2000;
+constexpr long kHostileKilobytes = 1536L * 1024;
+
+// Red at the left, blue at the right.
+QImage TwoHalves(int width, int height) {
+  QImage image(width, height, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  QPainter(&image).fillRect(width / 2, 0, width - width / 2, height, Qt::blue);
+  return image;
+}
+
+std::string Encoded(const QImage& image, const char* format, QImageIOHandler::Transformations turned = {}) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  QImageWriter writer(&buffer, format);
+  writer.setTransformation(turned);
+  EXPECT_TRUE(writer.write(image)) << format;
+  return bytes.toStdString();
+}
+
+QImage Decoded(const PicturePtr& picture, int width, int height) {
+  return dynamic_cast<const QtPicture&>(*picture).Decode(QSize(width, height));
+}
+
+class QtPictureTest : public testing::Test {
+ protected:
+  PicturePtr Load(const std::string& name, const std::string& bytes) {
+    machine_.WriteFile("C:\\" + name, bytes);
+    return loader_.LoadPicture("C:\\" + name);
+  }
+
+  void ExpectRefused(const std::string& name, const std::string& bytes) {
+    try {
+      Load(name, bytes);
+      FAIL() << name;
+    } catch (const RuntimeError& error) {
+      EXPECT_EQ(error.Number(), ErrorNumber::InvalidPicture);
+      EXPECT_NE(std::string(error.what()).find(name), std::string::npos);
+    }
+  }
+
+  TestMachine machine_;
+  QtPictureLoader loader_{*machine_.Files, OldFormatDecoderPath()};
+};
+
+TEST_F(QtPictureTest, FormatsAreToldByTheirContentWhateverTheNameSays) {
+  for (const char* format : {"jpg", "bmp", "png", "ico", "tiff", "webp"}) {
+    const PicturePtr picture = Load("foto.gif", Encoded(TwoHalves(64, 32), format));
+    EXPECT_EQ(picture->WidthTwips(), 64 * 15) << format;
+    EXPECT_EQ(picture->HeightTwips(), 32 * 15) << format;
+    const QImage small = Decoded(picture, 16, 20);
+    EXPECT_EQ(small.size(), QSize(16, 20)) << format;
+    EXPECT_GT(qRed(small.pixel(2, 10)), 200) << format;
+    EXPECT_GT(qBlue(small.pixel(13, 10)), 200) << format;
+  }
+}
+
+TEST_F(QtPictureTest, ReadsAGifAndABitmapWithoutFileHeader) {
+  const std::string gif("GIF89a\x01\0\x01\0\x80\0\0\xFF\0\0\0\0\0,\0\0\0\0\x01\0\x01\0\0\x02\x02\x44\x01\0;",
+                        35);
+  EXPECT_EQ(Load("punto.gif", gif)->WidthTwips(), 15);
+  for (const auto format : {QImage::Format_RGB32, QImage::Format_Indexed8}) {
+    const std::string bmp = Encoded(TwoHalves(64, 32).convertToFormat(format), "bmp");
+    const QImage small = Decoded(Load("foto.dib", bmp.substr(14)), 64, 32);
+    EXPECT_EQ(small.pixelColor(2, 2), Qt::red);
+    EXPECT_EQ(small.pixelColor(60, 2), Qt::blue);
+  }
+}
+
+TEST_F(QtPictureTest, RecordedRotationIsAppliedToSizeAndPixels) {
+  const PicturePtr picture =
+      Load("foto.jpg", Encoded(TwoHalves(640, 320), "jpg", QImageIOHandler::TransformationRotate90));
+  EXPECT_EQ(picture->WidthTwips(), 320 * 15);
+  EXPECT_EQ(picture->HeightTwips(), 640 * 15);
+  const QImage small = Decoded(picture, 40, 100);
+  ASSERT_EQ(small.size(), QSize(40, 100));
+  EXPECT_GT(qRed(small.pixel(20, 10)), 200);
+  EXPECT_GT(qBlue(small.pixel(20, 90)), 200);
+}
+
+TEST_F(QtPictureTest, NeverDecodesFinerThanTheFile) {
+  EXPECT_EQ(Decoded(Load("foto.png", Encoded(TwoHalves(64, 32), "png")), 500, 20).size(), QSize(64, 20));
+}
+
+// Fine stripes become an even grey; picking single pixels would leave stripes.
+TEST_F(QtPictureTest, ReducedPicturesAreAveraged) {
+  QImage stripes(1200, 1200, QImage::Format_RGB32);
+  for (int y = 0; y < 1200; ++y) {
+    for (int x = 0; x < 1200; ++x) stripes.setPixel(x, y, x % 4 < 2 ? 0xFF000000 : 0xFFFFFFFF);
+  }
+  for (const char* format : {"jpg", "png", "bmp"}) {
+    const QImage small = Decoded(Load("foto", Encoded(stripes, format)), 110, 110);
+    for (int x = 5; x < 105; ++x) EXPECT_NEAR(qGray(small.pixel(x, 50)), 128, 24) << format << x;
+  }
+}
+
+TEST_F(QtPictureTest, BrokenAndHostileFilesAreRefusedSoonAndForLittleMemory) {
+  const std::string png = Encoded(TwoHalves(640, 320), "png");
+  QElapsedTimer timer;
+  timer.start();
+  ExpectRefused("vuoto.jpg", "");
+  ExpectRefused("testo.jpg", "Caro diario, oggi niente foto.");
+  ExpectRefused("meta.png", png.substr(0, png.size() / 2));
+  ExpectRefused("testa.jpg", Encoded(TwoHalves(640, 320), "jpg").substr(0, 300));
+  ExpectRefused("disegno.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
+
+  std::string giant = Encoded(TwoHalves(64, 32).convertToFormat(QImage::Format_Indexed8), "bmp");
+  giant[18] = giant[22] = 0x30;
+  giant[19] = giant[23] = 0x75;  // 30000 by 30000
+  ExpectRefused("gigante.bmp", giant);
+
+  std::string scans = Encoded(QImage(8000, 8000, QImage::Format_Grayscale8), "jpg");
+  for (int i = 0; i < 50; ++i) scans += "\xFF\xDA";
+  ExpectRefused("passate.jpg", scans);
+  EXPECT_LT(timer.elapsed(), kHostileMs);
+  rusage usage;
+  getrusage(RUSAGE_SELF, &usage);
+  EXPECT_LT(usage.ru_maxrss, kHostileKilobytes);
+}
+
+// What is missing of a photo stays grey; the rest can still be printed.
+TEST_F(QtPictureTest, PhotoCutShortIsDrawnAsFarAsItGoes) {
+  const std::string jpeg = Encoded(TwoHalves(640, 320), "jpg");
+  const QImage image = Decoded(Load("foto.jpg", jpeg.substr(0, jpeg.size() * 3 / 4)), 64, 32);
+  EXPECT_GT(qRed(image.pixel(10, 2)), 200);
+}
+
+TEST_F(QtPictureTest, MissingFileIsNotFound) {
+  EXPECT_THROW(loader_.LoadPicture("C:\\niente.jpg"), RuntimeError);
+}
+
+TEST_F(QtPictureTest, CacheKeepsTheLastSizeOfAPictureWhileItIsInUse) {
+  PicturePtr picture = Load("foto.png", Encoded(TwoHalves(64, 32), "png"));
+  PictureCache cache;
+  const QImage first = cache.Image(picture, QSize(16, 16));
+  EXPECT_EQ(cache.Image(picture, QSize(16, 16)).cacheKey(), first.cacheKey());
+  EXPECT_EQ(cache.Image(picture, QSize(20, 16)).size(), QSize(20, 16));
+  EXPECT_NE(cache.Image(picture, QSize(16, 16)).cacheKey(), first.cacheKey());
+}
+
+TEST_F(QtPictureTest, PainterStretchesAPictureToItsBox) {
+  const PicturePtr picture = Load("foto.png", Encoded(TwoHalves(64, 32), "png"));
+  QImage screen(100, 100, QImage::Format_RGB32);
+  screen.fill(Qt::white);
+  PictureCache cache;
+  QPainter painter(&screen);
+  painter.scale(1 / 15.0, 1 / 15.0);
+  PaintDrawing(painter, {PictureShape{{10 * 15, 20 * 15, 80 * 15, 60 * 15}, picture}}, cache);
+  painter.end();
+  EXPECT_EQ(screen.pixelColor(9, 50), Qt::white);
+  EXPECT_EQ(screen.pixelColor(10, 20), Qt::red);
+  EXPECT_EQ(screen.pixelColor(89, 79), Qt::blue);
+  EXPECT_EQ(screen.pixelColor(90, 50), Qt::white);
+  EXPECT_EQ(screen.pixelColor(50, 80), Qt::white);
+}
+
+}  // namespace
+}  // namespace Morvane

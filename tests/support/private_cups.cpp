@@ -1,0 +1,171 @@
+#include "tests/support/private_cups.h"
+
+#include <arpa/inet.h>
+#include <signal.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <thread>
+
+namespace Morvane {
+namespace {
+
+constexpr auto kPatience = std::chrono::seconds(20);
+
+constexpr const char* kPrinterDescription = R"PPD(*PPD-Adobe: "4.3"
+*FormatVersion: "4.3"
+*FileVersion: "1.0"
+*LanguageVersion: English
+*LanguageEncoding: ISOLatin1
+*PCFileName: "UNEVEN.PPD"
+*Manufacturer: "Test"
+*Product: "(Uneven)"
+*ModelName: "Uneven"
+*ShortNickName: "Uneven"
+*NickName: "Uneven"
+*PSVersion: "(3010.000) 0"
+*LanguageLevel: "3"
+*ColorDevice: True
+*DefaultColorSpace: RGB
+*FileSystem: False
+*LandscapeOrientation: Minus90
+*cupsFilter2: "application/vnd.cups-pdf application/pdf 0 -"
+*OpenUI *PageSize/Media Size: PickOne
+*OrderDependency: 10 AnySetup *PageSize
+*DefaultPageSize: A4
+*PageSize A4/A4: "<</PageSize[595 842]>>setpagedevice"
+*CloseUI: *PageSize
+*OpenUI *PageRegion/Media Size: PickOne
+*OrderDependency: 10 AnySetup *PageRegion
+*DefaultPageRegion: A4
+*PageRegion A4/A4: "<</PageSize[595 842]>>setpagedevice"
+*CloseUI: *PageRegion
+*DefaultImageableArea: A4
+*ImageableArea A4/A4: "9.64 14.4 580.8 823.92"
+*DefaultPaperDimension: A4
+*PaperDimension A4/A4: "595.28 841.89"
+*DefaultFont: Courier
+)PPD";
+
+template <typename Condition>
+void WaitUntil(Condition&& condition, const char* what) {
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) throw std::runtime_error(std::string("in vain: ") + what);
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  }
+}
+
+int CommandResult(const std::string& command) {
+  return std::system((command + " >/dev/null 2>&1").c_str());
+}
+
+}  // namespace
+
+void PrivateCups::ChoosePort() {
+  const int probe = socket(AF_INET, SOCK_STREAM, 0);
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t size = sizeof(address);
+  auto* generic = reinterpret_cast<sockaddr*>(&address);
+  if (bind(probe, generic, size) != 0 || getsockname(probe, generic, &size) != 0) {
+    throw std::runtime_error("no loopback port");
+  }
+  close(probe);
+  setenv("CUPS_SERVER", ("127.0.0.1:" + std::to_string(ntohs(address.sin_port))).c_str(), 1);
+}
+
+PrivateCups::PrivateCups() {
+  WriteSettings();
+  const std::string conf = folder_.Path() + "/cupsd.conf";
+  const std::string files = folder_.Path() + "/cups-files.conf";
+  process_ = fork();
+  if (process_ == 0) {
+    setenv("PATH", "/usr/sbin:/sbin:/usr/bin:/bin", 1);
+    execlp("cupsd", "cupsd", "-f", "-c", conf.c_str(), "-s", files.c_str(), nullptr);
+    _exit(127);
+  }
+  WaitUntil([] { return CommandResult("/usr/bin/lpstat -r | grep -q 'is running'") == 0; },
+            "the spooler's start");
+}
+
+PrivateCups::~PrivateCups() {
+  Stop();
+}
+
+void PrivateCups::Stop() {
+  if (process_ <= 0) return;
+  kill(process_, SIGTERM);
+  waitpid(process_, nullptr, 0);
+  process_ = -1;
+}
+
+void PrivateCups::WriteSettings() const {
+  namespace fs = std::filesystem;
+  const std::string root = folder_.Path();
+  for (const char* name : {"spool/tmp", "cache", "run", "log", "ppd", "ssl", "out"}) {
+    fs::create_directories(root + '/' + name);
+  }
+  fs::permissions(root, fs::perms(0755));
+  fs::permissions(root + "/out", fs::perms::all);
+  std::ofstream(root + "/cupsd.conf") << "Listen " << std::getenv("CUPS_SERVER") << R"(
+Browsing Off
+DefaultAuthType None
+WebInterface No
+PreserveJobFiles Yes
+PreserveJobHistory Yes
+<Location />
+ Order allow,deny
+ Allow all
+</Location>
+<Location /admin>
+ Order allow,deny
+ Allow all
+</Location>
+<Policy default>
+ <Limit All>
+  Order deny,allow
+ </Limit>
+</Policy>
+)";
+  std::ofstream files(root + "/cups-files.conf");
+  files << "ServerRoot " << root << "\nRequestRoot " << root << "/spool\nTempDir " << root
+        << "/spool/tmp\nCacheDir " << root << "/cache\nStateDir " << root << "/run\nServerKeychain " << root
+        << "/ssl\nErrorLog " << root << "/log/error_log\nAccessLog " << root << "/log/access_log\nPageLog "
+        << root << "/log/page_log\nFileDevice Yes\n";
+  if (geteuid() == 0) files << "User lp\nGroup lp\nSystemGroup root\n";
+  std::ofstream(root + "/uneven.ppd") << kPrinterDescription;
+}
+
+void PrivateCups::AddQueue(const std::string& name) {
+  Run("lpadmin -p " + name + " -E -v file:" + SheetPath() + " -P " + folder_.Path() + "/uneven.ppd");
+}
+
+void PrivateCups::Run(const std::string& command) const {
+  if (CommandResult("PATH=/usr/sbin:/usr/bin:/bin " + command) != 0)
+    throw std::runtime_error("failed: " + command);
+}
+
+void PrivateCups::WaitForJobs() const {
+  WaitUntil([] { return CommandResult("/usr/bin/lpstat -o | grep -q .") != 0; }, "the end of the jobs");
+}
+
+std::vector<std::string> PrivateCups::JobRecords() const {
+  std::vector<std::string> records;
+  for (const auto& entry : std::filesystem::directory_iterator(folder_.Path() + "/spool")) {
+    if (!entry.is_regular_file() || entry.path().filename().string().front() != 'c') continue;
+    std::ifstream file(entry.path(), std::ios::binary);
+    records.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+  }
+  return records;
+}
+
+}  // namespace Morvane

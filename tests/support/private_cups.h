@@ -1,0 +1,45 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/support/test_machine.h"
+
+namespace Morvane {
+
+// A print spooler of the test's own: its files lie in a temporary folder, it listens on a loopback port and
+// ends with this object. The queues of the machine are never seen.
+class PrivateCups {
+ public:
+  // Makes the process ask for its printers at a free loopback port; nothing listens there until a PrivateCups
+  // is made. Called once, before anything asks for printers.
+  static void ChoosePort();
+
+  PrivateCups();
+  ~PrivateCups();
+  PrivateCups(const PrivateCups&) = delete;
+  PrivateCups& operator=(const PrivateCups&) = delete;
+
+  // A queue whose sheets are written to SheetPath, each over the one before. Its printer takes A4 and cannot
+  // reach 9.64 points at the left, 17.97 at the top, 14.48 at the right, 14.40 at the bottom.
+  void AddQueue(const std::string& name);
+  // Runs a command of the spooler, such as "cupsreject name".
+  void Run(const std::string& command) const;
+  // Ends the spooler; its port is silent from then on.
+  void Stop();
+
+  std::string SheetPath() const { return folder_.Path() + "/out/sheet.pdf"; }
+  void WaitForJobs() const;
+  // What the spooler kept of each job, as it stands in its spool; complete once the spooler has stopped.
+  std::vector<std::string> JobRecords() const;
+
+ private:
+  void WriteSettings() const;
+
+  TemporaryFolder folder_;
+  pid_t process_ = -1;
+};
+
+}  // namespace Morvane
