@@ -55,13 +55,13 @@ const QIcon& TreeNodes::Artwork(const std::string& key) const {
 }
 
 void TreeNodes::Refresh() {
-  emit layoutAboutToBeChanged();
+  layoutAboutToBeChanged();
   const QModelIndexList kept = persistentIndexList();
   QModelIndexList moved;
   moved.reserve(kept.size());
   for (const QModelIndex& index : kept) moved.push_back(IndexOf(NodeAt(index)));
   changePersistentIndexList(kept, moved);
-  emit layoutChanged();
+  layoutChanged();
 }
 
 TreeViewView::TreeViewView(TreeView& model, QWidget& parent, const ViewContext& context)
