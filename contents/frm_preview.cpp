@@ -63,6 +63,7 @@ FrmPreview::FrmPreview(AppState& state, Platform& platform, FrmPreviewHooks hook
   Command4.SetImageKey("font");
   Option1.front().SetValue(true);
   Label1.SetAlignment(Alignment::Centre);
+  Label1.SetFont({.name = "MS Sans Serif", .size = 7});  // it begins left of the window
   Text1.SetText("Titolo CD");
   Picture1.SetPaperBackground(true);
   Picture2.SetHandPointer(true);

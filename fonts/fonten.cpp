@@ -49,6 +49,8 @@ fONTEN::fONTEN(AppState& state, Platform& platform) : form(kWindow), state_(stat
   Text1.SetText("8");
   cmdCancel.SetImageKey("annulla");
   cmdOK.SetImageKey("ok");
+  cmdOK.SetDefault(true);
+  cmdCancel.SetCancel(true);
 
   form.Load = [this] { Form_Load(); };
   form.Paint = [this] { Form_Paint(); };

@@ -63,12 +63,25 @@ void WrappedButton::paintEvent(QPaintEvent*) {
   DrawCaption(painter, DrawIcon(painter, room), Qt::AlignCenter, option, text());
 }
 
+// A button too low for both has the picture at the left of its caption.
+QRect WrappedButton::DrawIconBeside(QPainter& painter, const QRect& room) const {
+  const int captionWidth = QFontMetrics(font()).size(Qt::TextShowMnemonic, text()).width();
+  const int gap = kButtonMargin;
+  const int left = room.left() + std::max(0, room.width() - captionWidth - gap - kSmallestButtonIcon) / 2;
+  const QRect place(left, room.center().y() - kSmallestButtonIcon / 2, kSmallestButtonIcon,
+                    kSmallestButtonIcon);
+  icon().paint(&painter, place, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+  return {place.right() + gap, room.top(), std::min(captionWidth + gap, room.right() - place.right()),
+          room.height()};
+}
+
 // The picture takes what the caption leaves; the result is the room for the caption.
 QRect WrappedButton::DrawIcon(QPainter& painter, const QRect& room) const {
   if (icon().isNull()) return room;
   const QFont captionFont =
       FittingFont(font(), text(), room.size() - QSize(0, kSmallestButtonIcon), kWrapped);
   const int captionHeight = QFontMetrics(captionFont).boundingRect(room, kWrapped, text()).height();
+  if (captionHeight + kSmallestButtonIcon > room.height()) return DrawIconBeside(painter, room);
   const int side = std::clamp(room.height() - captionHeight, kSmallestButtonIcon, kLargestButtonIcon);
   const int top = room.top() + std::max(0, room.height() - captionHeight - side) / 2;
   icon().paint(&painter, {room.center().x() - side / 2, top, side, side}, Qt::AlignCenter,

@@ -19,6 +19,7 @@ class WrappedButton : public QPushButton {
 
  private:
   QRect DrawIcon(QPainter& painter, const QRect& room) const;
+  QRect DrawIconBeside(QPainter& painter, const QRect& room) const;
 };
 
 class CommandButtonView : public ControlView {

@@ -10,7 +10,7 @@
 namespace Morvane {
 namespace {
 
-constexpr double kMostKeptPixels = 16e6;
+constexpr double kMostKeptPixels = 16e6;  // of a moving strip
 constexpr QColor kPaperEdge(160, 160, 160);
 
 }  // namespace
@@ -34,7 +34,10 @@ bool PictureBoxView::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
+// A strip that moves within another box is kept as pixels, so that a step of it draws nothing anew. A page is
+// never kept.
 bool PictureBoxView::CanKeep() const {
+  if (dynamic_cast<const PictureBox*>(&model_.Parent()) == nullptr) return false;
   const double ratio = widget_.devicePixelRatioF();
   return widget_.width() * ratio * widget_.height() * ratio <= kMostKeptPixels;
 }
@@ -60,16 +63,17 @@ void PictureBoxView::Paint() {
 }
 
 void PictureBoxView::Draw(QPainter& painter) {
-  if (model_.PaperBackground()) {
-    painter.fillRect(widget_.rect(), Qt::white);
-    painter.setPen(kPaperEdge);
-    painter.drawRect(QRectF(widget_.rect()).adjusted(0.5, 0.5, -0.5, -0.5));
-  }
+  if (model_.PaperBackground()) painter.fillRect(widget_.rect(), Qt::white);
   if (!model_.ImageKey().empty()) {
     painter.drawPixmap(0, 0, ArtworkPixmap(model_.ImageKey(), widget_.size(), widget_.devicePixelRatioF()));
   }
+  painter.save();
   painter.scale(1 / ToTwips(1), 1 / ToTwips(1));
   PaintDrawing(painter, model_.Surface.Drawing(), Context().pictures);
+  painter.restore();
+  if (!model_.PaperBackground()) return;
+  painter.setPen(kPaperEdge);
+  painter.drawRect(QRectF(widget_.rect()).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
 }  // namespace Morvane
