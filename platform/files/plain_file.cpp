@@ -4,6 +4,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <string_view>
 #include <utility>
@@ -35,7 +36,8 @@ bool AppendFrom(int descriptor, std::size_t most, std::string& bytes, const std:
 bool FewDescriptorsLeft(int descriptor) {
   rlimit limit{};
   if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY) return false;
-  return static_cast<rlim_t>(descriptor) + kReservedDescriptors >= limit.rlim_cur;
+  const rlim_t reserved = std::min(kReservedDescriptors, limit.rlim_cur / 2);
+  return static_cast<rlim_t>(descriptor) + reserved >= limit.rlim_cur;
 }
 
 class TextFile : public InputFile {
