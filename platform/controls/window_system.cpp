@@ -55,6 +55,9 @@ void WindowSystem::Dispatch(const std::function<void()>& handler) {
     MsgBox(error.what());
   } catch (const std::bad_alloc&) {
     MsgBox("Memoria insufficiente per completare l'operazione.");
+  } catch (const std::exception&) {
+    // A fault of the program's own; the user's pictures are still there.
+    MsgBox("L'operazione non è riuscita per un errore interno del programma.");
   }
 }
 

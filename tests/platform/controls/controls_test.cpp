@@ -209,6 +209,8 @@ TEST_F(Windows, GuardTellsAFailureAndTheProgramGoesOn) {
   windows.UserEvent([] { throw RuntimeError(ErrorNumber::FileNotFound, "File non trovato."); });
   ASSERT_EQ(windows.Boxes.size(), 1U);
   EXPECT_EQ(windows.Boxes[0].text, "File non trovato.");
+  windows.UserEvent([] { throw std::out_of_range("a fault of the program"); });
+  EXPECT_EQ(windows.Boxes.size(), 2U);
   windows.UserEvent(Log("next"));
   EXPECT_THAT(events, ElementsAre("next"));
 }
