@@ -104,6 +104,8 @@ void Form1::ControllaVersione() {
   platform_.windows.End();
 }
 
+// Each activation reads the layout file again and draws three times: meant, what the editor did not save is
+// gone.
 void Form1::Form_Activate() {
   state_.AppPath = WithBackslash(platform_.app.path);
   PrendiCOP();
@@ -186,6 +188,7 @@ void Form1::Check1_Click() {
   Ridisegna();
 }
 
+// Switching off draws twice: meant, the user sees no difference.
 void Form1::CambiaContorno() {
   if (Check1.Value() == 0) {
     Check1.SetValue(1);
