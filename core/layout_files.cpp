@@ -1,5 +1,6 @@
 #include "core/layout_files.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/layout_reader.h"
@@ -26,7 +27,8 @@ std::string WithBackslash(std::string path) {
   return path;
 }
 
-std::string LayoutPath(const std::string& folder, const std::string& name) {
+std::string LayoutPath(const std::string& folder, std::string name) {
+  std::replace(name.begin(), name.end(), '\\', '/');
   return folder + name + std::string(kLayoutExtension);
 }
 

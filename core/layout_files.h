@@ -15,8 +15,9 @@ inline constexpr std::string_view kLayoutExtension = ".mvne";
 // The path with a backslash added when its last character is none.
 std::string WithBackslash(std::string path);
 
-// The file of the layout `name` in `folder`, which ends in a backslash.
-std::string LayoutPath(const std::string& folder, const std::string& name);
+// The file of the layout `name` in `folder`, which ends in a backslash. A backslash in the name becomes a
+// slash, which no file name can hold: a layout lies in this folder, and no name leads out of it.
+std::string LayoutPath(const std::string& folder, std::string name);
 
 // The files that the main window has read layouts from. They stay open until this object goes, that is until
 // the program ends; this is meant: each reading holds one more open file, and the user sees nothing of it.

@@ -17,16 +17,6 @@ class DialogFiles : public DialogTest {
   }
 };
 
-TEST_F(DialogFiles, SavingWritesTheCoverOnShowAsItStandsInTheBoxes) {
-  state.decimalSeparator = ',';
-  state.CopLarg[2] = 5.125;
-  dialog->Text1.SetText("50.50x");
-  Press(dialog->Command5);
-  EXPECT_TRUE(FileHas("a", "Larg1=50.50x"));
-  EXPECT_TRUE(FileHas("a", "Larg2=51,25"));
-  EXPECT_TRUE(machine.Windows.Boxes.empty());
-}
-
 TEST_F(DialogFiles, NewFileTakesTheMeasuresOnShowOnlyFromCoverOne) {
   Press(dialog->Command2, "uno");
   EXPECT_EQ(dialog->List1.Text(), "uno");
@@ -98,11 +88,18 @@ TEST_F(DialogFiles, DeletingLoadsTheFirstThatIsLeftAndAsksAboutTheDeletedOne) {
 }
 
 TEST_F(DialogFiles, NameThatCannotBeAFileIsSavedNowhereAndTheRestGoesOn) {
-  Press(dialog->Command2, "CD/DVD");
-  EXPECT_TRUE(machine.Windows.Boxes.empty());
-  EXPECT_EQ(dialog->List1.Text(), "CD/DVD");
-  EXPECT_EQ(dialog->Text1.Text(), "100");
+  machine.WriteFile("C:\\fuori.mvne", "");
+  for (const std::string name : {"CD/DVD", "..\\fuori", "a:b"}) {
+    Press(dialog->Command2, name);
+    EXPECT_TRUE(machine.Windows.Boxes.empty());
+    EXPECT_EQ(dialog->List1.Text(), name);
+  }
+  EXPECT_EQ(machine.ReadFile("C:\\fuori.mvne"), "");
   EXPECT_EQ(machine.Files->PlainFiles("C:\\Morvane").size(), 2U);
+  Select(0);
+  Press(dialog->Command14, "..\\altrove");
+  EXPECT_TRUE(LastBox().starts_with("Impossibile rinominare il layout"));
+  EXPECT_FALSE(machine.Files->FileExists("C:\\altrove.mvne"));
 }
 
 }  // namespace
