@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "contents/listing_font.h"
+#include "core/listing_font.h"
 #include "platform/files/file_error.h"
 
 namespace Morvane {

@@ -5,7 +5,7 @@
 
 #include "contents/folder_scan.h"
 #include "contents/listing_composition.h"
-#include "contents/listing_font.h"
+#include "core/listing_font.h"
 #include "core/web_addresses.h"
 #include "platform/resume_next.h"
 #include "render/page_setup.h"

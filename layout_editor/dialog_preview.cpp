@@ -1,3 +1,4 @@
+#include "core/listing_font.h"
 #include "layout_editor/dialog.h"
 #include "layout_editor/measure_rows.h"
 #include "render/page_setup.h"
@@ -5,12 +6,6 @@
 namespace Morvane {
 
 namespace {
-
-// The listing's font size is repaired by every drawing of the program, this one too.
-void RepairListingFont(AppState& state) {
-  if (state.ElencoFontSize == 0) state.ElencoFontSize = 8;
-  if (state.ElencoFontSize < 2) state.ElencoFontSize = 2;
-}
 
 // The lowest-numbered cover whose box holds the point, 0 when there is none.
 int CoverAt(const AppState& state, double x, double y) {
@@ -29,7 +24,7 @@ std::string TwoDigits(int n) {
 
 // The sheet's long side is the list's height.
 void Dialog::ripitta() {
-  RepairListingFont(state_);
+  RepairListingFontSize(state_);
   const double h = List1.Height();
   if (state_.Orientamento == 1) {
     Picture1.SetWidth(h);

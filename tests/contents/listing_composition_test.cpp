@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "contents/listing_font.h"
+#include "core/listing_font.h"
 #include "platform/runtime_error.h"
 #include "tests/support/test_machine.h"
 
