@@ -1,5 +1,6 @@
 #include "fonts/fonten.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -34,7 +35,7 @@ constexpr std::array kControls = {
 
 constexpr double kSampleSize = 20;  // points, whatever the chosen height
 constexpr double kLargestSize = 25;
-constexpr float kSmallestSize = 2;
+constexpr double kSmallestSize = 2;
 constexpr const char* kSampleText = " - aAbB 123 zZ";
 constexpr const char* kFallbackFont = "Arial";
 constexpr const char* kNotAvailable =
@@ -108,8 +109,8 @@ void fONTEN::cmdOK_Click() {
   state_.ElencoFontItalic = static_cast<std::int16_t>(Check3d1.Value());
   if (Val(Text1.Text()) > kLargestSize) Text1.SetText("25");
   SetWindowFont(state_.ElencoFontName, italic, bold);
-  state_.ElencoFontSize = static_cast<float>(Val(Text1.Text()));
-  if (state_.ElencoFontSize < kSmallestSize) state_.ElencoFontSize = kSmallestSize;
+  // Unlike the upper limit, the lower one leaves the box as typed. This is meant.
+  state_.ElencoFontSize = static_cast<float>(std::max(Val(Text1.Text()), kSmallestSize));
   form.Hide();
 }
 

@@ -85,7 +85,7 @@ std::string AddDrives(TreeView& tree, const FileSystem& files) {
 // Without a placeholder: what the desktop folder holds is shown below its drive alone.
 void AddDesktopFolder(TreeView& tree, const std::string& path, const FileSystem& files) {
   bool isThere = false;
-  ResumeNext([&] { isThere = files.FolderExists(path); });
+  ResumeNext([&] { isThere = !path.empty() && files.FolderExists(path); });
   if (!isThere) return;
   const std::string name = path.substr(path.rfind('\\') + 1);
   ResumeNext([&] { tree.Add("desk", path, ProperCase(name), "closed"); });

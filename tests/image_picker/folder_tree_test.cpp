@@ -15,13 +15,14 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-// Drives of every type, empty; it records which of them were asked for more than their type.
+// Drives of every type, empty, and no desktop folder; it records which drives were asked for more than their
+// type.
 class DrivesWithoutFolders : public LocalFileSystem {
  public:
   using Drives = std::vector<std::pair<std::string, int>>;
 
   DrivesWithoutFolders(const std::string& root, Drives drives)
-      : LocalFileSystem(root, MountTable("", ""), root), drives_(std::move(drives)) {}
+      : LocalFileSystem(root, MountTable("", ""), ""), drives_(std::move(drives)) {}
 
   mutable std::vector<std::string> Touched;
 
@@ -66,6 +67,7 @@ TEST_F(PickerTest, EachTypeOfDriveHasItsTextAndImage) {
     EXPECT_EQ(tree.Find(drive)->Text(), look.first);
     EXPECT_EQ(tree.Find(drive)->Image(), look.second) << drive;
   }
+  EXPECT_THAT(TextsBelow("desk"), ElementsAre("Risorse del computer"));
   // No wait for a medium that is not there.
   EXPECT_THAT(drives.Touched, Not(Contains("A:\\")));
   EXPECT_THAT(drives.Touched, Not(Contains("I:\\")));
