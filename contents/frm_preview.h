@@ -44,21 +44,20 @@ class FrmPreview {
   ImageBox Picture2{form, "Picture2"};
   Listing List1;  // no control: nobody ever sees it
 
-  // Also the routine with which the handlers restore control states and geometry.
-  void Form_Load();
-  void Form_Activate();
-  void Form_Resize();
-
-  void Command2_Click();
-  void Command3_Click();
-  void Command4_Click();
-  void Option1_Click(int index);
-
   // Redraws the sheet. RuntimeError, once until a redraw succeeds again, when the surface refuses something.
   void AggiornaAnteprima();
 
  private:
   void Connect();
+
+  // Also the routine with which the handlers restore control states and geometry.
+  void Form_Load();
+  void Form_Activate();
+  void Form_Resize();
+  void Command2_Click();
+  void Command3_Click();
+  void Command4_Click();
+  void Option1_Click(int index);
   void Restore();
 
   AppState& state_;

@@ -23,7 +23,7 @@ struct Panel {
   double clearTop;
   double clearBottom;
   double clearBehind;  // what stands right of it is wiped once the panel is full
-  bool trimsLines;     // blanks before the "(" of a heading don't count
+  bool trimsLines;     // blanks before the "(" of a heading don't count; that the panels differ is meant
 };
 
 // clang-format off

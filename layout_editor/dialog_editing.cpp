@@ -22,7 +22,8 @@ double RandomPlace(Rnd& rnd, int firstMm) {
   return (std::floor(rnd.Next() * 30) + firstMm) / kCentimetresPerInch / 10;
 }
 
-// The covers behind cover n move up by one; the last cell keeps its content.
+// The covers behind cover n move up by one; the last cell keeps its content. The pictures do not move along,
+// which is meant: each stays with its number, and so shows in the cover that took the number over.
 void CloseGap(LayoutTables& tables, int n) {
   const auto shift = [&](auto& table) {
     std::copy(table.begin() + n + 1, table.begin() + tables.NumCopertine + 1, table.begin() + n);
@@ -52,6 +53,7 @@ void Dialog::ChooseShape(double shape) {
   if (shape != before) MarkModified();
 }
 
+// While no cover is on show, because the current file is missing, there is nothing that a measure belongs to.
 void Dialog::StepDown(const MeasureRow& row) {
   const double mm = Val((this->*row.box).Text());
   if (state_.CopCorrente == 0 || mm <= kLowestForStepDown) return;

@@ -17,11 +17,11 @@ class Form2 {
   CommandButton Command1{form, "Command1"};
   TextBox Text1{form, "Text1"};
 
+ private:
   void Form_Load();
   void Label1_Click();
   void Command1_Click();
 
- private:
   AppState& state_;
   Platform& platform_;
 };

@@ -37,10 +37,12 @@ class Form3 {
   CommandButton Command3d1{Frame2, "Command3d1"};
   ImageBox Picture3{Frame2, "Picture3"};
 
-  void Form_Load();
-  void Form_Unload();
   // Composes the strip from the text file; whatever fails is left out.
   void inizia();
+
+ private:
+  void Form_Load();
+  void Form_Unload();
   void Timer1_Tick();
   void TimerAnimazione_Tick();
   // Left button faster, any other slower: 1 to 101 milliseconds a step.
@@ -48,7 +50,6 @@ class Form3 {
   void Picture3_MouseMove();
   void Command3d1_Click();
 
- private:
   void DressLabels();
   void ConnectEvents();
   void StripToStart();

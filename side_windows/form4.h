@@ -22,11 +22,11 @@ class Form4 {
   CommandButton Command1{form, "Command1"};  // "OK"
   CommandButton Command2{form, "Command2"};  // "Annulla"
 
+ private:
   void Form_Load();
   void Command1_Click();
   void Command2_Click();
 
- private:
   AppState& state_;
   Platform& platform_;
 };

@@ -84,7 +84,6 @@ class TextBox : public Control {
 
   const std::string& Text() const { return text_; }
   void SetText(const std::string& text);
-  // The length limit of a text taken from the clipboard stays with the view: none.
   bool MultiLine() const { return multiLine_; }
   void SetMultiLine(bool on) { Assign(multiLine_, on, ViewChange::Appearance); }
   bool ReadOnly() const { return readOnly_; }
