@@ -205,6 +205,17 @@ TEST_F(Workspace, PageKeepsTheProportionsOfA4AndFollowsTheHeightAlone) {
   EXPECT_DOUBLE_EQ(window.StatusBar1.Top() + window.StatusBar1.Height(), 5190);
 }
 
+TEST_F(Workspace, OddOrientationIsLandscapeForThePageAndThePaperButPortraitForTheDrawing) {
+  WriteLayout("Strana", 2, "2");
+  Use("Strana");
+  EXPECT_GT(window.Picture1.Width(), window.Picture1.Height());
+  EXPECT_LT(window.Picture1.Surface.ScaleWidth(), window.Picture1.Surface.ScaleHeight());
+  machine.Device.Answers = {{.accepted = true, .copies = 1}};
+  Choose("menusta");
+  ASSERT_THAT(machine.Device.Jobs, SizeIs(1));
+  EXPECT_EQ(machine.Device.Jobs[0].orientation, PageOrientation::Landscape);
+}
+
 TEST_F(Workspace, WindowTooLowLeavesThePageAsItWasAndDrawsIt) {
   window.Picture1.Surface.Cls();
   window.form.UserResized(2000, 1000);
