@@ -215,7 +215,10 @@ TEST(ListingTest, CountsAndFindsLinesOfADeepDiscExactly) {
   EXPECT_EQ(list.List(0), "(C:\\d)");
   EXPECT_EQ(list.List(count - 1), "C:\\f");
   EXPECT_EQ(list.List(count - 2), "C:\\d\\f");
-  EXPECT_EQ(list.List(count / 2), list.List(count / 2 + (count - 2) / 2 - count / 2 + 1));
+  const LineCount below = (count - 2) / 2;  // lines of the sub-folder, listed behind its heading and again
+  EXPECT_EQ(list.List(below), "C:\\d\\f");
+  EXPECT_EQ(list.List(below + 1), "(C:\\d\\d)");
+  EXPECT_EQ(list.List(1 + below / 3), list.List(1 + below + below / 3));
   EXPECT_EQ(list.List(count), "");
 }
 

@@ -57,17 +57,6 @@ TEST_F(DialogTest, YesDiscardsTheChangesJustAsNoDoes) {
   EXPECT_EQ(state.LayoutModificato, 0);
 }
 
-TEST_F(DialogTest, LoadingAnotherShapeMarksTheCoverThatWasOnShow) {
-  WriteCovers("a", {50, 60});
-  WriteLayoutFile("b", {"Copertina1=1"});
-  Open();
-  Press(dialog->Command4);
-  Select(1);
-  EXPECT_EQ(state.CopForma[2], 1);
-  EXPECT_EQ(state.LayoutModificato, -1);
-  EXPECT_EQ(state.CopCorrente, 1);
-}
-
 TEST_F(DialogTest, UnreadableFileIsToldOfAndLeavesTheLayoutBeforeIt) {
   WriteLayoutFile("a", {"Pagina=1", "Copertina1=1", "Larg1=7", "Larg2"});
   WriteCovers("b", {121});

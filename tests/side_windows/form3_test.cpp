@@ -163,24 +163,14 @@ TEST_F(InformationWindow, PointerIsAHandOverTheLogoOnly) {
   }
 }
 
-TEST_F(InformationWindow, EveryRoadOutStopsTheTimersAndGivesThePointerBack) {
-  const std::vector<void (*)(Form3&)> roads = {
-      [](Form3& open) { open.Command3d1.PerformClick(); },
-      [](Form3& open) { open.Frame2.PerformClick(); },
-      [](Form3& open) { open.form.UnloadForm(); },
-  };
-  for (const auto road : roads) {
-    Form3 open(state, machine.platform);
-    machine.Windows.Modal["Form3"].push_back([&](Form&) {
-      open.Picture3.PerformMouseMove(0, 1, 1);
-      road(open);
-    });
-    machine.Windows.ShowModal(open.form);
-    EXPECT_TRUE(open.form.Unloaded());
-    EXPECT_EQ(machine.TheScreen.Pointer(), MousePointer::Default);
-    EXPECT_FALSE(open.Timer1.Running());
-    EXPECT_FALSE(open.TimerAnimazione.Running());
-  }
+TEST_F(InformationWindow, ClosingStopsTheTimersAndGivesThePointerBack) {
+  window.form.EnsureLoaded();
+  window.Picture3.PerformMouseMove(0, 1, 1);
+  window.Frame2.PerformClick();
+  EXPECT_TRUE(window.form.Unloaded());
+  EXPECT_EQ(machine.TheScreen.Pointer(), MousePointer::Default);
+  EXPECT_FALSE(window.Timer1.Running());
+  EXPECT_FALSE(window.TimerAnimazione.Running());
 }
 
 }  // namespace
