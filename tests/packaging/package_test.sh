@@ -31,6 +31,7 @@ WaitFor() {
     "$@" >/dev/null 2>&1 && return
     sleep 0.1
   done
+  cat "$work"/*.err >&2 || true
   Fail "in vain waited for $what"
 }
 
@@ -119,7 +120,7 @@ Start() {
   AsUser "$user" morvane 2>"$work/$user.err" &
   program=$!
   processes+=("$program")
-  WaitFor "the window: $(cat "$work/$user.err")" env DISPLAY="$display" xdotool search --onlyvisible --name Morvane
+  WaitFor "the window" env DISPLAY="$display" xdotool search --onlyvisible --name Morvane
   kill "$program"
   wait "$program" || true
   diff -r "$usr/share/morvane" "$work/$user/.local/share/morvane" || Fail "the folder of $user is not filled"
