@@ -6,6 +6,9 @@
 #include <QStandardPaths>
 #include <QTimer>
 #include <QTranslator>
+#include <algorithm>
+#include <chrono>
+#include <utility>
 
 #include "main_window/program.h"
 #include "platform/files/app_folder.h"
@@ -24,11 +27,17 @@ namespace {
 
 using namespace Morvane;
 
-// Layouts that were read stay open for the run, so let there be as many files as the system grants.
+// From the window's coming into sight to its page being painted.
+constexpr std::chrono::milliseconds kAfterFirstPage(100);
+
+// More readings of a layout than a run sees, and few enough for started programs, which take the limit over.
+constexpr rlim_t kOpenFiles = 65536;
+
+// Layouts that were read stay open for the run.
 void RaiseFileLimit() {
   rlimit limit{};
   if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return;
-  limit.rlim_cur = limit.rlim_max;
+  limit.rlim_cur = std::max(limit.rlim_cur, std::min(limit.rlim_max, kOpenFiles));
   setrlimit(RLIMIT_NOFILE, &limit);
 }
 
@@ -75,10 +84,12 @@ int main(int argc, char** argv) {
   Platform platform{windows, screen, files, pictures, metrics, fonts, printer, launcher, http, app};
 
   Program program(platform, DecimalSeparator());
-  program.Start();
-  if (windows.Ended()) return 0;
   // Asking for the printers takes its time; the page is on the screen first, as A4.
   device.OnSheetChanged = [&] { windows.Dispatch([&] { program.form1.Ridisegna(); }); };
-  QTimer::singleShot(0, &application, [&] { device.Prepare(); });
-  return QApplication::exec();
+  program.form1.form.Paint = [&, asked = false]() mutable {
+    if (!std::exchange(asked, true))
+      QTimer::singleShot(kAfterFirstPage, &application, [&] { device.Prepare(); });
+  };
+  program.Start();
+  return windows.Ended() ? 0 : QApplication::exec();
 }
