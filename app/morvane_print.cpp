@@ -1,6 +1,8 @@
 #include <QGuiApplication>
+#include <exception>
 #include <filesystem>
 #include <iostream>
+#include <system_error>
 #include <vector>
 
 #include "app/console_windows.h"
@@ -46,7 +48,9 @@ class PdfFiles : public PrinterDevice {
 };
 
 std::string WindowsPath(const FileSystem& files, const std::string& path) {
-  const std::string found = files.FromNative(std::filesystem::absolute(path).lexically_normal().string());
+  std::error_code noFolder;
+  const std::filesystem::path absolute = std::filesystem::absolute(path, noFolder);
+  const std::string found = files.FromNative(absolute.lexically_normal().string());
   if (found.empty()) throw RuntimeError(ErrorNumber::BadFileName, "Nome di file non valido: " + path);
   return found;
 }
@@ -119,9 +123,13 @@ void Print(const PrintArguments& arguments) {
   }
 }
 
+// Standard error is for the one line that says what went wrong.
+void DropToolkitMessages(QtMsgType, const QMessageLogContext&, const QString&) {}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  qInstallMessageHandler(DropToolkitMessages);
   try {
     const PrintArguments arguments = ParsePrintArguments(std::vector<std::string>(argv + 1, argv + argc));
     if (arguments.help) {
@@ -137,7 +145,7 @@ int main(int argc, char** argv) {
   } catch (const UsageError& error) {
     std::cerr << "morvane-print: " << error.what() << " (--help spiega l'uso)\n";
     return kWrongUsage;
-  } catch (const RuntimeError& error) {
+  } catch (const std::exception& error) {
     std::cerr << "morvane-print: " << error.what() << '\n';
     return kNotPrinted;
   }
