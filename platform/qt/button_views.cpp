@@ -78,10 +78,10 @@ QRect WrappedButton::DrawIconBeside(QPainter& painter, const QRect& room) const 
 // The picture takes what the caption leaves; the result is the room for the caption.
 QRect WrappedButton::DrawIcon(QPainter& painter, const QRect& room) const {
   if (icon().isNull()) return room;
+  if (room.height() < 2 * kSmallestButtonIcon) return DrawIconBeside(painter, room);
   const QFont captionFont =
       FittingFont(font(), text(), room.size() - QSize(0, kSmallestButtonIcon), kWrapped);
   const int captionHeight = QFontMetrics(captionFont).boundingRect(room, kWrapped, text()).height();
-  if (captionHeight + kSmallestButtonIcon > room.height()) return DrawIconBeside(painter, room);
   const int side = std::clamp(room.height() - captionHeight, kSmallestButtonIcon, kLargestButtonIcon);
   const int top = room.top() + std::max(0, room.height() - captionHeight - side) / 2;
   icon().paint(&painter, {room.center().x() - side / 2, top, side, side}, Qt::AlignCenter,

@@ -1,0 +1,80 @@
+#!/usr/bin/env bash
+# cover_road_test.sh BIN: a person's road through the program, by mouse and keyboard on a real screen: click inside a cover,
+# find a picture, print, measure; then change a layout in the editor, save it under a new name, print and measure that.
+set -euo pipefail
+bin=$(cd "$1" && pwd)
+cd "$(dirname "$0")/../.."
+source tools/desktop
+
+picker="Morvane - Scelta immagine"
+editor="Apertura file copertine"
+convert -size 600x600 xc:'#c02020' -quality 95 "$home/Foto/rosso.jpg"
+
+# print_to NAME: prints from the main window; with no printer installed the job becomes the file Documenti/NAME.pdf.
+print_to() {
+  window Morvane
+  xdotool windowfocus "$id" key ctrl+s
+  window Stampa
+  sleep 0.3
+  xdotool key Return
+  gone Stampa
+  for _ in $(seq 100); do
+    [[ -s "$home/Documenti/$1.pdf" ]] && break
+    sleep 0.1
+  done
+  sheet="$home/Documenti/$1.pdf"
+}
+
+# expect_red X Y WIDTH HEIGHT: the red picture on the sheet, in millimetres; 0.05 for sizes, 0.10 for the place.
+expect_red() {
+  pdftocairo -r 600 -singlefile -png "$sheet" "$home/sheet"
+  local box
+  # Red without green: half of it at an edge that covers half a pixel, nothing for black and white.
+  box=$(convert "$home/sheet.png" -color-matrix '1 -1 0  1 -1 0  1 -1 0' -threshold 31.4% -trim \
+    -format '%X %Y %w %h' info:)
+  awk -v wanted="$1 $2 $3 $4" -v found="$box" 'BEGIN {
+    split(wanted, w); split(found, f); split("0.10 0.10 0.05 0.05", limit); bad = 0
+    for (i = 1; i <= 4; i++) {
+      mm = f[i] * 25.4 / 600
+      printf "%s%.3f mm (wanted %s)", (i > 1 ? ", " : "red box: "), mm, w[i]
+      off = mm - w[i]; if (off < 0) off = -off
+      if (off > limit[i]) bad = 1
+    }
+    print ""; exit bad }'
+}
+
+start
+click Morvane 1700 2600 # inside cover 1
+window "$picker"
+open_folder "$home/Foto"
+xdotool key Tab
+click "$picker" 8000 780
+gone "$picker"
+print_to Morvane
+expect_red 25 25 121 121
+grep -q '^FileFolder=C:\\.*Foto' "$home/Programmi/morvane.ini"
+
+# A disc's cover, one millimetre wider and two further right, under a name of its own.
+window Morvane
+xdotool windowfocus "$id" key ctrl+p
+click "$editor" 800 600
+xdotool type --delay 30 "CD - Fronte"
+sleep 0.3
+click "$editor" 4725 6090
+click "$editor" 6825 6090
+click "$editor" 6825 6090
+xdotool key alt+n
+sleep 0.7
+xdotool key ctrl+a
+xdotool type --delay 15 "Prova di strada"
+xdotool key Return
+sleep 0.5
+[[ -s "$home/Programmi/Prova di strada.mvne" ]]
+click "$editor" 7600 660
+gone "$editor"
+sleep 0.5
+left=$(($(tr -d '\r' <"$home/Programmi/CD - Fronte e retro.mvne" | sed -n 's/^Distx1=//p') + 2))
+top=$(tr -d '\r' <"$home/Programmi/CD - Fronte e retro.mvne" | sed -n 's/^Disty1=//p')
+print_to "Prova di strada"
+expect_red "$left" "$top" 122 121
+stop
