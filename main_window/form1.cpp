@@ -39,7 +39,6 @@ constexpr double kWindowLeft = 300;  // twips, as are all here
 constexpr double kLargestTop = 300;
 constexpr double kAroundPage = 1950;  // what the window's height has beyond the page's
 constexpr int kMinimisedWithFocus = 2;
-constexpr std::int16_t kMaxCopertine = 100;
 
 constexpr std::string_view kHelp =
     "Morvane\r\n\r\n"
@@ -92,7 +91,7 @@ void Form1::Form_Load() {
   state_.PaginaLarg = 297;
   state_.PaginaAlte = 210;
   ReadSettings(state_, platform_.files);
-  state_.MaxCopertine = kMaxCopertine;
+  state_.MaxCopertine = kMaxCovers;
 }
 
 void Form1::ControllaVersione() {

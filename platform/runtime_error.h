@@ -10,8 +10,6 @@ enum class ErrorNumber {
   InvalidProcedureCall = 5,
   Overflow = 6,
   OutOfMemory = 7,
-  SubscriptOutOfRange = 9,
-  DivisionByZero = 11,
   BadFileName = 52,
   FileNotFound = 53,
   FileAlreadyExists = 58,

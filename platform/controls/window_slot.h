@@ -15,14 +15,19 @@ class WindowSlot {
  public:
   explicit WindowSlot(std::function<std::unique_ptr<Window>()> make) : make_(std::move(make)) {}
 
-  // The window, loaded. Two windows that load each other find the half-loaded one here.
+  // The window, loaded. Two windows that load each other find the half-loaded one here; one whose loading
+  // fails is not kept.
   Window& Get() {
-    if (!window_) window_ = make_();
-    window_->form.EnsureLoaded();
+    if (window_) return *window_;
+    window_ = make_();
+    try {
+      window_->form.EnsureLoaded();
+    } catch (...) {
+      window_.reset();
+      throw;
+    }
     return *window_;
   }
-
-  bool IsLoaded() const { return window_ != nullptr; }
 
   void ShowModal(WindowSystem& windows) {
     windows.ShowModal(Get().form);

@@ -48,9 +48,10 @@ bool CanBeWritten(const std::string& folder) {
 }  // namespace
 
 std::string FindAppFolder(const AppFolderPlaces& places) {
-  if (CanBeWritten(places.executableFolder)) return places.executableFolder;
-  const fs::path folder = DataFolder(places);
   std::error_code error;
+  const bool installed = fs::is_directory(places.shippedFolder, error);
+  if (!installed && CanBeWritten(places.executableFolder)) return places.executableFolder;
+  const fs::path folder = DataFolder(places);
   if (!folder.is_absolute()) return places.executableFolder;
   if (!fs::exists(folder, error)) MakeFilled(folder, places.shippedFolder);
   return fs::is_directory(folder, error) ? folder.string() : places.executableFolder;

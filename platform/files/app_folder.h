@@ -9,12 +9,13 @@ struct AppFolderPlaces {
   std::string executableFolder;
   std::string dataHome;  // value of XDG_DATA_HOME; one that is not absolute does not count
   std::string home;
-  std::string shippedFolder;  // layouts and texts that come with the program
+  std::string shippedFolder;  // layouts and texts of an installed program; need not exist
 };
 
-// The program's folder: the executable's own when it can be written, else "morvane" in the user's data
-// folder. That one is made with copies of the shipped files at first use and then left as the user has it.
-// When it cannot be made, the executable's folder serves, for reading. No failure is reported.
+// The program's folder: the executable's own when it can be written and the program is not an installed one
+// (root could write to /usr/bin, too), else "morvane" in the user's data folder. That one is made with copies
+// of the shipped files at first use and then left as the user has it. When it cannot be made, the
+// executable's folder serves, for reading. No failure is reported.
 std::string FindAppFolder(const AppFolderPlaces& places);
 
 }  // namespace Morvane

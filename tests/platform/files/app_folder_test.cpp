@@ -23,11 +23,12 @@ class AppFolderTest : public ::testing::Test {
   TempFolder temp_;
 };
 
-TEST_F(AppFolderTest, IsTheExecutablesOwnWhenItCanBeWritten) {
+TEST_F(AppFolderTest, IsTheExecutablesOwnWhenItCanBeWrittenAndNothingIsInstalled) {
   AppFolderPlaces places = Installed();
   places.executableFolder = temp_.Path();
+  EXPECT_EQ(FindAppFolder(places), temp_.Path("data/morvane"));
+  places.shippedFolder = temp_.Path("no-share");
   EXPECT_EQ(FindAppFolder(places), temp_.Path());
-  EXPECT_FALSE(temp_.Has("data"));
 }
 
 TEST_F(AppFolderTest, IsFilledWithWritableCopiesAtFirstUse) {
