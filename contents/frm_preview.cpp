@@ -157,12 +157,15 @@ void FrmPreview::Command3_Click() {
   Printer& printer = platform_.printer;
   try {
     // A cancel in this dialog doesn't stop the job. This is meant: the sheet goes to the current printer.
-    printer.ShowDialog({.restricted = false});
+    const PrintDialogAnswer answer = printer.ShowDialog({.restricted = false});
     platform_.screen.SetMousePointer(MousePointer::Hourglass);
-    printer.Surface().SetScaleMode(ScaleMode::Millimetres);
-    PrintRoutineAAAA(printer.Surface(), 1.0, state_, {List1, Text1.Text(), Check1.Value() == 1});
     printer.JobTitle = Text1.Text().empty() ? platform_.app.title : Text1.Text();
-    printer.EndDoc();
+    const int copies = answer.accepted ? answer.copies : 1;
+    for (int copy = 1; copy <= copies; ++copy) {
+      printer.Surface().SetScaleMode(ScaleMode::Millimetres);
+      PrintRoutineAAAA(printer.Surface(), 1.0, state_, {List1, Text1.Text(), Check1.Value() == 1});
+      printer.EndDoc();
+    }
     platform_.screen.SetMousePointer(MousePointer::Default);
   } catch (const RuntimeError& error) {
     platform_.screen.SetMousePointer(MousePointer::Default);
