@@ -13,57 +13,56 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kTopFolders = 40;
-constexpr int kFoldersInEach = 49;
 constexpr int kFilesInEach = 50;
+constexpr int kFoldersInEach = 50;
 
 void WriteFiles(const fs::path& folder, int count) {
   fs::create_directories(folder);
   for (int i = 0; i < count; ++i) std::ofstream(folder / ("Brano numero " + std::to_string(i) + ".mp3"));
 }
 
-// C:\Disco with 2,000 folders of 50 files.
-class BigDisc : public benchmark::Fixture {
- public:
-  void SetUp(benchmark::State&) override {
-    if (machine) return;
-    machine = std::make_unique<TestMachine>();
-    disc = machine->Root.Path() + "/Disco";
-    for (int top = 0; top < kTopFolders; ++top) {
-      const fs::path folder = disc / ("Autore " + std::to_string(top));
-      WriteFiles(folder, kFilesInEach);
-      for (int i = 0; i < kFoldersInEach; ++i) {
-        WriteFiles(folder / ("Disco " + std::to_string(i)), kFilesInEach);
-      }
+// C:\Disco with so many files, 50 to a folder and 50 folders to a folder.
+struct Disc {
+  TestMachine machine;
+  const fs::path folder = machine.Root.Path() + "/Disco";
+
+  explicit Disc(std::int64_t files) {
+    for (std::int64_t i = 0; i < files / kFilesInEach; ++i) {
+      const fs::path top = folder / ("Autore " + std::to_string(i / kFoldersInEach));
+      WriteFiles(top / ("Disco " + std::to_string(i)), kFilesInEach);
     }
   }
-
- protected:
-  std::unique_ptr<TestMachine> machine;
-  fs::path disc;
 };
 
-BENCHMARK_DEFINE_F(BigDisc, PlainWalk)(benchmark::State& run) {
+void PlainWalk(benchmark::State& run) {
+  const Disc disc(run.range(0));
   for (auto _ : run) {
     int files = 0;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(disc)) {
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(disc.folder)) {
       files += entry.is_regular_file() ? 1 : 0;
     }
     benchmark::DoNotOptimize(files);
   }
 }
-BENCHMARK_REGISTER_F(BigDisc, PlainWalk)->Unit(benchmark::kMillisecond);
+BENCHMARK(PlainWalk)->Arg(100)->Arg(1000)->Arg(10000)->Arg(50000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
-BENCHMARK_DEFINE_F(BigDisc, FolderScan)(benchmark::State& run) {
+void FolderScan(benchmark::State& run) {
+  Disc disc(run.range(0));
   AppState state;
   Listing list;
   for (auto _ : run) {
     state.ElencoRighe = 0;
-    FindSubFolders("C:\\Disco", state, machine->platform, list);
+    FindSubFolders("C:\\Disco", state, disc.machine.platform, list);
   }
   run.counters["lines"] = static_cast<double>(list.ListCount());
 }
-BENCHMARK_REGISTER_F(BigDisc, FolderScan)->Unit(benchmark::kMillisecond);
+BENCHMARK(FolderScan)
+    ->Arg(100)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Arg(50000)
+    ->Arg(100000)
+    ->Unit(benchmark::kMillisecond);
 
 // The contents window, opened.
 struct OpenWindow {
@@ -78,18 +77,18 @@ struct OpenWindow {
   }
 };
 
-// 40 folders in each other, 3 files in each: more than 10^12 lines.
+// Folders in each other, 3 files in each: at 40 more than 10^12 lines.
 void ReadDeepDisc(benchmark::State& run) {
   OpenWindow open;
   fs::path folder = open.machine.Root.Path() + "/Fondo";
-  for (int depth = 0; depth < 40; ++depth) WriteFiles(folder /= "dentro", 3);
+  for (std::int64_t depth = 0; depth < run.range(0); ++depth) WriteFiles(folder /= "dentro", 3);
   for (auto _ : run) open.Read("C:\\Fondo");
   run.counters["lines"] = static_cast<double>(open.window.List1.ListCount());
   const std::size_t before = mallinfo2().uordblks;
   open.window.List1.Clear();
   run.counters["list_bytes"] = static_cast<double>(before - mallinfo2().uordblks);
 }
-BENCHMARK(ReadDeepDisc)->Unit(benchmark::kMillisecond);
+BENCHMARK(ReadDeepDisc)->Arg(1)->Arg(10)->Arg(20)->Arg(30)->Arg(40)->Unit(benchmark::kMillisecond);
 
 // One keystroke in the title, with both panels full.
 void RedrawAtKeystroke(benchmark::State& run) {

@@ -1,0 +1,199 @@
+#include <benchmark/benchmark.h>
+
+#include <QElapsedTimer>
+#include <QPainter>
+#include <QThread>
+#include <algorithm>
+#include <cstdlib>
+
+#include "bench/photos/photo.h"
+#include "bench/windows/window_machine.h"
+#include "main_window/program.h"
+#include "tests/support/private_cups.h"
+
+// The page with photos in its covers, through the real windows without a screen. The photos of
+// MORVANE_BENCH_PHOTOS are named after their megapixels: 12-1.jpg to 12-4.jpg and 1.jpg to 100.jpg.
+namespace Morvane {
+namespace {
+
+constexpr int kPageWidth = 1000;
+constexpr int kPageHeight = 1414;
+constexpr int kPhotos = 4;
+
+std::string PhotoFolder() {
+  return std::getenv("MORVANE_BENCH_PHOTOS");
+}
+
+std::string PhotoFor(int cover) {
+  return "C:\\Foto\\12-" + std::to_string(cover % kPhotos + 1) + ".jpg";
+}
+
+// 100 pictures of 12 megapixels, each with its own bytes; loaded once for all benchmarks.
+const std::vector<PicturePtr>& Photos() {
+  static const std::vector<PicturePtr> photos = [] {
+    WindowMachine desk(PhotoFolder());
+    std::vector<PicturePtr> loaded;
+    for (int i = 0; i < kMaxCovers; ++i) loaded.push_back(desk.pictures.LoadPicture(PhotoFor(i)));
+    return loaded;
+  }();
+  return photos;
+}
+
+double MillisecondsOf(const QElapsedTimer& timer) {
+  return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+// The main window with a page of 1000 x 1414 pixels, a photo in each of the covers.
+struct ShownPage {
+  WindowMachine desk{PhotoFolder()};
+  Program program{desk.platform, ','};
+  QWidget* window = nullptr;
+  QWidget* page = nullptr;
+
+  explicit ShownPage(int covers) {
+    FillSheet(program.state, covers);
+    std::copy_n(Photos().begin(), covers, program.slots.Image1.begin());
+    program.Start();
+    QApplication::processEvents();
+    window = &WindowMachine::Widget("Form1", "");
+    page = &WindowMachine::Widget("Form1", "Picture1");
+    ResizePage(kPageHeight);
+    QApplication::processEvents();
+    Redraw();
+  }
+
+  void ResizePage(int height) { window->resize(1200, window->height() + height - page->height()); }
+  void Redraw() {
+    program.form1.Ridisegna();
+    page->repaint();
+  }
+};
+
+// As many pictures as covers, already of their size.
+class PaintedCopies : public QWidget {
+ public:
+  explicit PaintedCopies(int covers) {
+    for (int i = 0; i < covers; ++i) {
+      QImage image(90, 129, QImage::Format_RGB32);
+      image.fill(QColor(i, 128, 255 - i));
+      images_.push_back(image);
+    }
+    resize(kPageWidth, kPageHeight);
+    show();
+    QApplication::processEvents();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::white);
+    for (std::size_t i = 0; i < images_.size(); ++i) {
+      const int at = static_cast<int>(i);
+      painter.drawImage(QPoint(at % 10 * kPageWidth / 10, at / 10 * kPageHeight / 10), images_[i]);
+    }
+  }
+
+ private:
+  std::vector<QImage> images_;
+};
+
+void PaintCopies(benchmark::State& run) {
+  PaintedCopies copies(static_cast<int>(run.range(0)));
+  for (auto _ : run) copies.repaint();
+}
+BENCHMARK(PaintCopies)->Arg(1)->Arg(10)->Arg(25)->Arg(50)->Arg(75)->Arg(100)->Unit(benchmark::kMillisecond);
+
+void RedrawPage(benchmark::State& run) {
+  ShownPage shown(static_cast<int>(run.range(0)));
+  for (auto _ : run) shown.Redraw();
+  run.counters["page_width"] = shown.page->width();
+  run.counters["page_height"] = shown.page->height();
+}
+BENCHMARK(RedrawPage)->Arg(1)->Arg(10)->Arg(25)->Arg(50)->Arg(75)->Arg(100)->Unit(benchmark::kMillisecond);
+
+// Smaller and larger again, no two sizes in a row the same; at the end the frame that makes it sharp.
+void ResizePage(benchmark::State& run) {
+  constexpr int kSteps = 100;
+  ShownPage shown(100);
+  double worst = 0;
+  int step = 0;
+  for (auto _ : run) {
+    const int way = std::abs(step++ % (2 * kSteps) - kSteps);
+    QElapsedTimer timer;
+    timer.start();
+    shown.ResizePage(kPageHeight - (kSteps - way) * 3);
+    shown.page->repaint();
+    worst = std::max(worst, MillisecondsOf(timer));
+  }
+  QThread::msleep(300);
+  QElapsedTimer timer;
+  timer.start();
+  WindowMachine::Settle(*shown.page);
+  run.counters["sharp_ms"] = MillisecondsOf(timer);
+  run.counters["worst_ms"] = std::max(worst, MillisecondsOf(timer));
+}
+BENCHMARK(ResizePage)->Unit(benchmark::kMillisecond);
+
+void DecodePhoto(benchmark::State& run) {
+  const std::string path = PhotoFolder() + "/" + std::to_string(run.range(0)) + ".jpg";
+  for (auto _ : run) benchmark::DoNotOptimize(DecodeToNowhere(path));
+}
+BENCHMARK(DecodePhoto)->Arg(1)->Arg(6)->Arg(12)->Arg(24)->Arg(50)->Arg(100)->Unit(benchmark::kMillisecond);
+
+void LoadPhotoIntoSlot(benchmark::State& run) {
+  ShownPage shown(0);
+  const std::string path = "C:\\Foto\\" + std::to_string(run.range(0)) + ".jpg";
+  for (auto _ : run) {
+    shown.program.slots.Image1[0] = shown.desk.pictures.LoadPicture(path);
+    shown.Redraw();
+  }
+}
+BENCHMARK(LoadPhotoIntoSlot)
+    ->Arg(1)
+    ->Arg(6)
+    ->Arg(12)
+    ->Arg(24)
+    ->Arg(50)
+    ->Arg(100)
+    ->Unit(benchmark::kMillisecond);
+
+// The cover on show goes right and left, and grows and shrinks; its photo with it.
+void EditorStep(benchmark::State& run) {
+  WindowMachine desk(PhotoFolder());
+  AppState state;
+  state.MaxCopertine = kMaxCovers;
+  state.AppPath = "C:\\Morvane\\";
+  CoverSlots slots;
+  Rnd rnd;
+  FillSheet(state, kMaxCovers);
+  std::copy(Photos().begin(), Photos().end(), slots.Image1.begin());
+  Dialog editor(state, desk.platform, slots, rnd);
+  desk.windows.ShowMain(editor.form);
+  QWidget& preview = WindowMachine::Widget(editor.form.Name(), "Picture1");
+  WindowMachine::Settle(preview);
+  CommandButton* const steps[] = {&editor.Command11, &editor.Command7, &editor.Command10, &editor.Command6};
+  double worst = 0;
+  int step = 0;
+  for (auto _ : run) {
+    QElapsedTimer timer;
+    timer.start();
+    steps[step++ % 4]->PerformClick();
+    preview.repaint();
+    worst = std::max(worst, MillisecondsOf(timer));
+  }
+  run.counters["covers"] = state.NumCopertine;
+  run.counters["worst_ms"] = worst;
+}
+BENCHMARK(EditorStep)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace Morvane
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  Morvane::PrivateCups::ChoosePort();
+  const QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

@@ -1,0 +1,46 @@
+#include <fstream>
+#include <iostream>
+
+#include "bench/windows/window_machine.h"
+#include "main_window/program.h"
+#include "tests/support/private_cups.h"
+
+namespace {
+
+using namespace Morvane;
+
+// Kilobytes of a line of this process's status.
+long Memory(const std::string& name) {
+  std::ifstream status("/proc/self/status");
+  std::string word;
+  long kilobytes = 0;
+  while (status >> word) {
+    if (word == name && status >> kilobytes) return kilobytes;
+  }
+  return 0;
+}
+
+}  // namespace
+
+// photos_in_slots FOLDER PHOTO...: shows a page of 100 covers with the photos in turn, and tells in kB the
+// memory that is held and the most that was, then the bytes of the files that are held, in kB too.
+int main(int argc, char** argv) {
+  if (argc < 3) return 2;
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  PrivateCups::ChoosePort();
+  const QApplication application(argc, argv);
+  WindowMachine desk(argv[1]);
+  Program program(desk.platform, ',');
+  FillSheet(program.state, kMaxCovers);
+  program.Start();
+  long files = 0;
+  for (int i = 0; i < kMaxCovers; ++i) {
+    const std::string photo = std::string("C:\\Foto\\") + argv[2 + i % (argc - 2)];
+    program.slots.Image1[static_cast<std::size_t>(i)] = desk.pictures.LoadPicture(photo);
+    files += static_cast<long>(std::filesystem::file_size(desk.machine.Files->ToNative(photo)) / 1024);
+    program.form1.Ridisegna();
+    WindowMachine::Widget("Form1", "Picture1").repaint();
+  }
+  std::cout << Memory("VmRSS:") << ' ' << Memory("VmHWM:") << ' ' << files << '\n';
+  return 0;
+}

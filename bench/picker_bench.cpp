@@ -1,0 +1,142 @@
+#include <benchmark/benchmark.h>
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <memory>
+
+#include "bench/windows/window_machine.h"
+#include "image_picker/frm_about.h"
+#include "platform/qt/qt_picture.h"
+#include "tests/support/private_cups.h"
+
+// The image picker, through the real windows without a screen.
+namespace Morvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kPictures = 9999;
+constexpr int kFolders = 5000;
+constexpr QSize kPreview(247, 165);
+
+// C:\Tante with 9,999 names of one photo, C:\Molte with 5,000 folders of one folder each.
+struct FullMachine {
+  WindowMachine desk{std::getenv("MORVANE_BENCH_PHOTOS")};
+  AppState state;
+  std::unique_ptr<frmAbout> picker;
+  const std::string pictures = desk.machine.Root.Path() + "/Tante";
+  const std::string folders = desk.machine.Root.Path() + "/Molte";
+
+  void WritePictures() {
+    fs::create_directory(pictures);
+    const std::string first = pictures + "/Foto 1.jpg";
+    fs::copy_file(desk.machine.Root.Path() + "/Foto/12-1.jpg", first);
+    for (int i = 2; i <= kPictures; ++i)
+      fs::create_hard_link(first, pictures + "/Foto " + std::to_string(i) + ".jpg");
+  }
+  void WriteFolders() {
+    for (int i = 1; i <= kFolders; ++i)
+      fs::create_directories(folders + "/Cartella " + std::to_string(i) + "/Dentro");
+  }
+  QWidget& Show() {
+    picker = std::make_unique<frmAbout>(state, desk.platform, [] {});
+    desk.windows.ShowMain(picker->form);
+    QApplication::processEvents();
+    return WindowMachine::Widget(picker->form.Name(), "");
+  }
+};
+
+int PlainWalk(const std::string& folder) {
+  int files = 0;
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+    files += entry.is_regular_file() ? 1 : 0;
+  return files;
+}
+
+void WalkPictures(benchmark::State& run) {
+  FullMachine full;
+  full.WritePictures();
+  for (auto _ : run) benchmark::DoNotOptimize(PlainWalk(full.pictures));
+}
+BENCHMARK(WalkPictures)->Unit(benchmark::kMillisecond);
+
+void WalkPicturesAndPreview(benchmark::State& run) {
+  FullMachine full;
+  full.WritePictures();
+  for (auto _ : run) {
+    benchmark::DoNotOptimize(PlainWalk(full.pictures));
+    const PicturePtr picture = full.desk.pictures.LoadPicture("C:\\Tante\\Foto 1.jpg");
+    benchmark::DoNotOptimize(dynamic_cast<const QtPicture&>(*picture).Decode(kPreview));
+  }
+}
+BENCHMARK(WalkPicturesAndPreview)->Unit(benchmark::kMillisecond);
+
+void ListPictures(benchmark::State& run) {
+  FullMachine full;
+  full.WritePictures();
+  QWidget& window = full.Show();
+  full.picker->lblPath.SetCaption("C:\\Tante");
+  for (auto _ : run) {
+    full.picker->Command4.PerformClick();
+    WindowMachine::Settle(window);
+  }
+  run.counters["pictures"] = full.picker->List1.ListCount();
+}
+BENCHMARK(ListPictures)->Unit(benchmark::kMillisecond);
+
+// Until the first folder in it is found.
+void LookInto(const std::string& path) {
+  struct stat info {};
+  ::lstat(path.c_str(), &info);
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  DIR* const folder = ::fdopendir(descriptor);
+  while (::readdir(folder) != nullptr) {
+  }
+  ::closedir(folder);
+}
+
+void SameCallsAsExpand(benchmark::State& run) {
+  FullMachine full;
+  full.WriteFolders();
+  for (auto _ : run) {
+    DIR* const all = ::opendir(full.folders.c_str());
+    while (const dirent* const entry = ::readdir(all)) {
+      if (entry->d_name[0] != '.') LookInto(full.folders + "/" + entry->d_name);
+    }
+    ::closedir(all);
+  }
+}
+BENCHMARK(SameCallsAsExpand)->Unit(benchmark::kMillisecond);
+
+void ExpandFolders(benchmark::State& run) {
+  FullMachine full;
+  full.WriteFolders();
+  for (auto _ : run) {
+    run.PauseTiming();
+    full.picker.reset();
+    QWidget& window = full.Show();
+    TreeView& tree = full.picker->tvwdirtree;
+    if (!tree.Find("C:")->Expanded()) tree.UserExpands(*tree.Find("C:"));
+    WindowMachine::Settle(window);
+    run.ResumeTiming();
+    tree.UserExpands(*tree.Find("C:\\Molte"));
+    WindowMachine::Settle(window);
+    run.counters["nodes"] = tree.NodeCount();
+  }
+}
+BENCHMARK(ExpandFolders)->Unit(benchmark::kMillisecond)->Iterations(5);
+
+}  // namespace
+}  // namespace Morvane
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  Morvane::PrivateCups::ChoosePort();
+  const QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
