@@ -1,9 +1,11 @@
 #include "platform/qt/button_views.h"
 
+#include <QButtonGroup>
 #include <QStyleOptionButton>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 #include <algorithm>
+#include <memory>
 
 #include "platform/qt/artwork.h"
 #include "platform/qt/view_text.h"
@@ -13,7 +15,7 @@ namespace {
 
 constexpr int kSmallestButtonIcon = 16;
 constexpr int kLargestButtonIcon = 32;
-constexpr int kButtonMargin = 3;
+constexpr int kButtonMargin = 2;
 constexpr int kIndicatorGap = 4;
 constexpr int kWrapped = Qt::TextWordWrap | Qt::TextShowMnemonic;
 
@@ -47,6 +49,13 @@ void DrawChoice(QStylePainter& painter, QStyleOptionButton& option, QStyle::Prim
 void MirrorCaption(QAbstractButton& button, const Control& model) {
   const QString caption = QString::fromStdString(model.Caption());
   if (button.text() != caption) button.setText(caption);
+}
+
+// The options directly in `parent`. Left alone, the toolkit counts those of the frames within to them.
+QButtonGroup& OptionsOf(QWidget& parent) {
+  auto* group = parent.findChild<QButtonGroup*>(QString(), Qt::FindDirectChildrenOnly);
+  if (group == nullptr) group = std::make_unique<QButtonGroup>(&parent).release();  // the parent's from here
+  return *group;
 }
 
 }  // namespace
@@ -143,7 +152,8 @@ void CheckBoxView::MirrorSelection() {
 }
 
 OptionButtonView::OptionButtonView(OptionButton& model, QWidget& parent, const ViewContext& context)
-    : ControlView(model, context), model_(model), button_(&parent) {
+    : ControlView(model, context), model_(model), button_(&parent), group_(OptionsOf(parent)) {
+  group_.addButton(&button_);
   connect(&button_, &QRadioButton::clicked, this, [this] {
     Feed([this] {
       model_.SetFocus();
@@ -160,9 +170,9 @@ void OptionButtonView::MirrorAppearance() {
 
 // The toolkit refuses to clear the last option of a group; the program may.
 void OptionButtonView::MirrorSelection() {
-  button_.setAutoExclusive(false);
+  group_.setExclusive(false);
   button_.setChecked(model_.Value());
-  button_.setAutoExclusive(true);
+  group_.setExclusive(true);
 }
 
 }  // namespace Morvane

@@ -7,6 +7,8 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/qt/control_view.h"
 
+class QButtonGroup;
+
 namespace Morvane {
 
 // A push button whose caption may take several lines, below its picture.
@@ -86,6 +88,7 @@ class OptionButtonView : public ControlView {
  private:
   OptionButton& model_;
   WrappedRadioButton button_;
+  QButtonGroup& group_;
 };
 
 }  // namespace Morvane

@@ -71,7 +71,9 @@ QString WithoutAccessKey(const std::string& caption) {
 }
 
 QString SpokenText(const Control& control) {
-  if (!control.Caption().empty()) return WithoutAccessKey(control.Caption());
+  const QString caption = WithoutAccessKey(control.Caption());
+  if (std::any_of(caption.begin(), caption.end(), [](QChar c) { return c.isLetterOrNumber(); }))
+    return caption;
   return QString::fromStdString(control.SpokenName().empty() ? control.ToolTipText() : control.SpokenName());
 }
 

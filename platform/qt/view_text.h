@@ -27,7 +27,7 @@ QFont FittingFont(QFont font, const QString& text, QSize room, int flags);
 // Shown as it stands, whatever it holds, with long texts on several lines; empty for an empty text.
 QString ToolTip(const std::string& text);
 
-// What a screen reader says: the caption, or its stand-ins.
+// What a screen reader says: the caption, or its stand-ins where the caption is a mere sign.
 QString SpokenText(const Control& control);
 QString WithoutAccessKey(const std::string& caption);
 
