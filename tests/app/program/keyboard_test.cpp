@@ -86,6 +86,12 @@ TEST_P(Keyboard, ReachesEverythingInTheOrderOfTheTable) {
     ASSERT_FALSE(acting.empty());
     acting.front()->setFocus();
     EXPECT_EQ(Names(Reached(window)), Names(acting));
+    for (const auto& [control, widget] : ViewsOf(form, window)) {
+      const auto* const option = dynamic_cast<OptionButton*>(control);
+      if (option != nullptr) {
+        EXPECT_EQ(qobject_cast<QRadioButton*>(widget)->isChecked(), option->Value()) << option->Name();
+      }
+    }
   });
 }
 
