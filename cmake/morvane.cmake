@@ -1,7 +1,16 @@
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+# Pictures come from outside.
+add_link_options(-Wl,-z,now)
+if(NOT MORVANE_SANITIZE)
+  add_compile_options("$<$<CONFIG:RelWithDebInfo>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+endif()
 if(MORVANE_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
+endif()
+if(MORVANE_FUZZ)
+  # The compiler that counts as to warnings is the other one.
+  add_compile_options(-fsanitize=fuzzer-no-link -Wno-error)
 endif()
 
 # Each folder is seen by others through a link of its own, so that #include "core/val.h" compiles only in a

@@ -1,0 +1,36 @@
+#include "fuzz/support/fuzz_machine.h"
+#include "platform/old_formats/decoder_client.h"
+#include "platform/old_formats/svg_references.h"
+#include "platform/runtime_error.h"
+
+using namespace Morvane;
+
+namespace {
+
+void Check(const DecodedPicture& picture) {
+  if (const auto* svg = std::get_if<DecodedSvg>(&picture)) {
+    MustHold(svg->widthTwips > 0 && svg->heightTwips > 0, "a drawing has a size");
+    MustHold(RefersOnlyToItself(svg->text), "a drawing refers to nothing outside");
+    return;
+  }
+  const auto& pixels = std::get<DecodedPixels>(picture);
+  MustHold(pixels.width > 0 && pixels.height > 0, "a picture has a size");
+  MustHold(pixels.rgba.size() == std::size_t{4} * static_cast<std::size_t>(pixels.width) *
+                                     static_cast<std::size_t>(pixels.height),
+           "all pixels are there");
+}
+
+}  // namespace
+
+// A file of an old format with any content: the decoder, in its locked process, gives a picture or none.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string bytes = Text(data, size);
+  const auto format = FormatOf(bytes);
+  if (!format) return 0;
+  try {
+    Check(DecodeOldFormat(MORVANE_DECODER, *format, bytes));
+  } catch (const RuntimeError& error) {
+    MustHold(error.Number() == ErrorNumber::InvalidPicture, "a bad file is a bad picture");
+  }
+  return 0;
+}
