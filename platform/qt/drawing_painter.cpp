@@ -7,7 +7,6 @@
 #include <cmath>
 
 #include "platform/qt/font_stand_ins.h"
-#include "platform/qt/qt_picture.h"
 #include "platform/units.h"
 
 namespace Morvane {
@@ -24,9 +23,10 @@ QColor ToQt(Color color) {
 // pixel ratio is, and stay in twips on paper.
 class Painting {
  public:
-  Painting(QPainter& painter, PictureCache& cache)
+  Painting(QPainter& painter, PictureCache& cache, Pixels which)
       : painter_(painter),
         cache_(cache),
+        which_(which),
         onPaper_(painter.paintEngine()->type() == QPaintEngine::Pdf),
         twips_(painter.worldTransform()),
         toPixels_(onPaper_ ? QTransform() : painter.deviceTransform()),
@@ -61,11 +61,7 @@ class Painting {
   void operator()(const PictureShape& shape) {
     painter_.setWorldTransform(pixels_);
     const QRectF box = InPixels(shape.box);
-    if (onPaper_) {
-      const QSizeF dots = box.size() * kFinestPixelsPerTwip;
-      DrawPicture(shape.picture, box, QSize(AtLeastOne(dots.width()), AtLeastOne(dots.height())));
-      return;
-    }
+    if (onPaper_) return DrawPicture(shape.picture, box, PaperDots(box));
     const QPoint corner(static_cast<int>(std::lround(box.left())), static_cast<int>(std::lround(box.top())));
     const QSize size(AtLeastOne(std::round(box.right()) - corner.x()),
                      AtLeastOne(std::round(box.bottom()) - corner.y()));
@@ -83,7 +79,23 @@ class Painting {
     painter_.drawText(QPointF(0, QFontMetricsF(font).ascent()), QString::fromStdString(text.text));
   }
 
+  // Pictures on paper are large and seldom in the cache.
+  void DecodeForPaper(const DrawingList& drawing) {
+    if (!onPaper_) return;
+    std::vector<PictureCache::Wish> wishes;
+    for (const Shape& shape : drawing) {
+      const auto* const picture = std::get_if<PictureShape>(&shape);
+      if (picture != nullptr) wishes.push_back({picture->picture, PaperDots(InPixels(picture->box))});
+    }
+    cache_.Prepare(wishes);
+  }
+
  private:
+  static QSize PaperDots(const QRectF& box) {
+    const QSizeF dots = box.size() * kFinestPixelsPerTwip;
+    return {AtLeastOne(dots.width()), AtLeastOne(dots.height())};
+  }
+
   static int AtLeastOne(double pixels) {
     return static_cast<int>(std::clamp(std::ceil(pixels), 1.0, 100000.0));
   }
@@ -106,12 +118,13 @@ class Painting {
   }
 
   void DrawPicture(const PicturePtr& picture, const QRectF& box, QSize pixels) {
-    const QImage image = cache_.Image(picture, pixels);
+    const QImage image = cache_.Image(picture, pixels, which_);
     if (!image.isNull()) painter_.drawImage(box, image);
   }
 
   QPainter& painter_;
   PictureCache& cache_;
+  const Pixels which_;
   const bool onPaper_;
   const QTransform twips_;     // the world transform that was given
   const QTransform toPixels_;  // twips to device pixels
@@ -120,9 +133,10 @@ class Painting {
 
 }  // namespace
 
-void PaintDrawing(QPainter& painter, const DrawingList& drawing, PictureCache& cache) {
+void PaintDrawing(QPainter& painter, const DrawingList& drawing, PictureCache& cache, Pixels pixels) {
   painter.save();
-  Painting painting(painter, cache);
+  Painting painting(painter, cache, pixels);
+  painting.DecodeForPaper(drawing);
   for (const Shape& shape : drawing) std::visit(painting, shape);
   painter.restore();
 }

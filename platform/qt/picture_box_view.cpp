@@ -11,15 +11,21 @@ namespace Morvane {
 namespace {
 
 constexpr double kMostKeptPixels = 16e6;  // of a moving strip
+constexpr int kSettledMilliseconds = 150;
 constexpr QColor kPaperEdge(160, 160, 160);
 
 }  // namespace
 
 PictureBoxView::PictureBoxView(PictureBox& model, QWidget& parent, const ViewContext& context)
-    : ControlView(model, context), model_(model), widget_(&parent) {}
+    : ControlView(model, context), model_(model), widget_(&parent) {
+  settled_.setSingleShot(true);
+  settled_.setInterval(kSettledMilliseconds);
+  connect(&settled_, &QTimer::timeout, this, [this] { MirrorDrawing(); });
+}
 
 void PictureBoxView::MirrorAppearance() {
   ControlView::MirrorAppearance();
+  widget_.setAttribute(Qt::WA_OpaquePaintEvent, model_.PaperBackground());
   MirrorDrawing();
 }
 
@@ -62,6 +68,13 @@ void PictureBoxView::Paint() {
   PaintKeyboardFocus(widget_, painter);
 }
 
+Pixels PictureBoxView::PixelsFor(QSize painted) {
+  const bool resized = !painted_.isEmpty() && painted != painted_;
+  painted_ = painted;
+  if (resized) settled_.start();
+  return settled_.isActive() ? Pixels::AsLastTime : Pixels::Exact;
+}
+
 void PictureBoxView::Draw(QPainter& painter) {
   if (model_.PaperBackground()) painter.fillRect(widget_.rect(), Qt::white);
   if (!model_.ImageKey().empty()) {
@@ -69,7 +82,7 @@ void PictureBoxView::Draw(QPainter& painter) {
   }
   painter.save();
   painter.scale(1 / ToTwips(1), 1 / ToTwips(1));
-  PaintDrawing(painter, model_.Surface.Drawing(), Context().pictures);
+  PaintDrawing(painter, model_.Surface.Drawing(), Context().pictures, PixelsFor(widget_.size()));
   painter.restore();
   if (!model_.PaperBackground()) return;
   painter.setPen(kPaperEdge);

@@ -1,15 +1,18 @@
 #pragma once
 
 #include <QPixmap>
+#include <QTimer>
 #include <QWidget>
 
 #include "platform/controls/picture_box.h"
 #include "platform/qt/control_view.h"
+#include "platform/qt/qt_picture.h"
 
 namespace Morvane {
 
 // What is drawn on the box is painted once and kept, so that a box that moves within another does not paint
-// its content anew.
+// its content anew. While its size changes, pictures are stretched from the size before; once it stays they
+// are sharp.
 class PictureBoxView : public ControlView {
  public:
   PictureBoxView(PictureBox& model, QWidget& parent, const ViewContext& context);
@@ -25,10 +28,13 @@ class PictureBoxView : public ControlView {
   void Paint();
   void Draw(QPainter& painter);
   bool CanKeep() const;
+  Pixels PixelsFor(QSize painted);
 
   PictureBox& model_;
   QWidget widget_;
   QPixmap kept_;
+  QSize painted_;
+  QTimer settled_;
 };
 
 }  // namespace Morvane

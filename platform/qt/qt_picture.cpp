@@ -4,6 +4,7 @@
 #include <QImageReader>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <QThreadPool>
 #include <algorithm>
 #include <cmath>
 
@@ -13,6 +14,7 @@ namespace Morvane {
 namespace {
 
 constexpr double kMostSvgPixels = 64e6;
+constexpr double kMostOverviewPixels = 512e3;  // 2 MB
 
 QImage Averaged(const QImage& image, QSize size) {
   if (image.isNull() || image.size() == size) return image;
@@ -22,7 +24,17 @@ QImage Averaged(const QImage& image, QSize size) {
 }  // namespace
 
 FilePicture::FilePicture(QByteArray bytes, QSize size, bool turned, int index)
-    : bytes_(std::move(bytes)), size_(size), turned_(turned), index_(index) {}
+    : bytes_(std::move(bytes)),
+      size_(size),
+      turned_(turned),
+      index_(index),
+      overview_(DecodeFile(OverviewSize())) {}
+
+QSize FilePicture::OverviewSize() const {
+  const QSizeF size = turned_ ? size_.transposed() : size_;
+  const double share = kMostOverviewPixels / (size.width() * size.height());
+  return share >= 1 ? size.toSize() : (size * std::sqrt(share)).toSize().expandedTo(QSize(1, 1));
+}
 
 double FilePicture::WidthTwips() const {
   return kTwipsPerPixel * (turned_ ? size_.height() : size_.width());
@@ -33,6 +45,11 @@ double FilePicture::HeightTwips() const {
 }
 
 QImage FilePicture::Decode(QSize pixels) const {
+  const bool overviewSuffices = pixels.boundedTo(overview_.size()) == pixels;
+  return overviewSuffices ? Averaged(overview_, pixels) : DecodeFile(pixels);
+}
+
+QImage FilePicture::DecodeFile(QSize pixels) const {
   QBuffer buffer;
   buffer.setData(bytes_);
   QImageReader reader(&buffer);
@@ -74,33 +91,53 @@ QImage SvgPicture::Decode(QSize pixels) const {
   return image;
 }
 
-QImage PictureCache::Image(const PicturePtr& picture, QSize pixels) {
-  const auto known = std::find_if(entries_.begin(), entries_.end(),
-                                  [&](const Entry& entry) { return entry.picture.lock() == picture; });
-  Entry entry{picture, QSize(), QImage()};
-  if (known != entries_.end()) {
-    entry = std::move(*known);
-    entries_.erase(known);
-  }
-  if (entry.pixels != pixels) {
-    const auto* decodable = dynamic_cast<const QtPicture*>(picture.get());
-    entry.image = QImage();
-    entry.image = decodable ? decodable->Decode(pixels) : QImage();
-    entry.pixels = pixels;
-  }
+QImage PictureCache::Image(const PicturePtr& picture, QSize pixels, Pixels which) {
+  Entry& entry = entries_[picture.get()];
+  // A picture that went may have left its place to another.
+  if (entry.picture.lock() != picture) entry = {.picture = picture, .pixels = {}, .image = {}};
+  entry.lastUse = ++uses_;
+  const bool lastWillDo = which == Pixels::AsLastTime && !entry.image.isNull();
+  if (entry.pixels == pixels || lastWillDo) return entry.image;
+
+  const auto* decodable = dynamic_cast<const QtPicture*>(picture.get());
+  entry.image = QImage();
+  entry.image = decodable ? decodable->Decode(pixels) : QImage();
+  entry.pixels = pixels;
   const QImage image = entry.image;
-  entries_.push_back(std::move(entry));
   DropUnused();
   return image;
 }
 
-void PictureCache::DropUnused() {
-  std::erase_if(entries_, [](const Entry& entry) { return entry.picture.expired(); });
+void PictureCache::Prepare(const std::vector<Wish>& wishes) {
   std::size_t bytes = 0;
-  for (const Entry& entry : entries_) bytes += static_cast<std::size_t>(entry.image.sizeInBytes());
+  std::unordered_map<const FilePicture*, Entry> prepared;
+  for (const Wish& wish : wishes) {
+    const auto* file = dynamic_cast<const FilePicture*>(wish.picture.get());
+    bytes +=
+        4 * static_cast<std::size_t>(wish.pixels.width()) * static_cast<std::size_t>(wish.pixels.height());
+    if (file == nullptr || bytes > limitBytes_) continue;
+    const auto known = entries_.find(file);
+    if (known != entries_.end() && known->second.pixels == wish.pixels) continue;
+    prepared.try_emplace(file, Entry{wish.picture, wish.pixels, {}, ++uses_});
+  }
+  QThreadPool pool;
+  for (auto& [file, entry] : prepared) {
+    pool.start([decoded = &entry, source = file] { decoded->image = source->Decode(decoded->pixels); });
+  }
+  pool.waitForDone();
+  for (auto& [file, entry] : prepared) entries_.insert_or_assign(file, std::move(entry));
+}
+
+void PictureCache::DropUnused() {
+  std::erase_if(entries_, [](const auto& entry) { return entry.second.picture.expired(); });
+  std::size_t bytes = 0;
+  for (const auto& [picture, entry] : entries_) bytes += static_cast<std::size_t>(entry.image.sizeInBytes());
   while (bytes > limitBytes_ && entries_.size() > 1) {
-    bytes -= static_cast<std::size_t>(entries_.front().image.sizeInBytes());
-    entries_.erase(entries_.begin());
+    const auto oldest = std::min_element(entries_.begin(), entries_.end(), [](const auto& a, const auto& b) {
+      return a.second.lastUse < b.second.lastUse;
+    });
+    bytes -= static_cast<std::size_t>(oldest->second.image.sizeInBytes());
+    entries_.erase(oldest);
   }
 }
 

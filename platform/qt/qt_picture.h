@@ -4,7 +4,9 @@
 #include <QImage>
 #include <QSize>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/picture.h"
@@ -21,23 +23,29 @@ class QtPicture : public Picture {
   virtual QImage Decode(QSize pixels) const = 0;
 };
 
-// A picture of pixels, kept as its file and decoded when it is needed.
+// A picture of pixels, kept as its file and as a small overview, which is all that the screen mostly wants.
+// Decoded anew where more pixels are asked for.
 class FilePicture : public QtPicture {
  public:
   // `size` is in the file's pixels, before any recorded rotation; `turned` tells that the rotation exchanges
-  // the sides, `index` which of the
-  // images in the file it is.
+  // the sides, `index` which of the images in the file it is. Decodes the overview.
   FilePicture(QByteArray bytes, QSize size, bool turned, int index);
+
+  bool CanBeDecoded() const { return !overview_.isNull(); }
 
   double WidthTwips() const override;
   double HeightTwips() const override;
   QImage Decode(QSize pixels) const override;
 
  private:
+  QSize OverviewSize() const;
+  QImage DecodeFile(QSize pixels) const;
+
   const QByteArray bytes_;
   const QSize size_;
   const bool turned_;
   const int index_;
+  const QImage overview_;
 };
 
 // A picture of pixels that are already there.
@@ -69,6 +77,11 @@ class SvgPicture : public QtPicture {
   const double heightTwips_;
 };
 
+enum class Pixels {
+  Exact,      // as many as asked for
+  AsLastTime  // those of the last painting, where there was one: for a size that won't stay
+};
+
 // The last decode of each picture that is still in use somewhere. Another size takes the place of the one
 // that was there; above the limit the pictures that were not asked for longest are dropped.
 class PictureCache {
@@ -76,19 +89,30 @@ class PictureCache {
   explicit PictureCache(std::size_t limitBytes = std::size_t{256} << 20) : limitBytes_(limitBytes) {}
 
   // The picture in at most this many pixels; a null image when it cannot be decoded.
-  QImage Image(const PicturePtr& picture, QSize pixels);
+  QImage Image(const PicturePtr& picture, QSize pixels, Pixels which = Pixels::Exact);
+
+  struct Wish {
+    PicturePtr picture;
+    QSize pixels;
+  };
+  // Decodes what will be asked for next, up to the limit, on all processors at once.
+  void Prepare(const std::vector<Wish>& wishes);
+
+  void Clear() { entries_.clear(); }
 
  private:
   struct Entry {
     std::weak_ptr<const Picture> picture;
     QSize pixels;
     QImage image;
+    std::uint64_t lastUse = 0;
   };
 
   void DropUnused();
 
   const std::size_t limitBytes_;
-  std::vector<Entry> entries_;  // the last asked for at the end
+  std::unordered_map<const Picture*, Entry> entries_;
+  std::uint64_t uses_ = 0;
 };
 
 }  // namespace Morvane

@@ -82,9 +82,7 @@ PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes) {
   if (CostsTooMuch(bytes, format, size)) Refuse(path, "è troppo grande.");
   const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
   auto picture = std::make_shared<FilePicture>(bytes, size, turned, index);
-  if (picture->Decode((size / 8).expandedTo(QSize(1, 1))).isNull()) {
-    Refuse(path, "è danneggiata e non può essere letta.");
-  }
+  if (!picture->CanBeDecoded()) Refuse(path, "è danneggiata e non può essere letta.");
   return picture;
 }
 

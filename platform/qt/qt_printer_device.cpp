@@ -12,7 +12,6 @@
 #include "platform/qt/drawing_painter.h"
 #include "platform/qt/pdf_file_writer.h"
 #include "platform/qt/pdf_printer_dialog.h"
-#include "platform/qt/qt_picture.h"
 #include "platform/qt/spooler.h"
 #include "platform/runtime_error.h"
 #include "platform/units.h"
@@ -56,10 +55,18 @@ void PlaceOnSheet(QPainter& painter, QPrinter& printer, PageOrientation orientat
   painter.rotate(-90);
 }
 
+// Where there is a spooler, the toolkit shows the page range although its option is off.
+void HidePageRange(const QPrintDialog& dialog) {
+  if (auto* range = dialog.findChild<QWidget*>("gbPrintRange")) range->hide();
+}
+
 }  // namespace
 
 QtPrinterDevice::QtPrinterDevice()
-    : sheet_(kA4), pdfFolder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) {}
+    : sheet_(kA4), pdfFolder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) {
+  idle_.setSingleShot(true);
+  QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { pictures_.Clear(); });
+}
 
 QtPrinterDevice::~QtPrinterDevice() = default;
 
@@ -115,6 +122,7 @@ PrintDialogAnswer QtPrinterDevice::ShowPrinterDialog(const PrintDialogRequest& r
   dialog.setOption(QAbstractPrintDialog::PrintCollateCopies, false);
   dialog.setOption(QAbstractPrintDialog::PrintPageRange, !request.restricted);
   dialog.setOption(QAbstractPrintDialog::PrintSelection, !request.restricted);
+  if (request.restricted) QTimer::singleShot(0, &dialog, [&dialog] { HidePageRange(dialog); });
   PrintDialogAnswer answer;
   answer.accepted = dialog.exec() == QDialog::Accepted;
   if (answer.accepted) {
@@ -156,8 +164,8 @@ void QtPrinterDevice::PrintPage(const DrawingList& page, PageOrientation orienta
     throw Failure("La stampante '" + printer_->printerName() + "' non risponde.");
   }
   PlaceOnSheet(painter, *printer_, orientation);
-  PictureCache cache;
-  PaintDrawing(painter, page, cache);
+  PaintDrawing(painter, page, pictures_);
+  idle_.start();
   if (!painter.end() || printer_->printerState() == QPrinter::Error) {
     throw Failure("La stampante '" + printer_->printerName() + "' ha interrotto il lavoro.");
   }

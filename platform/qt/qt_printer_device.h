@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QString>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <string>
 
 #include "platform/drawing/printer_device.h"
+#include "platform/qt/qt_picture.h"
 
 class QPrinter;
 
@@ -46,6 +48,8 @@ class QtPrinterDevice : public PrinterDevice {
   std::unique_ptr<QPrinter> printer_;  // none before Prepare, and while no printer is installed
   SheetSize sheet_;
   QString pdfFolder_;
+  PictureCache pictures_;  // for the copies of a page, until the program is idle
+  QTimer idle_;
 };
 
 }  // namespace Morvane

@@ -156,6 +156,25 @@ TEST_F(QtPictureTest, CacheKeepsTheLastSizeOfAPictureWhileItIsInUse) {
   EXPECT_NE(cache.Image(picture, QSize(16, 16)).cacheKey(), first.cacheKey());
 }
 
+TEST_F(QtPictureTest, CacheGivesTheLastSizeForASizeThatWillNotStay) {
+  const PicturePtr picture = Load("foto.png", Encoded(TwoHalves(64, 32), "png"));
+  PictureCache cache;
+  EXPECT_EQ(cache.Image(picture, QSize(16, 16), Pixels::AsLastTime).size(), QSize(16, 16));
+  EXPECT_EQ(cache.Image(picture, QSize(20, 16), Pixels::AsLastTime).size(), QSize(16, 16));
+  EXPECT_EQ(cache.Image(picture, QSize(20, 16)).size(), QSize(20, 16));
+}
+
+TEST_F(QtPictureTest, OverviewAndFileShowTheSamePicture) {
+  const auto turned = QImageIOHandler::TransformationRotate90;
+  const PicturePtr picture = Load("foto.jpg", Encoded(TwoHalves(640, 320), "jpg", turned));
+  for (const QSize size : {QSize(40, 80), QSize(41, 80)}) {
+    const QImage image = Decoded(picture, size.width(), size.height());
+    EXPECT_EQ(image.size(), size);
+    EXPECT_GT(qRed(image.pixel(20, 5)), 200);
+    EXPECT_GT(qBlue(image.pixel(20, 75)), 200);
+  }
+}
+
 TEST_F(QtPictureTest, PainterStretchesAPictureToItsBox) {
   const PicturePtr picture = Load("foto.png", Encoded(TwoHalves(64, 32), "png"));
   QImage screen(100, 100, QImage::Format_RGB32);
