@@ -63,7 +63,9 @@ char32_t Upper(char32_t c) {
   return c >= kInvalidByte ? c : static_cast<char32_t>(Letters().toupper(static_cast<wchar_t>(c)));
 }
 
-bool IsBlank(char32_t c) { return c == U' ' || (c >= U'\t' && c <= U'\r'); }
+bool IsBlank(char32_t c) {
+  return c == U' ' || (c >= U'\t' && c <= U'\r');
+}
 
 template <typename Change>
 std::string ChangeEach(std::string_view text, Change change) {

@@ -102,7 +102,9 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 TestMachine::TestMachine()
-    : Files(std::make_unique<LocalFileSystem>(Root.Path(), MountTable{Root.Path() + "/no-mounts", Root.Path() + "/no-labels"}, Root.Path() + "/Desktop")),
+    : Files(std::make_unique<LocalFileSystem>(
+          Root.Path(), MountTable{Root.Path() + "/no-mounts", Root.Path() + "/no-labels"},
+          Root.Path() + "/Desktop")),
       ThePrinter(Device, Metrics, Fonts),
       Pictures(*Files),
       platform{Windows, TheScreen,  *Files,   Pictures, Metrics,
