@@ -27,6 +27,10 @@ class PrivateCups {
   void AddQueue(const std::string& name);
   // Runs a command of the spooler, such as "cupsreject name".
   void Run(const std::string& command) const;
+  // The spooler itself, to be stopped, killed and the like.
+  pid_t Process() const { return process_; }
+  // Where the jobs wait.
+  std::string SpoolFolder() const { return folder_.Path() + "/spool"; }
   // Ends the spooler; its port is silent from then on.
   void Stop();
 

@@ -1,0 +1,176 @@
+#include <gmock/gmock.h>
+#include <signal.h>
+#include <sys/mount.h>
+#include <sys/wait.h>
+
+#include <chrono>
+#include <fstream>
+#include <functional>
+#include <sstream>
+#include <thread>
+
+#include "contents/frm_preview.h"
+#include "platform/qt/qt_printer_device.h"
+#include "platform/qt/qt_text_metrics.h"
+#include "render/print_job.h"
+#include "tests/support/private_cups.h"
+
+namespace Morvane {
+namespace {
+
+using testing::HasSubstr;
+
+// The real queue, with a user who accepts the dialog and prints one copy while something goes wrong.
+class AcceptedQueue : public PrinterDevice {
+ public:
+  explicit AcceptedQueue(PrinterDevice& device) : device_(device) {}
+
+  std::function<void()> Meanwhile = [] {};
+
+  SheetSize PortraitSheet() override { return device_.PortraitSheet(); }
+  PrintDialogAnswer ShowDialog(const PrintDialogRequest&, PageOrientation&) override {
+    Meanwhile();
+    return {.accepted = true, .copies = 1};
+  }
+  void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override {
+    device_.SendPage(page, orientation, title);
+  }
+
+ private:
+  PrinterDevice& device_;
+};
+
+// A full medium in the place of the spool.
+class SmallSpool {
+ public:
+  explicit SmallSpool(std::string folder) : folder_(std::move(folder)) {
+    mounted_ = ::mount("tmpfs", folder_.c_str(), "tmpfs", 0, "size=64k") == 0;
+    std::ofstream fill(folder_ + "/fill");
+    while (mounted_ && fill) fill << std::string(1024, ' ') << std::flush;
+  }
+  ~SmallSpool() {
+    if (mounted_) ::umount2(folder_.c_str(), MNT_DETACH);
+  }
+  SmallSpool(const SmallSpool&) = delete;
+  SmallSpool& operator=(const SmallSpool&) = delete;
+
+  bool Mounted() const { return mounted_; }
+
+ private:
+  std::string folder_;
+  bool mounted_;
+};
+
+class SpoolerFaults : public testing::Test {
+ protected:
+  SpoolerFaults() {
+    cups_.AddQueue("uneven");
+    queues_.SelectPrinter("uneven");
+    state_.NumCopertine = 1;
+  }
+
+  // Prints the cover, the contents, and the cover by the command line program, each as `wrong` happens.
+  void ExpectToldByAllButTheMainWindow(const std::function<void()>& wrong) {
+    device_.Meanwhile = wrong;
+    EXPECT_NO_THROW(Stampa(state_, slots_, printer_));
+    EXPECT_THAT(printer_.Surface().Drawing(), testing::IsEmpty());
+    PrintContents();
+    ASSERT_EQ(machine_.Windows.Boxes.size(), 1U);
+    EXPECT_THAT(machine_.Windows.Boxes[0].text, HasSubstr("La stampante 'uneven'"));
+    EXPECT_EQ(machine_.TheScreen.Pointer(), MousePointer::Default);
+    ExpectProgramFails();
+  }
+
+  void PrintContents() {
+    FrmPreview window(state_, platform_, {[] {}, [] { return std::string(); }});
+    window.form.BeginShow();
+    machine_.Windows.UserEvent([&] { window.Command3.PerformClick(); });
+  }
+
+  struct Outcome {
+    int exitCode;
+    std::string errors;
+  };
+  Outcome RunProgram() {
+    const std::string errors = machine_.Root.Path() + "/errors";
+    const int status = std::system((MORVANE_PRINT " --printer uneven 2>" + errors).c_str());
+    std::stringstream text;
+    text << std::ifstream(errors).rdbuf();
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, text.str()};
+  }
+  void ExpectProgramFails() {
+    const Outcome outcome = RunProgram();
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.errors, testing::MatchesRegex("morvane-print: [^\n]+\n"));
+  }
+
+  PrivateCups cups_;
+  TestMachine machine_;
+  QtTextMetrics metrics_;
+  QtFontCatalog fonts_;
+  QtPrinterDevice queues_;
+  AcceptedQueue device_{queues_};
+  Printer printer_{device_, metrics_, fonts_};
+  Platform platform_{machine_.Windows, machine_.TheScreen, *machine_.Files,   machine_.Pictures, metrics_,
+                     fonts_,           printer_,           machine_.Launches, machine_.Http,     AppInfo{}};
+  AppState state_;
+  CoverSlots slots_;
+};
+
+TEST_F(SpoolerFaults, StoppedQueueHoldsTheJobsAndNobodyIsTold) {
+  cups_.Run("cupsdisable uneven");
+  Stampa(state_, slots_, printer_);
+  PrintContents();
+  EXPECT_THAT(machine_.Windows.Boxes, testing::IsEmpty());
+  const Outcome outcome = RunProgram();
+  EXPECT_EQ(outcome.exitCode, 0);
+  EXPECT_EQ(outcome.errors, "");
+  cups_.Run("cupsenable uneven");
+  cups_.WaitForJobs();
+  EXPECT_TRUE(std::ifstream(cups_.SheetPath()));
+  cups_.Stop();
+  EXPECT_EQ(cups_.JobRecords().size(), 3U);
+}
+
+TEST_F(SpoolerFaults, QueueDeletedBehindTheDialogIsTold) {
+  ExpectToldByAllButTheMainWindow([&, gone = false]() mutable {
+    if (!std::exchange(gone, true)) cups_.Run("lpadmin -x uneven");
+  });
+}
+
+TEST_F(SpoolerFaults, QueueThatRejectsJobsIsTold) {
+  ExpectToldByAllButTheMainWindow([&] { cups_.Run("cupsreject uneven"); });
+}
+
+TEST_F(SpoolerFaults, FullSpoolIsToldAndOnceThereIsRoomTheQueuePrints) {
+  {
+    const SmallSpool spool(cups_.SpoolFolder());
+    if (!spool.Mounted()) GTEST_SKIP() << "no mounting here";
+    ExpectToldByAllButTheMainWindow([] {});
+  }
+  machine_.Windows.Boxes.clear();
+  PrintContents();
+  cups_.WaitForJobs();
+  EXPECT_THAT(machine_.Windows.Boxes, testing::IsEmpty());
+  EXPECT_TRUE(std::ifstream(cups_.SheetPath()));
+}
+
+TEST_F(SpoolerFaults, SpoolerKilledWhileItTakesTheJobIsTold) {
+  std::thread killer;
+  device_.Meanwhile = [&] {
+    kill(cups_.Process(), SIGSTOP);
+    killer = std::thread([&] {
+      std::this_thread::sleep_for(std::chrono::seconds(1));
+      kill(cups_.Process(), SIGKILL);
+    });
+  };
+  PrintContents();
+  killer.join();
+  ASSERT_EQ(machine_.Windows.Boxes.size(), 1U);
+  EXPECT_THAT(machine_.Windows.Boxes[0].text, HasSubstr("La stampante 'uneven'"));
+  cups_.Stop();
+  ExpectProgramFails();
+}
+
+}  // namespace
+}  // namespace Morvane
