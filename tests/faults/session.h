@@ -84,8 +84,8 @@ class Session {
     program.Start();
     afterStep("start");
     for (const char* command :
-         {"menudef", "MenuCarb", "ManuCarF", "MenuCarb", "menustcg", "menusta", "menustcg", "menustmpcrt",
-          "menuabout", "menuonl", "pdfcreatinfo", "menudef"}) {
+         {"menudef", "MenuCarb", "ManuCarF", "MenuCarb", "MenuCarb", "menustcg", "menusta", "menustcg",
+          "menustmpcrt", "menuabout", "menuonl", "pdfcreatinfo", "menudef"}) {
       ++visits[command];
       Do([&] { program.form1.form.Menu(command).Click(); });
       if (windows.Ended()) break;
@@ -160,7 +160,7 @@ class Session {
     }
     Select(form, "List1", "a.jpg");
     if (visit == 2) Select(form, "List1", "zeta.jpg");
-    Press(form, visit == 3 ? "Command2" : "Command1");
+    Press(form, visit == 4 ? "Command2" : "Command1");
   }
   void ChooseFromList(Form& form, const std::string& entry) {
     ListBox& list = Find<ListBox>(form, "List1");
