@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # cover_road_test.sh BIN: a person's road through the program, by mouse and keyboard on a real screen: click inside a cover,
-# find a picture, print, measure; then change a layout in the editor, save it under a new name, print and measure that.
+# find a picture, print, measure; then change a layout in the editor, save
+# it under a new name, print and measure that, give it another cover, rename it and delete it.
 set -euo pipefail
 bin=$(cd "$1" && pwd)
 cd "$(dirname "$0")/../.."
@@ -77,4 +78,24 @@ left=$(($(tr -d '\r' <"$home/Programmi/CD - Fronte e retro.mvne" | sed -n 's/^Di
 top=$(tr -d '\r' <"$home/Programmi/CD - Fronte e retro.mvne" | sed -n 's/^Disty1=//p')
 print_to "Prova di strada"
 expect_red "$left" "$top" 122 121
+
+# A third cover for it, then another name, then away with it.
+window Morvane
+xdotool windowfocus "$id" key ctrl+p
+click "$editor" 1860 6060
+click "$editor" 7600 3930
+grep -q '^Larg3=50' "$home/Programmi/Prova di strada.mvne"
+click "$editor" 7600 3000
+window "Rinomina un file di copertine"
+xdotool key ctrl+a
+xdotool type --delay 15 "Altra prova"
+xdotool key Return
+gone "Rinomina un file di copertine"
+[[ -s "$home/Programmi/Altra prova.mvne" && ! -e "$home/Programmi/Prova di strada.mvne" ]]
+click "$editor" 7600 2535
+sleep 0.5
+xdotool key Return
+sleep 0.5
+[[ ! -e "$home/Programmi/Altra prova.mvne" ]]
+leave "$editor"
 stop

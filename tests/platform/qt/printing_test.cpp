@@ -5,6 +5,7 @@
 #include <QSpinBox>
 #include <QTimer>
 
+#include "accepted_queue.h"
 #include "platform/drawing/printer.h"
 #include "platform/qt/pdf_file_writer.h"
 #include "platform/qt/pdf_printer_dialog.h"
@@ -12,6 +13,7 @@
 #include "platform/qt/qt_text_metrics.h"
 #include "platform/runtime_error.h"
 #include "platform/units.h"
+#include "render/print_job.h"
 #include "tests/support/private_cups.h"
 #include "tests/support/sheet_measure.h"
 
@@ -130,9 +132,34 @@ TEST_F(QueueTest, LandscapeCoverStandsAtTheCornerOfThePrintableArea) {
   ExpectLines(sheet.AcrossMm(left - 70.5), {top + 20, top + 40, top + 120, top + 140});
 }
 
+// Two outlined covers, a rectangle and a disc, through the whole print command.
 TEST_F(QueueTest, CopiesAreJobsOfTheirOwnThatNobodyScales) {
-  printer_.JobTitle = "Custodia è";
-  for (int copy = 0; copy < 3; ++copy) PrintCover();
+  AppState state;
+  state.NumCopertine = 2;
+  state.PaginaAlte = 297;
+  state.SpessoreBordo = 1;
+  state.CopForma[2] = 1;
+  for (const std::size_t n : {1U, 2U}) {
+    state.CopLarg[n] = state.CopAlte[n] = 12.1;
+    state.CopDistx[n] = 25 / kMillimetresPerInch;
+    state.CopDisty[n] = (n == 1 ? 25 : 150) / kMillimetresPerInch;
+  }
+  AcceptedQueue queue(device_);
+  queue.Copies = 3;
+  Printer printer(queue, metrics_, fonts_);
+  printer.JobTitle = "Custodia è";
+  Stampa(state, CoverSlots{}, printer);
+  cups_.WaitForJobs();
+
+  const MeasuredSheet sheet(cups_.SheetPath());
+  const double left = 9.64 * kMmPerPoint + 25;
+  const double top = 17.97 * kMmPerPoint + 25;
+  const double step = 0.009 * kMillimetresPerInch;  // between outline lines
+  ExpectLines(sheet.AcrossMm(top + 60), {left - 3 * step, left + 121 + step});
+  ExpectLines(sheet.AcrossMm(top + 125 + 60.5), {left - step, left + 121 + step});
+  ExpectLines(sheet.DownMm(left + 60.5),
+              {top - 3 * step, top + 121 + step, top + 125 - step, top + 125 + 121 + step});
+
   cups_.Stop();
   const std::vector<std::string> jobs = cups_.JobRecords();
   ASSERT_EQ(jobs.size(), 3U);

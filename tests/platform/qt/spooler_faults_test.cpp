@@ -9,6 +9,7 @@
 #include <sstream>
 #include <thread>
 
+#include "accepted_queue.h"
 #include "contents/frm_preview.h"
 #include "platform/qt/qt_printer_device.h"
 #include "platform/qt/qt_text_metrics.h"
@@ -19,26 +20,6 @@ namespace Morvane {
 namespace {
 
 using testing::HasSubstr;
-
-// The real queue, with a user who accepts the dialog and prints one copy while something goes wrong.
-class AcceptedQueue : public PrinterDevice {
- public:
-  explicit AcceptedQueue(PrinterDevice& device) : device_(device) {}
-
-  std::function<void()> Meanwhile = [] {};
-
-  SheetSize PortraitSheet() override { return device_.PortraitSheet(); }
-  PrintDialogAnswer ShowDialog(const PrintDialogRequest&, PageOrientation&) override {
-    Meanwhile();
-    return {.accepted = true, .copies = 1};
-  }
-  void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override {
-    device_.SendPage(page, orientation, title);
-  }
-
- private:
-  PrinterDevice& device_;
-};
 
 // A full medium in the place of the spool.
 class SmallSpool {
