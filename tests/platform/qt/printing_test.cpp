@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QSpinBox>
 #include <QTimer>
+#include <cmath>
 
 #include "accepted_queue.h"
 #include "platform/drawing/printer.h"
@@ -157,8 +158,10 @@ TEST_F(QueueTest, CopiesAreJobsOfTheirOwnThatNobodyScales) {
   const double step = 0.009 * kMillimetresPerInch;  // between outline lines
   ExpectLines(sheet.AcrossMm(top + 60), {left - 3 * step, left + 121 + step});
   ExpectLines(sheet.AcrossMm(top + 125 + 60.5), {left - step, left + 121 + step});
-  ExpectLines(sheet.DownMm(left + 60.5),
-              {top - 3 * step, top + 121 + step, top + 125 - step, top + 125 + 121 + step});
+  // Right of the footer: the disc is met 49.5 mm from its centre.
+  const double reach = std::sqrt((60.5 + step) * (60.5 + step) - 49.5 * 49.5);
+  ExpectLines(sheet.DownMm(left + 110),
+              {top - 3 * step, top + 121 + step, top + 125 + 60.5 - reach, top + 125 + 60.5 + reach});
 
   cups_.Stop();
   const std::vector<std::string> jobs = cups_.JobRecords();
