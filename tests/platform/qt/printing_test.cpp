@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QSpinBox>
 #include <QTimer>
-#include <cmath>
 
 #include "accepted_queue.h"
 #include "platform/drawing/printer.h"
@@ -142,7 +141,7 @@ TEST_F(QueueTest, CopiesAreJobsOfTheirOwnThatNobodyScales) {
   state.CopForma[2] = 1;
   for (const std::size_t n : {1U, 2U}) {
     state.CopLarg[n] = state.CopAlte[n] = 12.1;
-    state.CopDistx[n] = 25 / kMillimetresPerInch;
+    state.CopDistx[n] = 60 / kMillimetresPerInch;  // the middle lies right of the footer
     state.CopDisty[n] = (n == 1 ? 25 : 150) / kMillimetresPerInch;
   }
   AcceptedQueue queue(device_);
@@ -153,15 +152,13 @@ TEST_F(QueueTest, CopiesAreJobsOfTheirOwnThatNobodyScales) {
   cups_.WaitForJobs();
 
   const MeasuredSheet sheet(cups_.SheetPath());
-  const double left = 9.64 * kMmPerPoint + 25;
+  const double left = 9.64 * kMmPerPoint + 60;
   const double top = 17.97 * kMmPerPoint + 25;
   const double step = 0.009 * kMillimetresPerInch;  // between outline lines
   ExpectLines(sheet.AcrossMm(top + 60), {left - 3 * step, left + 121 + step});
   ExpectLines(sheet.AcrossMm(top + 125 + 60.5), {left - step, left + 121 + step});
-  // Right of the footer: the disc is met 49.5 mm from its centre.
-  const double reach = std::sqrt((60.5 + step) * (60.5 + step) - 49.5 * 49.5);
-  ExpectLines(sheet.DownMm(left + 110),
-              {top - 3 * step, top + 121 + step, top + 125 + 60.5 - reach, top + 125 + 60.5 + reach});
+  ExpectLines(sheet.DownMm(left + 60.5),
+              {top - 3 * step, top + 121 + step, top + 125 - step, top + 125 + 121 + step});
 
   cups_.Stop();
   const std::vector<std::string> jobs = cups_.JobRecords();
