@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QWidget>
 #include <filesystem>
 #include <stdexcept>
@@ -43,9 +44,10 @@ class WindowMachine {
     throw std::logic_error("no widget " + name);
   }
 
-  // What waits to be done and painted is.
+  // What waits to be done and painted is; a page that was resized has become sharp.
   static void Settle(QWidget& painted) {
-    QApplication::processEvents();
+    const QDeadlineTimer rest(250);
+    while (!rest.hasExpired()) QApplication::processEvents(QEventLoop::AllEvents, 10);
     painted.repaint();
   }
 };
