@@ -8,6 +8,7 @@
 
 #include "bench/photos/photo.h"
 #include "bench/windows/window_machine.h"
+#include "contents/folder_scan.h"
 #include "main_window/program.h"
 #include "tests/support/private_cups.h"
 
@@ -190,6 +191,34 @@ void EditorStep(benchmark::State& run) {
   run.counters["worst_ms"] = worst;
 }
 BENCHMARK(EditorStep)->Unit(benchmark::kMillisecond);
+
+// A letter more or less in the title of a full sheet: seven columns of small print.
+void TitleKeystroke(benchmark::State& run) {
+  WindowMachine desk(PhotoFolder());
+  for (int file = 0; file < 900; ++file) {
+    desk.machine.WriteFile("C:\\Disco\\Brano " + std::to_string(file) + ".mp3", "");
+  }
+  AppState state;
+  state.ElencoFontSize = 4;
+  FrmPreview contents(state, desk.platform, {[] {}, [] { return std::string("ok"); }});
+  desk.windows.ShowMain(contents.form);
+  FindSubFolders("C:\\Disco", state, desk.platform, contents.List1);
+  contents.Option1[5].PerformClick();
+  QWidget& sheet = WindowMachine::Widget(contents.form.Name(), "Picture1");
+  WindowMachine::Settle(sheet);
+  double worst = 0;
+  bool longer = false;
+  for (auto _ : run) {
+    QElapsedTimer timer;
+    timer.start();
+    contents.Text1.SetText((longer = !longer) ? "Titolo CD 1" : "Titolo CD");
+    sheet.repaint();
+    worst = std::max(worst, MillisecondsOf(timer));
+  }
+  run.counters["shapes"] = static_cast<double>(contents.Picture1.Surface.Drawing().size());
+  run.counters["worst_ms"] = worst;
+}
+BENCHMARK(TitleKeystroke)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace Morvane

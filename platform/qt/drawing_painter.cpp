@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "platform/qt/font_stand_ins.h"
 #include "platform/units.h"
@@ -70,13 +71,15 @@ class Painting {
 
   void operator()(const TextShape& text) {
     const double scale = text.font.size * kTwipsPerPoint / kReferencePixels;
-    const QFont font = ReferenceFont(text.font);
-    painter_.setWorldTransform(twips_);
-    painter_.translate(text.left, text.top);
-    painter_.scale(scale, scale);
-    painter_.setFont(font);
+    if (text.font != textFont_) {
+      textFont_ = text.font;
+      qtFont_ = ReferenceFont(text.font);
+      ascent_ = QFontMetricsF(qtFont_).ascent();
+    }
+    painter_.setWorldTransform(QTransform(twips_).translate(text.left, text.top).scale(scale, scale));
+    painter_.setFont(qtFont_);
     painter_.setPen(ToQt(text.color));
-    painter_.drawText(QPointF(0, QFontMetricsF(font).ascent()), QString::fromStdString(text.text));
+    painter_.drawText(QPointF(0, ascent_), QString::fromStdString(text.text));
   }
 
   // Pictures on paper are large and seldom in the cache.
@@ -126,6 +129,10 @@ class Painting {
   PictureCache& cache_;
   const Pixels which_;
   const bool onPaper_;
+  // Of the text painted last; most lines of a sheet share one font.
+  std::optional<Font> textFont_;
+  QFont qtFont_;
+  double ascent_ = 0;
   const QTransform twips_;     // the world transform that was given
   const QTransform toPixels_;  // twips to device pixels
   const QTransform pixels_;    // the world transform under which a unit is a device pixel
