@@ -73,11 +73,11 @@ class Painting {
     const double scale = text.font.size * kTwipsPerPoint / kReferencePixels;
     if (text.font != textFont_) {
       textFont_ = text.font;
-      qtFont_ = ReferenceFont(text.font);
-      ascent_ = QFontMetricsF(qtFont_).ascent();
+      const QFont font = ReferenceFont(text.font);
+      ascent_ = QFontMetricsF(font).ascent();
+      painter_.setFont(font);
     }
     painter_.setWorldTransform(QTransform(twips_).translate(text.left, text.top).scale(scale, scale));
-    painter_.setFont(qtFont_);
     painter_.setPen(ToQt(text.color));
     painter_.drawText(QPointF(0, ascent_), QString::fromStdString(text.text));
   }
@@ -131,7 +131,6 @@ class Painting {
   const bool onPaper_;
   // Of the text painted last; most lines of a sheet share one font.
   std::optional<Font> textFont_;
-  QFont qtFont_;
   double ascent_ = 0;
   const QTransform twips_;     // the world transform that was given
   const QTransform toPixels_;  // twips to device pixels
