@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QWidget>
 #include <filesystem>
 #include <stdexcept>
@@ -44,10 +43,9 @@ class WindowMachine {
     throw std::logic_error("no widget " + name);
   }
 
-  // What waits to be done and painted is; a page that was resized has become sharp.
+  // What waits to be done and painted is.
   static void Settle(QWidget& painted) {
-    const QDeadlineTimer rest(250);
-    while (!rest.hasExpired()) QApplication::processEvents(QEventLoop::AllEvents, 10);
+    QApplication::processEvents();
     painted.repaint();
   }
 };
