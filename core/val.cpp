@@ -85,7 +85,11 @@ long long ReadExponent(Reader& reader) {
 }
 
 double ToDouble(const Digits& digits, long long exponent) {
-  const std::string number = "0." + digits.kept + (digits.more ? "1" : "") + "e" + std::to_string(exponent);
+  std::string number = "0.";
+  number += digits.kept;
+  if (digits.more) number += '1';
+  number += 'e';
+  number += std::to_string(exponent);
   double value = 0;
   const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
   if (result.ec == std::errc{}) return value;
