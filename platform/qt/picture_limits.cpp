@@ -9,7 +9,11 @@ constexpr qint64 kMostPixelsInScans = qint64{1024} << 20;
 
 // The start of a scan is the byte pair FF DA, which cannot stand within the data of one.
 qsizetype ScansOf(const QByteArray& jpeg) {
-  return jpeg.count("\xFF\xDA");
+  qsizetype scans = 0;
+  for (qsizetype at = jpeg.indexOf('\xFF'); at >= 0; at = jpeg.indexOf('\xFF', at + 1)) {
+    if (at + 1 < jpeg.size() && jpeg.at(at + 1) == '\xDA') ++scans;
+  }
+  return scans;
 }
 
 }  // namespace

@@ -57,10 +57,11 @@ QImage FilePicture::DecodeFile(QSize pixels) const {
   reader.setAutoTransform(true);
   if (index_ > 0) reader.jumpToImage(index_);
   // The reader wants the size before the rotation. A JPEG decodes at the nearest eighth above it, the rest is
-  // averaged.
+  // averaged. Of the eighths above a half the whole is the quickest.
   const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(size_);
-  if (size != size_) reader.setScaledSize(size);
-  return reader.read();
+  const bool mostOfIt = 2 * size.width() > size_.width() || 2 * size.height() > size_.height();
+  if (!mostOfIt) reader.setScaledSize(size);
+  return Averaged(reader.read(), turned_ ? size.transposed() : size);
 }
 
 double PixelPicture::WidthTwips() const {
