@@ -1,7 +1,11 @@
 #include <QGuiApplication>
+#include <QThreadPool>
 #include <exception>
 #include <filesystem>
+#include <future>
 #include <iostream>
+#include <map>
+#include <memory>
 #include <system_error>
 #include <vector>
 
@@ -60,6 +64,21 @@ void ReadLayoutFile(AppState& state, const FileSystem& files, const std::string&
   ReadLayout(*files.OpenForInput(WindowsPath(files, layout)), state);
 }
 
+// All at once: decoding them takes most of the time.
+void LoadPictures(const PrintArguments& arguments, Platform& platform, CoverSlots& slots) {
+  std::map<int, std::future<PicturePtr>> loading;
+  QThreadPool pool;
+  for (const auto& [cover, file] : arguments.pictures) {
+    const auto load = std::make_shared<std::packaged_task<PicturePtr()>>(
+        [&platform, path = WindowsPath(platform.files, file)] {
+          return platform.pictures.LoadPicture(path);
+        });
+    loading.emplace(cover, load->get_future());
+    pool.start([load] { (*load)(); });
+  }
+  for (auto& [cover, picture] : loading) slots.Image1.at(static_cast<std::size_t>(cover - 1)) = picture.get();
+}
+
 void PrintCovers(const PrintArguments& arguments, Platform& platform) {
   AppState state;
   CoverSlots slots;
@@ -68,10 +87,7 @@ void PrintCovers(const PrintArguments& arguments, Platform& platform) {
   if (!arguments.layout.empty()) ReadLayoutFile(state, platform.files, arguments.layout);
   if (state.NumCopertine == 0) InstallDefaultLayout(state);
   SetWorkspacePage(state);
-  for (const auto& [cover, file] : arguments.pictures) {
-    slots.Image1.at(static_cast<std::size_t>(cover - 1)) =
-        platform.pictures.LoadPicture(WindowsPath(platform.files, file));
-  }
+  LoadPictures(arguments, platform, slots);
   if (!state.NomeLayout.empty()) platform.printer.JobTitle = state.NomeLayout;
   for (int copy = 1; copy <= arguments.copies; ++copy) {
     DisegnaFoglio(state, slots, platform.printer);
