@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QIconEngine>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QStyle>
 #include <QStyleOption>
 #include <QSvgRenderer>
@@ -18,14 +19,20 @@ QString ArtworkFile(const std::string& key) {
   return QFile::exists(file) ? file : QString();
 }
 
+// Drawn once for each size: a window that changes its own paints all its buttons at each step.
 QPixmap Render(const QString& file, QSize devicePixels) {
-  QPixmap pixmap(devicePixels);
+  const QString key = QString("%1 %2x%3").arg(file).arg(devicePixels.width()).arg(devicePixels.height());
+  QPixmap pixmap;
+  if (QPixmapCache::find(key, &pixmap)) return pixmap;
+  pixmap = QPixmap(devicePixels);
   if (pixmap.isNull()) return pixmap;
   pixmap.fill(Qt::transparent);
   QSvgRenderer renderer(file);
   renderer.setAspectRatioMode(Qt::IgnoreAspectRatio);
   QPainter painter(&pixmap);
   renderer.render(&painter, QRectF(QPointF(), QSizeF(devicePixels)));
+  painter.end();
+  QPixmapCache::insert(key, pixmap);
   return pixmap;
 }
 
