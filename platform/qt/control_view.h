@@ -12,12 +12,12 @@
 
 namespace Morvane {
 
-class PictureCache;
+struct PaintCache;
 
-// What every view needs: where the user's actions go, and the decoded pictures.
+// What every view needs: where the user's actions go, and what was painted before.
 struct ViewContext {
   WindowSystem& windows;
-  PictureCache& pictures;
+  PaintCache& painted;
 };
 
 // Mirrors one control to a widget, and feeds what the user does back to it. The destructor leaves the control

@@ -1,11 +1,9 @@
 #include "platform/qt/drawing_painter.h"
 
-#include <QFontMetricsF>
 #include <QPaintEngine>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 #include "platform/qt/font_stand_ins.h"
 #include "platform/units.h"
@@ -24,7 +22,7 @@ QColor ToQt(Color color) {
 // pixel ratio is, and stay in twips on paper.
 class Painting {
  public:
-  Painting(QPainter& painter, PictureCache& cache, Pixels which)
+  Painting(QPainter& painter, PaintCache& cache, Pixels which)
       : painter_(painter),
         cache_(cache),
         which_(which),
@@ -33,7 +31,7 @@ class Painting {
         toPixels_(onPaper_ ? QTransform() : painter.deviceTransform()),
         pixels_(toPixels_.inverted() * twips_) {
     painter_.setRenderHint(QPainter::Antialiasing);
-    painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform, which == Pixels::Exact);
     painter_.setBrush(Qt::NoBrush);
   }
 
@@ -71,15 +69,11 @@ class Painting {
 
   void operator()(const TextShape& text) {
     const double scale = text.font.size * kTwipsPerPoint / kReferencePixels;
-    if (text.font != textFont_) {
-      textFont_ = text.font;
-      const QFont font = ReferenceFont(text.font);
-      ascent_ = QFontMetricsF(font).ascent();
-      painter_.setFont(font);
-    }
     painter_.setWorldTransform(QTransform(twips_).translate(text.left, text.top).scale(scale, scale));
     painter_.setPen(ToQt(text.color));
-    painter_.drawText(QPointF(0, ascent_), QString::fromStdString(text.text));
+    const LaidOutLine& line = cache_.lines.LaidOut(text.font, text.text);
+    for (const QGlyphRun& run : line.glyphs) painter_.drawGlyphRun({}, run);
+    if (!line.underline.isEmpty()) painter_.fillRect(line.underline, ToQt(text.color));
   }
 
   // Pictures on paper are large and seldom in the cache.
@@ -90,7 +84,7 @@ class Painting {
       const auto* const picture = std::get_if<PictureShape>(&shape);
       if (picture != nullptr) wishes.push_back({picture->picture, PaperDots(InPixels(picture->box))});
     }
-    cache_.Prepare(wishes);
+    cache_.pictures.Prepare(wishes);
   }
 
  private:
@@ -121,17 +115,14 @@ class Painting {
   }
 
   void DrawPicture(const PicturePtr& picture, const QRectF& box, QSize pixels) {
-    const QImage image = cache_.Image(picture, pixels, which_);
+    const QImage image = cache_.pictures.Image(picture, pixels, which_);
     if (!image.isNull()) painter_.drawImage(box, image);
   }
 
   QPainter& painter_;
-  PictureCache& cache_;
+  PaintCache& cache_;
   const Pixels which_;
   const bool onPaper_;
-  // Of the text painted last; most lines of a sheet share one font.
-  std::optional<Font> textFont_;
-  double ascent_ = 0;
   const QTransform twips_;     // the world transform that was given
   const QTransform toPixels_;  // twips to device pixels
   const QTransform pixels_;    // the world transform under which a unit is a device pixel
@@ -139,7 +130,7 @@ class Painting {
 
 }  // namespace
 
-void PaintDrawing(QPainter& painter, const DrawingList& drawing, PictureCache& cache, Pixels pixels) {
+void PaintDrawing(QPainter& painter, const DrawingList& drawing, PaintCache& cache, Pixels pixels) {
   painter.save();
   Painting painting(painter, cache, pixels);
   painting.DecodeForPaper(drawing);

@@ -41,7 +41,7 @@ void WritePdf(const std::string& nativePath, const DrawingList& drawing, PageOri
     QPainter painter;
     if (!painter.begin(&writer)) throw failure;
     painter.scale(writer.logicalDpiX() / kTwipsPerInch, writer.logicalDpiY() / kTwipsPerInch);
-    PictureCache cache;
+    PaintCache cache;
     PaintDrawing(painter, drawing, cache);
     painter.end();
   }

@@ -1,6 +1,7 @@
 #include "platform/qt/picture_box_view.h"
 
 #include <QPainter>
+#include <QRegion>
 
 #include "platform/qt/artwork.h"
 #include "platform/qt/drawing_painter.h"
@@ -82,11 +83,15 @@ void PictureBoxView::Draw(QPainter& painter) {
   }
   painter.save();
   painter.scale(1 / ToTwips(1), 1 / ToTwips(1));
-  PaintDrawing(painter, model_.Surface.Drawing(), Context().pictures, PixelsFor(widget_.size()));
+  PaintDrawing(painter, model_.Surface.Drawing(), Context().painted, PixelsFor(widget_.size()));
   painter.restore();
-  if (!model_.PaperBackground()) return;
-  painter.setPen(kPaperEdge);
-  painter.drawRect(QRectF(widget_.rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+  if (model_.PaperBackground()) DrawEdge(painter);
+}
+
+void PictureBoxView::DrawEdge(QPainter& painter) {
+  const QRect all = widget_.rect();
+  const QRect inner = all.adjusted(1, 1, -1, -1);
+  for (const QRect& side : QRegion(all).subtracted(inner)) painter.fillRect(side, kPaperEdge);
 }
 
 }  // namespace Morvane

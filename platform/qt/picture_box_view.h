@@ -27,6 +27,7 @@ class PictureBoxView : public ControlView {
  private:
   void Paint();
   void Draw(QPainter& painter);
+  void DrawEdge(QPainter& painter);
   bool CanKeep() const;
   Pixels PixelsFor(QSize painted);
 

@@ -65,7 +65,7 @@ void HidePageRange(const QPrintDialog& dialog) {
 QtPrinterDevice::QtPrinterDevice()
     : sheet_(kA4), pdfFolder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) {
   idle_.setSingleShot(true);
-  QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { pictures_.Clear(); });
+  QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { painted_.pictures.Clear(); });
 }
 
 QtPrinterDevice::~QtPrinterDevice() = default;
@@ -164,7 +164,7 @@ void QtPrinterDevice::PrintPage(const DrawingList& page, PageOrientation orienta
     throw Failure("La stampante '" + printer_->printerName() + "' non risponde.");
   }
   PlaceOnSheet(painter, *printer_, orientation);
-  PaintDrawing(painter, page, pictures_);
+  PaintDrawing(painter, page, painted_);
   idle_.start();
   if (!painter.end() || printer_->printerState() == QPrinter::Error) {
     throw Failure("La stampante '" + printer_->printerName() + "' ha interrotto il lavoro.");

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "platform/drawing/printer_device.h"
-#include "platform/qt/qt_picture.h"
+#include "platform/qt/drawing_painter.h"
 
 class QPrinter;
 
@@ -48,7 +48,7 @@ class QtPrinterDevice : public PrinterDevice {
   std::unique_ptr<QPrinter> printer_;  // none before Prepare, and while no printer is installed
   SheetSize sheet_;
   QString pdfFolder_;
-  PictureCache pictures_;  // for the copies of a page, until the program is idle
+  PaintCache painted_;  // for the copies of a page, until the program is idle
   QTimer idle_;
 };
 

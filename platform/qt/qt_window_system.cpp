@@ -27,7 +27,7 @@ QtWindowSystem::~QtWindowSystem() = default;
 FormView& QtWindowSystem::ViewOf(Form& form, FormRole role) {
   DropStale();
   std::unique_ptr<FormView>& view = views_[&form];
-  if (!view) view = std::make_unique<FormView>(form, role, ViewContext{*this, pictures_});
+  if (!view) view = std::make_unique<FormView>(form, role, ViewContext{*this, painted_});
   return *view;
 }
 

@@ -8,8 +8,8 @@
 
 #include "platform/controls/window_system.h"
 #include "platform/files/file_system.h"
+#include "platform/qt/drawing_painter.h"
 #include "platform/qt/form_view.h"
-#include "platform/qt/qt_picture.h"
 
 namespace Morvane {
 
@@ -43,7 +43,7 @@ class QtWindowSystem : public WindowSystem {
   void FollowApplication(Qt::ApplicationState state);
 
   FileSystem& files_;
-  PictureCache pictures_;
+  PaintCache painted_;
   QObject events_;  // receiver of the queued calls, which end with it
   std::map<Form*, std::unique_ptr<FormView>> views_;
   std::vector<FormView*> running_;

@@ -66,7 +66,7 @@ void ImageBoxView::Paint() {
     painter.save();
     painter.scale(1 / ToTwips(1), 1 / ToTwips(1));
     const TwipsBox whole{0, 0, ToTwips(widget_.width()), ToTwips(widget_.height())};
-    PaintDrawing(painter, {PictureShape{whole, model_.GetPicture()}}, Context().pictures);
+    PaintDrawing(painter, {PictureShape{whole, model_.GetPicture()}}, Context().painted);
     painter.restore();
   }
   PaintKeyboardFocus(widget_, painter);

@@ -1,14 +1,17 @@
 #include <gtest/gtest.h>
 
 #include <QFontDatabase>
+#include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 #include <QProcess>
 
 #include "platform/qt/drawing_painter.h"
+#include "platform/qt/font_stand_ins.h"
 #include "platform/qt/pdf_file_writer.h"
 #include "platform/qt/qt_picture.h"
 #include "platform/qt/qt_text_metrics.h"
+#include "platform/units.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
@@ -18,7 +21,7 @@ QImage Painted(const DrawingList& drawing, int side, double pixelRatio = 1) {
   QImage screen(side, side, QImage::Format_RGB32);
   screen.setDevicePixelRatio(pixelRatio);
   screen.fill(Qt::white);
-  PictureCache cache;
+  PaintCache cache;
   QPainter painter(&screen);
   painter.scale(1 / 15.0, 1 / 15.0);
   PaintDrawing(painter, drawing, cache);
@@ -51,7 +54,7 @@ TEST(DrawingPainterTest, LeavesThePainterAsItWas) {
   QImage screen(20, 20, QImage::Format_RGB32);
   QPainter painter(&screen);
   painter.scale(2, 3);
-  PictureCache cache;
+  PaintCache cache;
   PaintDrawing(painter, {LineShape{0, 0, 5, 5, {255, 0, 0}}}, cache);
   EXPECT_EQ(painter.worldTransform(), QTransform::fromScale(2, 3));
   EXPECT_FALSE(painter.testRenderHint(QPainter::Antialiasing));
@@ -80,6 +83,18 @@ TEST(QtTextMetricsTest, PaintedTextIsAsWideAsItWasMeasured) {
     for (int y = 0; y < 400; ++y) widest = std::max(widest, DarkInRow(image, y));
     EXPECT_NEAR(widest, pixels, pixels * 0.005 + 1) << points;
   }
+}
+
+// The place of a line is its top left corner, so its letters stand one ascent below.
+TEST(QtTextMetricsTest, LettersStandOnTheBaseline) {
+  const Font font{"Arial", 72};
+  const QImage image = Painted({TextShape{0, 0, "H", font, {}}}, 600, 4);
+  int lowest = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    if (DarkInRow(image, y) > 0) lowest = y;
+  }
+  const double pixelsPerUnit = 72 * kTwipsPerPoint / 15 * 4 / kReferencePixels;
+  EXPECT_NEAR(lowest + 1, QFontMetricsF(ReferenceFont(font)).ascent() * pixelsPerUnit, 1.5);
 }
 
 TEST(QtTextMetricsTest, TextOnPaperStaysText) {

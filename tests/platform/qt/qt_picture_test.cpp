@@ -179,7 +179,7 @@ TEST_F(QtPictureTest, PainterStretchesAPictureToItsBox) {
   const PicturePtr picture = Load("foto.png", Encoded(TwoHalves(64, 32), "png"));
   QImage screen(100, 100, QImage::Format_RGB32);
   screen.fill(Qt::white);
-  PictureCache cache;
+  PaintCache cache;
   QPainter painter(&screen);
   painter.scale(1 / 15.0, 1 / 15.0);
   PaintDrawing(painter, {PictureShape{{10 * 15, 20 * 15, 80 * 15, 60 * 15}, picture}}, cache);
