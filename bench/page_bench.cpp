@@ -10,7 +10,6 @@
 #include "bench/windows/window_machine.h"
 #include "contents/folder_scan.h"
 #include "main_window/program.h"
-#include "tests/support/private_cups.h"
 
 // The page with photos in its covers, through the real windows without a screen. The photos of
 // MORVANE_BENCH_PHOTOS are named after their megapixels: 12-1.jpg to 12-4.jpg and 1.jpg to 100.jpg.
@@ -229,12 +228,3 @@ BENCHMARK(TitleKeystroke)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace Morvane
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  Morvane::PrivateCups::ChoosePort();
-  const QApplication application(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}

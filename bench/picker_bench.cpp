@@ -6,11 +6,11 @@
 
 #include <cstdlib>
 #include <memory>
+#include <optional>
 
 #include "bench/windows/window_machine.h"
 #include "image_picker/frm_about.h"
 #include "platform/qt/qt_picture.h"
-#include "tests/support/private_cups.h"
 
 // The image picker, through the real windows without a screen.
 namespace Morvane {
@@ -112,13 +112,12 @@ void SameCallsAsExpand(benchmark::State& run) {
 BENCHMARK(SameCallsAsExpand)->Unit(benchmark::kMillisecond);
 
 void ExpandFolders(benchmark::State& run) {
-  FullMachine full;
-  full.WriteFolders();
+  std::optional<FullMachine> full;
   for (auto _ : run) {
     run.PauseTiming();
-    full.picker.reset();
-    QWidget& window = full.Show();
-    TreeView& tree = full.picker->tvwdirtree;
+    full.emplace().WriteFolders();
+    QWidget& window = full->Show();
+    TreeView& tree = full->picker->tvwdirtree;
     if (!tree.Find("C:")->Expanded()) tree.UserExpands(*tree.Find("C:"));
     WindowMachine::Settle(window);
     run.ResumeTiming();
@@ -131,12 +130,3 @@ BENCHMARK(ExpandFolders)->Unit(benchmark::kMillisecond)->Iterations(5);
 
 }  // namespace
 }  // namespace Morvane
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  Morvane::PrivateCups::ChoosePort();
-  const QApplication application(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}
