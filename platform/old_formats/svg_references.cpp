@@ -79,8 +79,7 @@ class Walk {
   bool Markup() {
     if (rest_.starts_with("<![CDATA[")) return SkipPast("]]>");
     if (rest_.starts_with("<!--")) return SkipPast("-->");
-    if (rest_.starts_with("<?xml ")) return SkipPast("?>");
-    if (rest_.starts_with("</")) return SkipPast(">");
+    if (rest_.starts_with("<?xml ") || rest_.starts_with("</")) return TagWithoutAttributes();
     if (rest_.starts_with("<!") || rest_.starts_with("<?")) return false;
     return Element();
   }
@@ -90,6 +89,12 @@ class Walk {
     if (at == std::string_view::npos) return false;
     rest_.remove_prefix(at + end.size());
     return true;
+  }
+
+  bool TagWithoutAttributes() {
+    rest_.remove_prefix(1);
+    Take("<>");
+    return SkipIf(">");
   }
 
   bool Element() {

@@ -41,8 +41,8 @@ TEST(SvgReferences, RefusesWhatLeadsOutside) {
 }
 
 TEST(SvgReferences, RefusesTagsThatCannotBeToldApart) {
-  for (const char* svg :
-       {"<svg", "<svg a='1", "<svg a=1>", "<svg a>", "<svg a='<b>'/>", "<![CDATA[", "<!-- "}) {
+  for (const char* svg : {"<svg", "<svg a='1", "<svg a=1>", "<svg a>", "<svg a='<b>'/>", "<![CDATA[", "<!-- ",
+                          "</svg <!DOCTYPE x>", "<?xml <script>?>"}) {
     EXPECT_FALSE(RefersOnlyToItself(svg)) << svg;
   }
 }
