@@ -71,7 +71,7 @@ TEST_F(ReadingTest, RefusesTextFilesWhenFewDescriptorsAreLeft) {
     ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &tight), 0);
     std::vector<std::unique_ptr<InputFile>> kept;
     const ErrorNumber number = NumberOfErrorIn([&] {
-      for (rlim_t i = 0; i < most; ++i) kept.push_back(files.OpenForInput("C:\\t.txt"));
+      for (rlim_t i = 0; i < tight.rlim_cur; ++i) kept.push_back(files.OpenForInput("C:\\t.txt"));
     });
     const std::string bytes = files.ReadBytes("C:\\t.txt");
     EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
