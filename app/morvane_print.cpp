@@ -64,6 +64,14 @@ void ReadLayoutFile(AppState& state, const FileSystem& files, const std::string&
   ReadLayout(*files.OpenForInput(WindowsPath(files, layout)), state);
 }
 
+void RequireCovers(const PrintArguments& arguments, const AppState& state) {
+  const int last = arguments.pictures.empty() ? 0 : arguments.pictures.rbegin()->first;
+  if (last <= state.NumCopertine) return;
+  throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex,
+                     "Il layout non ha la copertina " + std::to_string(last) +
+                         ": l'ultima è la " + std::to_string(state.NumCopertine) + ".");
+}
+
 // All at once: decoding them takes most of the time.
 void LoadPictures(const PrintArguments& arguments, Platform& platform, CoverSlots& slots) {
   std::map<int, std::future<PicturePtr>> loading;
@@ -87,6 +95,7 @@ void PrintCovers(const PrintArguments& arguments, Platform& platform) {
   if (!arguments.layout.empty()) ReadLayoutFile(state, platform.files, arguments.layout);
   if (state.NumCopertine == 0) InstallDefaultLayout(state);
   SetWorkspacePage(state);
+  RequireCovers(arguments, state);
   LoadPictures(arguments, platform, slots);
   if (!state.NomeLayout.empty()) platform.printer.JobTitle = state.NomeLayout;
   for (int copy = 1; copy <= arguments.copies; ++copy) {

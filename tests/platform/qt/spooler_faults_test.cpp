@@ -1,12 +1,10 @@
 #include <gmock/gmock.h>
 #include <signal.h>
 #include <sys/mount.h>
-#include <sys/wait.h>
 
 #include <chrono>
 #include <fstream>
 #include <functional>
-#include <sstream>
 #include <thread>
 
 #include "accepted_queue.h"
@@ -15,6 +13,7 @@
 #include "platform/qt/qt_text_metrics.h"
 #include "render/print_job.h"
 #include "tests/support/private_cups.h"
+#include "tests/support/program_run.h"
 
 namespace Morvane {
 namespace {
@@ -68,19 +67,9 @@ class SpoolerFaults : public testing::Test {
     machine_.Windows.UserEvent([&] { window.Command3.PerformClick(); });
   }
 
-  struct Outcome {
-    int exitCode;
-    std::string errors;
-  };
-  Outcome RunProgram() {
-    const std::string errors = machine_.Root.Path() + "/errors";
-    const int status = std::system((MORVANE_PRINT " --printer uneven 2>" + errors).c_str());
-    std::stringstream text;
-    text << std::ifstream(errors).rdbuf();
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, text.str()};
-  }
+  ProgramRun RunPrintProgram() { return RunProgram(MORVANE_PRINT " --printer uneven", machine_.Root.Path()); }
   void ExpectProgramFails() {
-    const Outcome outcome = RunProgram();
+    const ProgramRun outcome = RunPrintProgram();
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_THAT(outcome.errors, testing::MatchesRegex("morvane-print: [^\n]+\n"));
   }
@@ -103,7 +92,7 @@ TEST_F(SpoolerFaults, StoppedQueueHoldsTheJobsAndNobodyIsTold) {
   Stampa(state_, slots_, printer_);
   PrintContents();
   EXPECT_THAT(machine_.Windows.Boxes, testing::IsEmpty());
-  const Outcome outcome = RunProgram();
+  const ProgramRun outcome = RunPrintProgram();
   EXPECT_EQ(outcome.exitCode, 0);
   EXPECT_EQ(outcome.errors, "");
   cups_.Run("cupsenable uneven");
