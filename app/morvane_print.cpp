@@ -67,9 +67,9 @@ void ReadLayoutFile(AppState& state, const FileSystem& files, const std::string&
 void RequireCovers(const PrintArguments& arguments, const AppState& state) {
   const int last = arguments.pictures.empty() ? 0 : arguments.pictures.rbegin()->first;
   if (last <= state.NumCopertine) return;
-  throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex,
-                     "Il layout non ha la copertina " + std::to_string(last) +
-                         ": l'ultima è la " + std::to_string(state.NumCopertine) + ".");
+  throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex, "Il layout non ha la copertina " +
+                                                                 std::to_string(last) + ": l'ultima è la " +
+                                                                 std::to_string(state.NumCopertine) + ".");
 }
 
 // All at once: decoding them takes most of the time.
@@ -130,7 +130,9 @@ void Print(const PrintArguments& arguments) {
   LocalFileSystem files("/", MountTable(), {});
   ConsoleWindows windows;
   Screen screen;
-  QtPictureLoader pictures(files, OldFormatDecoderPath());
+  // Only a file that is not yet written can be given up when a picture turns out to be bad.
+  const PictureCheck check = arguments.pdf.empty() ? PictureCheck::Whole : PictureCheck::Header;
+  QtPictureLoader pictures(files, OldFormatDecoderPath(), check);
   const QtTextMetrics metrics;
   const QtFontCatalog fonts;
   PdfFiles pdf(arguments.pdf, arguments.copies);

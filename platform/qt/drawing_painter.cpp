@@ -87,6 +87,8 @@ class Painting {
     cache_.pictures.Prepare(wishes);
   }
 
+  bool Complete() const { return complete_; }
+
  private:
   static QSize PaperDots(const QRectF& box) {
     const QSizeF dots = box.size() * kFinestPixelsPerTwip;
@@ -116,11 +118,16 @@ class Painting {
 
   void DrawPicture(const PicturePtr& picture, const QRectF& box, QSize pixels) {
     const QImage image = cache_.pictures.Image(picture, pixels, which_);
-    if (!image.isNull()) painter_.drawImage(box, image);
+    if (image.isNull()) {
+      complete_ = false;
+    } else {
+      painter_.drawImage(box, image);
+    }
   }
 
   QPainter& painter_;
   PaintCache& cache_;
+  bool complete_ = true;
   const Pixels which_;
   const bool onPaper_;
   const QTransform twips_;     // the world transform that was given
@@ -130,12 +137,13 @@ class Painting {
 
 }  // namespace
 
-void PaintDrawing(QPainter& painter, const DrawingList& drawing, PaintCache& cache, Pixels pixels) {
+bool PaintDrawing(QPainter& painter, const DrawingList& drawing, PaintCache& cache, Pixels pixels) {
   painter.save();
   Painting painting(painter, cache, pixels);
   painting.DecodeForPaper(drawing);
   for (const Shape& shape : drawing) std::visit(painting, shape);
   painter.restore();
+  return painting.Complete();
 }
 
 }  // namespace Morvane

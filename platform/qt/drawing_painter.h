@@ -17,8 +17,8 @@ struct PaintCache {
 // Paints a drawing on the screen or on paper; the one painter of both. The painter must be scaled so that one
 // unit is one twip, with the surface's origin at 0,0; its state is the same afterwards. Hairlines are one
 // device pixel on a screen and 1/600 inch on paper. A picture that cannot be decoded now leaves its box as it
-// is.
-void PaintDrawing(QPainter& painter, const DrawingList& drawing, PaintCache& cache,
+// is; the result tells whether all could.
+bool PaintDrawing(QPainter& painter, const DrawingList& drawing, PaintCache& cache,
                   Pixels pixels = Pixels::Exact);
 
 }  // namespace Morvane

@@ -42,7 +42,10 @@ void WritePdf(const std::string& nativePath, const DrawingList& drawing, PageOri
     if (!painter.begin(&writer)) throw failure;
     painter.scale(writer.logicalDpiX() / kTwipsPerInch, writer.logicalDpiY() / kTwipsPerInch);
     PaintCache cache;
-    PaintDrawing(painter, drawing, cache);
+    if (!PaintDrawing(painter, drawing, cache)) {
+      throw RuntimeError(ErrorNumber::InvalidPicture,
+                         "Una delle immagini è danneggiata e non può essere letta.");
+    }
     painter.end();
   }
   if (!file.commit()) throw failure;

@@ -8,7 +8,7 @@ namespace Morvane {
 
 // Writes a drawing as a PDF file of one sheet without margins, at true scale. `sheet` is the sheet in
 // portrait; `nativePath` is replaced as a whole or not at all. RuntimeError PrinterFailure when it cannot be
-// written.
+// written, InvalidPicture when a picture of it cannot be decoded.
 void WritePdf(const std::string& nativePath, const DrawingList& drawing, PageOrientation orientation,
               SheetSize sheet, const std::string& title);
 

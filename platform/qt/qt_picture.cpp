@@ -24,11 +24,12 @@ QImage Averaged(const QImage& image, QSize size) {
 }  // namespace
 
 FilePicture::FilePicture(QByteArray bytes, QSize size, bool turned, int index)
-    : bytes_(std::move(bytes)),
-      size_(size),
-      turned_(turned),
-      index_(index),
-      overview_(DecodeFile(OverviewSize())) {}
+    : bytes_(std::move(bytes)), size_(size), turned_(turned), index_(index) {}
+
+const QImage& FilePicture::Overview() const {
+  std::call_once(overviewDecoded_, [this] { overview_ = DecodeFile(OverviewSize()); });
+  return overview_;
+}
 
 QSize FilePicture::OverviewSize() const {
   const QSizeF size = turned_ ? size_.transposed() : size_;
@@ -45,8 +46,8 @@ double FilePicture::HeightTwips() const {
 }
 
 QImage FilePicture::Decode(QSize pixels) const {
-  const bool overviewSuffices = pixels.boundedTo(overview_.size()) == pixels;
-  return overviewSuffices ? Averaged(overview_, pixels) : DecodeFile(pixels);
+  const bool overviewSuffices = pixels.boundedTo(OverviewSize()) == pixels;
+  return overviewSuffices ? Averaged(Overview(), pixels) : DecodeFile(pixels);
 }
 
 QImage FilePicture::DecodeFile(QSize pixels) const {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <unordered_map>
 #include <vector>
 
@@ -28,10 +29,11 @@ class QtPicture : public Picture {
 class FilePicture : public QtPicture {
  public:
   // `size` is in the file's pixels, before any recorded rotation; `turned` tells that the rotation exchanges
-  // the sides, `index` which of the images in the file it is. Decodes the overview.
+  // the sides, `index` which of the images in the file it is.
   FilePicture(QByteArray bytes, QSize size, bool turned, int index);
 
-  bool CanBeDecoded() const { return !overview_.isNull(); }
+  // Decodes the overview.
+  bool CanBeDecoded() const { return !Overview().isNull(); }
 
   double WidthTwips() const override;
   double HeightTwips() const override;
@@ -39,13 +41,15 @@ class FilePicture : public QtPicture {
 
  private:
   QSize OverviewSize() const;
+  const QImage& Overview() const;
   QImage DecodeFile(QSize pixels) const;
 
   const QByteArray bytes_;
   const QSize size_;
   const bool turned_;
   const int index_;
-  const QImage overview_;
+  mutable std::once_flag overviewDecoded_;
+  mutable QImage overview_;  // made when it is first wanted
 };
 
 // A picture of pixels that are already there.

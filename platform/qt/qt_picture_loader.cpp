@@ -67,7 +67,7 @@ int LargestImage(QImageReader& reader) {
   return largest;
 }
 
-PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes) {
+PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes, PictureCheck check) {
   QBuffer buffer;
   buffer.setData(bytes);
   QImageReader reader(&buffer);
@@ -82,7 +82,8 @@ PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes) {
   if (CostsTooMuch(bytes, format, size)) Refuse(path, "è troppo grande.");
   const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
   auto picture = std::make_shared<FilePicture>(bytes, size, turned, index);
-  if (!picture->CanBeDecoded()) Refuse(path, "è danneggiata e non può essere letta.");
+  if (check == PictureCheck::Whole && !picture->CanBeDecoded())
+    Refuse(path, "è danneggiata e non può essere letta.");
   return picture;
 }
 
@@ -102,8 +103,8 @@ PicturePtr FromPixels(const DecodedPixels& pixels) {
 
 }  // namespace
 
-QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPath)
-    : files_(files), decoderPath_(std::move(decoderPath)) {
+QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPath, PictureCheck check)
+    : files_(files), decoderPath_(std::move(decoderPath)), check_(check) {
   QImageReader::setAllocationLimit(kMostDecodedMegabytes);
 }
 
@@ -117,7 +118,7 @@ PicturePtr QtPictureLoader::LoadPicture(const std::string& path) {
     if (!picture) Refuse(path, "è danneggiata e non può essere letta.");
     return picture;
   }
-  return LoadPixels(path, WithBitmapFileHeader(QByteArray::fromStdString(bytes)));
+  return LoadPixels(path, WithBitmapFileHeader(QByteArray::fromStdString(bytes)), check_);
 }
 
 PicturePtr QtPictureLoader::DecodeOld(OldFormat format, const std::string& bytes) const {

@@ -8,6 +8,11 @@
 
 namespace Morvane {
 
+enum class PictureCheck {
+  Whole,
+  Header  // for a picture that is painted once and at once: damage behind the header shows there
+};
+
 // Loads picture files by what their bytes say, not by their names: JPEG, BMP (also run-length encoded, also
 // without a file header), GIF, ICO, CUR, PNG, TIFF, WebP; EMF, WMF and IFF through the decoder program. A
 // file is decoded once, small, so that one that cannot be decoded fails here. Hostile files cost at most two
@@ -15,7 +20,7 @@ namespace Morvane {
 class QtPictureLoader : public PictureLoader {
  public:
   // `decoderPath` is the native path of the decoder of old formats.
-  QtPictureLoader(const FileSystem& files, std::string decoderPath);
+  QtPictureLoader(const FileSystem& files, std::string decoderPath, PictureCheck check = PictureCheck::Whole);
 
   PicturePtr LoadPicture(const std::string& path) override;
 
@@ -25,6 +30,7 @@ class QtPictureLoader : public PictureLoader {
 
   const FileSystem& files_;
   const std::string decoderPath_;
+  const PictureCheck check_;
 };
 
 // Where the decoder of old formats is: beside this program, else in ../libexec/morvane.

@@ -54,6 +54,13 @@ TEST_F(MorvanePrintTest, TellsWhichInputIsBadAndPrintsNothing) {
   ExpectNotPrinted("--contents . --font Inesistente", "Inesistente");
 }
 
+// Its damage shows when it is painted.
+TEST_F(MorvanePrintTest, WritesNoSheetWithAPictureThatEndsBehindItsHeader) {
+  using namespace std::string_literals;
+  Write("testa.gif", "GIF89a\2\0\2\0\x80\0\0\0\0\0\xFF\xFF\xFF,\0\0\0\0\2\0\2\0\0"s);
+  ExpectNotPrinted("--picture 2=testa.gif", "immagini è danneggiata");
+}
+
 TEST_F(MorvanePrintTest, TellsHowManyLinesFoundNoPlace) {
   std::filesystem::create_directory(folder_.Path() + "/disco");
   for (int file = 0; file < 300; ++file) Write("disco/" + std::to_string(file), "");
