@@ -7,6 +7,7 @@ endif()
 if(MORVANE_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
+  add_compile_definitions(MORVANE_SANITIZE)
 endif()
 if(MORVANE_FUZZ)
   # The compiler that counts as to warnings is the other one.

@@ -9,7 +9,7 @@
 namespace Morvane {
 namespace {
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef MORVANE_SANITIZE
 constexpr bool kMemoryIsKept = true;  // by the sanitizer, once freed
 #else
 constexpr bool kMemoryIsKept = false;
@@ -61,13 +61,13 @@ TEST(Endurance, ADayOfActivationsKeepsTheMemory) {
       {Action::Informazioni, "Form3"},  {Action::RicercaOnline, "Form4"},
   };
   const double growth = GrowthMegabytes(10000, [&](int n) {
-    const auto& [action, name] = openings[static_cast<std::size_t>(n) % openings.size()];
+    const auto& opening = openings[static_cast<std::size_t>(n) % openings.size()];
     // Every other time the window is only hidden, where the picker then has chosen a picture.
-    machine.Windows.Modal[name].push_back([&](Form& form) {
+    machine.Windows.Modal[opening.second].push_back([&](Form& form) {
       program.state.ImmagineScelta = "C:\\Foto\\a.jpg";
       n / 6 % 2 == 0 ? form.UnloadForm() : form.Hide();
     });
-    machine.Windows.UserEvent([&] { program.form1.Perform(action); });
+    machine.Windows.UserEvent([&] { program.form1.Perform(opening.first); });
     machine.Windows.ShownForms.clear();
     machine.Pictures.Loaded.clear();
   });

@@ -39,8 +39,8 @@ class ProgramTest : public testing::Test {
   QtWindowSystem windows{*machine.Files};
   const QtScreen screen{machine.TheScreen};
   QtPictureLoader pictures{*machine.Files, OldFormatDecoderPath()};
-  const QtTextMetrics metrics;
-  const QtFontCatalog fonts;
+  const QtTextMetrics metrics{};
+  const QtFontCatalog fonts{};
   Printer printer{machine.Device, metrics, fonts};
   Platform platform{windows, machine.TheScreen, *machine.Files,   pictures,     metrics,
                     fonts,   printer,           machine.Launches, machine.Http, machine.platform.app};
