@@ -8,6 +8,7 @@
 #include <QTranslator>
 #include <algorithm>
 #include <chrono>
+#include <memory>
 #include <utility>
 
 #include "main_window/program.h"
@@ -15,6 +16,7 @@
 #include "platform/files/local_file_system.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/font_stand_ins.h"
+#include "platform/qt/program_style.h"
 #include "platform/qt/qt_http_client.h"
 #include "platform/qt/qt_launcher.h"
 #include "platform/qt/qt_picture_loader.h"
@@ -58,6 +60,7 @@ char DecimalSeparator() {
 int main(int argc, char** argv) {
   RaiseFileLimit();
   QApplication application(argc, argv);
+  QApplication::setStyle(std::make_unique<ProgramStyle>().release());  // the application owns its style
   QApplication::setApplicationName("Morvane");
   QApplication::setDesktopFileName("morvane");
   QApplication::setWindowIcon(ArtworkIcon("morvane"));
