@@ -121,7 +121,7 @@ BENCHMARK(RedrawPage)->Arg(1)->Arg(10)->Arg(25)->Arg(50)->Arg(75)->Arg(100)->Uni
 // Smaller and larger again, no two sizes in a row the same; at the end the frame that makes it sharp.
 void ResizePage(benchmark::State& run) {
   constexpr int kSteps = 100;
-  ShownPage shown(100);
+  ShownPage shown(static_cast<int>(run.range(0)));
   double worst = 0;
   int step = 0;
   for (auto _ : run) {
@@ -139,7 +139,7 @@ void ResizePage(benchmark::State& run) {
   run.counters["sharp_ms"] = MillisecondsOf(timer);
   run.counters["worst_ms"] = std::max(worst, MillisecondsOf(timer));
 }
-BENCHMARK(ResizePage)->Unit(benchmark::kMillisecond);
+BENCHMARK(ResizePage)->Arg(1)->Arg(100)->Unit(benchmark::kMillisecond);
 
 void DecodePhoto(benchmark::State& run) {
   const std::string path = PhotoFolder() + "/" + std::to_string(run.range(0)) + ".jpg";
