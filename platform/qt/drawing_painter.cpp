@@ -31,6 +31,8 @@ class Painting {
         toPixels_(onPaper_ ? QTransform() : painter.deviceTransform()),
         pixels_(toPixels_.inverted() * twips_) {
     painter_.setRenderHint(QPainter::Antialiasing);
+    // For one frame of many the nearest pixels will do; the toolkit spreads smooth ones over threads, picture
+    // by picture.
     painter_.setRenderHint(QPainter::SmoothPixmapTransform, which == Pixels::Exact);
     painter_.setBrush(Qt::NoBrush);
   }
