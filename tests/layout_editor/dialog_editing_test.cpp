@@ -11,16 +11,6 @@ class DialogEditing : public DialogTest {
   }
 };
 
-TEST_F(DialogEditing, DecimalCommaCostsTheFraction) {
-  state.decimalSeparator = ',';
-  Type(dialog->Text1, "12.5");
-  Press(dialog->Command6);
-  EXPECT_EQ(dialog->Text1.Text(), "11,5");
-  EXPECT_EQ(state.CopLarg[1], 1.1);
-  Press(dialog->Command6);
-  EXPECT_EQ(dialog->Text1.Text(), "10");
-}
-
 TEST_F(DialogEditing, EnterStoresWhatTheBoxHoldsAndEscLeaves) {
   dialog->Text5.SetText("30");
   EXPECT_TRUE(dialog->Text5.PerformKeyDown(13));
@@ -29,23 +19,6 @@ TEST_F(DialogEditing, EnterStoresWhatTheBoxHoldsAndEscLeaves) {
   EXPECT_FALSE(dialog->form.Unloaded());
   dialog->Text5.PerformKeyDown(27);
   EXPECT_TRUE(dialog->form.Unloaded());
-}
-
-TEST_F(DialogEditing, OnlyTheStepToTheLeftLeavesTheFlag) {
-  Press(dialog->Command10);
-  EXPECT_EQ(dialog->Text4.Text(), "19");
-  EXPECT_EQ(state.LayoutModificato, 0);
-  Press(dialog->Command12);
-  EXPECT_EQ(state.LayoutModificato, -1);
-}
-
-TEST_F(DialogEditing, AddedCoverTakesItsSlotsOldShape) {
-  for (int i = 0; i < 4; ++i) Press(dialog->Command4);
-  dialog->Option4.PerformClick();
-  Press(dialog->Command18);
-  Press(dialog->Command17);
-  EXPECT_EQ(dialog->Label4.Caption(), "Ogg.05");
-  EXPECT_TRUE(dialog->Option4.Value());
 }
 
 TEST_F(DialogEditing, HundredCoversAreTheLimitAndOneTheLeast) {
