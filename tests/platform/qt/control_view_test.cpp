@@ -72,17 +72,6 @@ TEST_F(ControlViewTest, ChoicesFireOneClickFromTheUserAndFromCode) {
   EXPECT_EQ(log.size(), 4U);
 }
 
-TEST_F(ControlViewTest, ControlsInAFrameKeepTheirPlaceFromItsCorner) {
-  Frame frame(form, "Frame1");
-  Label label(frame, "Label1");
-  label.SetLeft(150);
-  label.SetTop(300);
-  label.SetWidth(750);
-  label.SetHeight(195);
-  Show();
-  EXPECT_EQ(Widget<QWidget>("Label1").geometry(), QRect(10, 20, 50, 13));
-}
-
 TEST_F(ControlViewTest, MouseOverAPictureDoesNotReachWhatHoldsIt) {
   Frame frame(form, "Frame1");
   ImageBox picture(frame, "Picture3");

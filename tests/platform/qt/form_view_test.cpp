@@ -102,19 +102,6 @@ TEST_F(FormViewTest, EnterAndEscPressTheDefaultAndCancelButtonsAfterTheTextIsLef
   EXPECT_THAT(log, ElementsAre("LostFocus", "OK", "Annulla"));
 }
 
-TEST_F(FormViewTest, TabGoesThroughTheControlsInTheirOrderIntoContainersToo) {
-  CommandButton first(form, "First");
-  Frame frame(form, "Frame1");
-  CommandButton inner(frame, "Inner");
-  CommandButton last(form, "Last");
-  Show();
-  first.SetFocus();
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-  EXPECT_EQ(form.FocusedControl(), &inner);
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-  EXPECT_EQ(form.FocusedControl(), &last);
-}
-
 TEST_F(FormViewTest, ModalWindowReturnsWhenHiddenAndComesBackWithItsControls) {
   Show();
   Form inner({.name = "Inner", .caption = "Dentro", .clientWidth = 3000, .clientHeight = 1500});
