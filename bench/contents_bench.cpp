@@ -5,9 +5,9 @@
 #include <fstream>
 #include <map>
 
-#include "contents/folder_scan.h"
-#include "contents/frm_preview.h"
 #include "tests/support/test_machine.h"
+#include "windows/contents/folder_scan.h"
+#include "windows/contents/frm_preview.h"
 
 namespace Morvane {
 namespace {

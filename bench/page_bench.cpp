@@ -8,8 +8,8 @@
 
 #include "bench/photos/photo.h"
 #include "bench/windows/window_machine.h"
-#include "contents/folder_scan.h"
-#include "main_window/program.h"
+#include "windows/contents/folder_scan.h"
+#include "windows/main_window/program.h"
 
 // The page with photos in its covers, through the real windows without a screen. The photos of
 // MORVANE_BENCH_PHOTOS are named after their megapixels: 12-1.jpg to 12-4.jpg and 1.jpg to 100.jpg.

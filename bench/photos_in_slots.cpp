@@ -2,8 +2,8 @@
 #include <iostream>
 
 #include "bench/windows/window_machine.h"
-#include "main_window/program.h"
 #include "tests/support/private_cups.h"
+#include "windows/main_window/program.h"
 
 namespace {
 

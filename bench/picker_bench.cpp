@@ -9,8 +9,8 @@
 #include <optional>
 
 #include "bench/windows/window_machine.h"
-#include "image_picker/frm_about.h"
-#include "platform/qt/qt_picture.h"
+#include "platform/qt/pictures/qt_picture.h"
+#include "windows/image_picker/frm_about.h"
 
 // The image picker, through the real windows without a screen.
 namespace Morvane {

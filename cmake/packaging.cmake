@@ -28,7 +28,7 @@ install(FILES ${packaging}/morvane.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/
 install(FILES ${packaging}/example.morvane.morvane.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${packaging}/morvane-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME morvane.xml)
 install(FILES ${packaging}/lintian-overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME morvane)
-install(FILES ${CMAKE_SOURCE_DIR}/resources/images/morvane.svg
+install(FILES ${CMAKE_SOURCE_DIR}/data/images/morvane.svg
   DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 
 set(CPACK_GENERATOR DEB)

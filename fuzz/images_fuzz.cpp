@@ -1,8 +1,8 @@
 #include <cstdlib>
 
 #include "fuzz/support/fuzz_machine.h"
-#include "platform/qt/pdf_file_writer.h"
-#include "platform/qt/qt_picture_loader.h"
+#include "platform/qt/pictures/qt_picture_loader.h"
+#include "platform/qt/printing/pdf_file_writer.h"
 #include "platform/runtime_error.h"
 
 using namespace Morvane;

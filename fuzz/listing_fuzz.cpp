@@ -1,4 +1,4 @@
-#include "contents/listing_composition.h"
+#include "windows/contents/listing_composition.h"
 
 #include <algorithm>
 #include <sstream>

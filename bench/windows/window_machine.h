@@ -7,10 +7,10 @@
 #include <string>
 
 #include "core/app_state.h"
-#include "platform/qt/qt_picture_loader.h"
-#include "platform/qt/qt_printer_device.h"
-#include "platform/qt/qt_text_metrics.h"
-#include "platform/qt/qt_window_system.h"
+#include "platform/qt/desktop/qt_window_system.h"
+#include "platform/qt/painting/qt_text_metrics.h"
+#include "platform/qt/pictures/qt_picture_loader.h"
+#include "platform/qt/printing/qt_printer_device.h"
 #include "platform/units.h"
 #include "tests/support/test_machine.h"
 

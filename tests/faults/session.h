@@ -8,7 +8,7 @@
 #include <string>
 
 #include "faulty_machine.h"
-#include "main_window/program.h"
+#include "windows/main_window/program.h"
 
 namespace Morvane {
 

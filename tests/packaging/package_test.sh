@@ -86,7 +86,7 @@ CheckContents() {
     metainfo/example.morvane.morvane.metainfo.xml doc/morvane/copyright man{,/it}/man1/morvane{,-print}.1.gz; do
     [[ -s "$usr/share/$file" ]] || Fail "no share/$file"
   done
-  for file in "$source"/layouts/*.mvne "$source"/resources/{morvane_fileid.txt,omk.htm,morvane.ini}; do
+  for file in "$source"/data/layouts/*.mvne "$source"/data/program_folder/*; do
     cmp "$file" "$usr/share/morvane/$(basename "$file")"
   done
   desktop-file-validate "$usr/share/applications/morvane.desktop"
@@ -102,7 +102,7 @@ WriteIff() {
 
 Print() {
   WriteIff "$work/cover.iff"
-  cp "$source/samples/fronte.jpg" "$work"
+  cp "$source/data/samples/fronte.jpg" "$work"
   (AsUser "$1" morvane-print "$usr/share/morvane/CD - Fronte e retro.mvne" --picture 1="$work/fronte.jpg" \
     --picture 2="$work/cover.iff" --pdf foglio.pdf) || Fail "morvane-print"
   [[ "$(pdfimages -list "$work/$1/foglio.pdf" | grep -c ' image ')" -eq 2 ]] || Fail "two pictures on the sheet"

@@ -31,7 +31,7 @@ std::string Contents(const std::filesystem::path& path) {
 
 std::vector<std::string> ShippedLayouts() {
   std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(kProject / "layouts")) {
+  for (const auto& entry : std::filesystem::directory_iterator(kProject / "data/layouts")) {
     names.push_back(entry.path().stem().string());
     EXPECT_EQ(entry.path().extension(), ".mvne") << names.back();
   }
@@ -77,7 +77,7 @@ class ShippedLayout : public testing::TestWithParam<std::string> {
   void SetUp() override {
     state.MaxCopertine = 100;
     state.NomeLayout = GetParam();
-    bytes = Contents(kProject / "layouts" / (GetParam() + ".mvne"));
+    bytes = Contents(kProject / "data/layouts" / (GetParam() + ".mvne"));
     TextLines lines(bytes);
     ReadLayout(lines, state);
     ASSERT_GT(state.NumCopertine, 0);

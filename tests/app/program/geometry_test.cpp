@@ -10,8 +10,8 @@
 #include <set>
 
 #include "platform/controls/bars.h"
-#include "platform/qt/small_views.h"
-#include "platform/qt/view_text.h"
+#include "platform/qt/views/small_views.h"
+#include "platform/qt/views/view_text.h"
 #include "program_fixture.h"
 
 namespace Morvane {

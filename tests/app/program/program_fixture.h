@@ -14,12 +14,12 @@
 #include <utility>
 #include <vector>
 
-#include "main_window/program.h"
-#include "platform/qt/qt_picture_loader.h"
-#include "platform/qt/qt_screen.h"
-#include "platform/qt/qt_text_metrics.h"
-#include "platform/qt/qt_window_system.h"
+#include "platform/qt/desktop/qt_screen.h"
+#include "platform/qt/desktop/qt_window_system.h"
+#include "platform/qt/painting/qt_text_metrics.h"
+#include "platform/qt/pictures/qt_picture_loader.h"
 #include "tests/support/test_machine.h"
+#include "windows/main_window/program.h"
 
 namespace Morvane {
 
@@ -48,10 +48,11 @@ class ProgramTest : public testing::Test {
 
   void SetUp() override {
     namespace fs = std::filesystem;
-    for (const auto& file : fs::directory_iterator(MORVANE_SOURCE_DIR "/layouts")) {
+    for (const auto& file : fs::directory_iterator(MORVANE_SOURCE_DIR "/data/layouts")) {
       fs::copy(file, machine.Files->ToNative("C:\\Morvane"));
     }
-    fs::copy(MORVANE_SOURCE_DIR "/resources/morvane_fileid.txt", machine.Files->ToNative("C:\\Morvane"));
+    fs::copy(MORVANE_SOURCE_DIR "/data/program_folder/morvane_fileid.txt",
+             machine.Files->ToNative("C:\\Morvane"));
     for (const char* name : {"a.png", "b.png"}) {
       machine.MakeFolder("C:\\Foto");
       QImage photo(600, 400, QImage::Format_RGB32);

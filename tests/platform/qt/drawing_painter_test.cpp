@@ -6,11 +6,11 @@
 #include <QPainter>
 #include <QProcess>
 
-#include "platform/qt/drawing_painter.h"
-#include "platform/qt/font_stand_ins.h"
-#include "platform/qt/pdf_file_writer.h"
-#include "platform/qt/qt_picture.h"
-#include "platform/qt/qt_text_metrics.h"
+#include "platform/qt/painting/drawing_painter.h"
+#include "platform/qt/painting/font_stand_ins.h"
+#include "platform/qt/painting/qt_text_metrics.h"
+#include "platform/qt/pictures/qt_picture.h"
+#include "platform/qt/printing/pdf_file_writer.h"
 #include "platform/units.h"
 #include "tests/support/test_machine.h"
 

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "platform/qt/font_stand_ins.h"
+#include "platform/qt/painting/font_stand_ins.h"
 #include "tests/support/private_cups.h"
 #include "tests/support/test_machine.h"
 

@@ -8,8 +8,8 @@
 #include <QTcpSocket>
 #include <QThread>
 
-#include "platform/qt/qt_http_client.h"
-#include "platform/qt/qt_launcher.h"
+#include "platform/qt/desktop/qt_http_client.h"
+#include "platform/qt/desktop/qt_launcher.h"
 #include "platform/runtime_error.h"
 #include "tests/support/test_machine.h"
 

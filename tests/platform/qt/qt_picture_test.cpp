@@ -6,9 +6,9 @@
 #include <QImageWriter>
 #include <QPainter>
 
-#include "platform/qt/drawing_painter.h"
-#include "platform/qt/qt_picture.h"
-#include "platform/qt/qt_picture_loader.h"
+#include "platform/qt/painting/drawing_painter.h"
+#include "platform/qt/pictures/qt_picture.h"
+#include "platform/qt/pictures/qt_picture_loader.h"
 #include "platform/runtime_error.h"
 #include "tests/support/test_machine.h"
 

@@ -8,12 +8,12 @@
 #include <thread>
 
 #include "accepted_queue.h"
-#include "contents/frm_preview.h"
-#include "platform/qt/qt_printer_device.h"
-#include "platform/qt/qt_text_metrics.h"
+#include "platform/qt/painting/qt_text_metrics.h"
+#include "platform/qt/printing/qt_printer_device.h"
 #include "render/print_job.h"
 #include "tests/support/private_cups.h"
 #include "tests/support/program_run.h"
+#include "windows/contents/frm_preview.h"
 
 namespace Morvane {
 namespace {

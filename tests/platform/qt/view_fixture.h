@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "platform/controls/simple_controls.h"
-#include "platform/qt/form_view.h"
-#include "platform/qt/qt_window_system.h"
+#include "platform/qt/desktop/qt_window_system.h"
+#include "platform/qt/views/form_view.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {

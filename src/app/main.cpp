@@ -1,0 +1,98 @@
+#include <sys/resource.h>
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QStandardPaths>
+#include <QTimer>
+#include <QTranslator>
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <utility>
+
+#include "platform/files/app_folder.h"
+#include "platform/files/local_file_system.h"
+#include "platform/qt/desktop/qt_http_client.h"
+#include "platform/qt/desktop/qt_launcher.h"
+#include "platform/qt/desktop/qt_screen.h"
+#include "platform/qt/desktop/qt_window_system.h"
+#include "platform/qt/painting/font_stand_ins.h"
+#include "platform/qt/painting/qt_text_metrics.h"
+#include "platform/qt/pictures/artwork.h"
+#include "platform/qt/pictures/qt_picture_loader.h"
+#include "platform/qt/printing/qt_printer_device.h"
+#include "platform/qt/views/program_style.h"
+#include "windows/main_window/program.h"
+
+namespace {
+
+using namespace Morvane;
+
+// From the window's coming into sight to its page being painted.
+constexpr std::chrono::milliseconds kAfterFirstPage(100);
+
+// More readings of a layout than a run sees, and few enough for started programs, which take the limit over.
+constexpr rlim_t kOpenFiles = 65536;
+
+// Layouts that were read stay open for the run.
+void RaiseFileLimit() {
+  rlimit limit{};
+  if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return;
+  limit.rlim_cur = std::max(limit.rlim_cur, std::min(limit.rlim_max, kOpenFiles));
+  setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+std::string AppFolder() {
+  const QString executableFolder = QCoreApplication::applicationDirPath();
+  return FindAppFolder({.executableFolder = executableFolder.toStdString(),
+                        .dataHome = qEnvironmentVariable("XDG_DATA_HOME").toStdString(),
+                        .home = qEnvironmentVariable("HOME").toStdString(),
+                        .shippedFolder = (executableFolder + "/../share/morvane").toStdString()});
+}
+
+char DecimalSeparator() {
+  return QLocale::system().decimalPoint() == QLatin1String(",") ? ',' : '.';
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  RaiseFileLimit();
+  QApplication application(argc, argv);
+  QApplication::setStyle(std::make_unique<ProgramStyle>().release());  // the application owns its style
+  QApplication::setApplicationName("Morvane");
+  QApplication::setDesktopFileName("morvane");
+  QApplication::setWindowIcon(ArtworkIcon("morvane"));
+  QTranslator italian;
+  if (italian.load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QApplication::installTranslator(&italian);
+  }
+  InstallFontStandIns();
+
+  LocalFileSystem files("/", MountTable(),
+                        QStandardPaths::writableLocation(QStandardPaths::DesktopLocation).toStdString());
+  QtWindowSystem windows(files);
+  Screen screen;
+  const QtScreen screenMirror(screen);
+  QtPictureLoader pictures(files, OldFormatDecoderPath());
+  const QtTextMetrics metrics;
+  const QtFontCatalog fonts;
+  QtPrinterDevice device;
+  Printer printer(device, metrics, fonts);
+  AppInfo app;
+  app.path = files.FromNative(AppFolder());
+  QtLauncher launcher(files, app.path);
+  QtHttpClient http;
+  Platform platform{windows, screen, files, pictures, metrics, fonts, printer, launcher, http, app};
+
+  Program program(platform, DecimalSeparator());
+  // Asking for the printers takes its time; the page is on the screen first, as A4.
+  device.OnSheetChanged = [&] { windows.Dispatch([&] { program.form1.Ridisegna(); }); };
+  program.form1.form.Paint = [&, asked = false]() mutable {
+    if (!std::exchange(asked, true))
+      QTimer::singleShot(kAfterFirstPage, &application, [&] { device.Prepare(); });
+  };
+  program.Start();
+  return windows.Ended() ? 0 : QApplication::exec();
+}

@@ -1,0 +1,145 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/color.h"
+#include "platform/font.h"
+
+namespace Morvane {
+
+class Container;
+class Form;
+
+enum class MouseButton { Left = 1, Right = 2, Middle = 4 };
+
+// What of a control has changed, so that its view mirrors no more than that.
+enum class ViewChange { Geometry, Appearance, Content, Selection, Drawing, Focus };
+
+// One line of a window's control table. Measures are twips, relative to the control's container.
+struct ControlRow {
+  std::string_view name;
+  std::string_view caption = {};
+  std::string_view toolTip = {};
+  double left = 0;
+  double top = 0;
+  double width = 0;
+  double height = 0;
+  std::string_view spokenName = {};  // for screen readers, where neither caption nor tool-tip serves
+};
+
+// A control of a window: it holds its state and fires its events; a view of the back-end mirrors it and feeds
+// the user's actions back through the same setters. An event without a handler does nothing.
+class Control {
+ public:
+  Control(Container& parent, std::string name);
+  virtual ~Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+  std::function<void(ViewChange)> OnViewChange;
+
+  std::function<void()> Click;
+  std::function<void()> DblClick;
+  std::function<void()> GotFocus;
+  std::function<void()> LostFocus;
+  std::function<void(int keyCode)> KeyDown;
+  // Coordinates are twips from the control's corner; a PictureBox gives them in its surface's scale.
+  std::function<void(MouseButton button, int shift, double x, double y)> MouseDown;
+  std::function<void(int shift, double x, double y)> MouseMove;
+
+  const std::string& Name() const { return name_; }
+  const std::string& Caption() const { return caption_; }
+  const std::string& ToolTipText() const { return toolTip_; }
+  const std::string& SpokenName() const { return spokenName_; }
+  double Left() const { return left_; }
+  double Top() const { return top_; }
+  double Width() const { return width_; }
+  double Height() const { return height_; }
+  bool Visible() const { return visible_; }
+  bool Enabled() const { return enabled_; }
+  const Font& GetFont() const { return font_; }
+  Color ForeColor() const { return foreColor_; }
+  const std::string& ImageKey() const { return imageKey_; }
+  bool HasHandPointer() const { return handPointer_; }
+
+  void SetCaption(const std::string& caption) { Assign(caption_, caption, ViewChange::Appearance); }
+  void SetToolTipText(const std::string& text) { Assign(toolTip_, text, ViewChange::Appearance); }
+  void SetLeft(double left) { Assign(left_, left, ViewChange::Geometry); }
+  void SetTop(double top) { Assign(top_, top, ViewChange::Geometry); }
+  // RuntimeError InvalidPropertyValue for a negative size.
+  void SetWidth(double width);
+  void SetHeight(double height);
+  void SetVisible(bool on) { Assign(visible_, on, ViewChange::Appearance); }
+  void SetEnabled(bool on) { Assign(enabled_, on, ViewChange::Appearance); }
+  void SetFont(const Font& font) { Assign(font_, font, ViewChange::Appearance); }
+  void SetForeColor(Color color) { Assign(foreColor_, color, ViewChange::Appearance); }
+  // Names a drawing of the program's own artwork (data/images), without extension; empty for none.
+  void SetImageKey(const std::string& key) { Assign(imageKey_, key, ViewChange::Appearance); }
+  void SetHandPointer(bool on) { Assign(handPointer_, on, ViewChange::Appearance); }
+
+  // Moves the keyboard here: LostFocus of the control that had it, then GotFocus.
+  void SetFocus();
+
+  Container& Parent() const { return parent_; }
+  void ApplyRow(const ControlRow& row);
+
+  // What the user does, fed in by the view (or by a test).
+  virtual void PerformClick();
+  void PerformMouseDown(MouseButton button, int shift, double xTwips, double yTwips);
+  void PerformMouseMove(int shift, double xTwips, double yTwips);
+  // Enter and Esc, while the control has the focus. True when the window took the key, which then presses no
+  // default or cancel button.
+  bool PerformKeyDown(int keyCode);
+
+ protected:
+  template <typename T>
+  void Assign(T& field, const T& value, ViewChange change) {
+    if (field == value) return;
+    field = value;
+    Notify(change);
+  }
+  void Notify(ViewChange change) {
+    if (OnViewChange) OnViewChange(change);
+  }
+  virtual void Resized() {}
+  virtual double EventX(double twips) const { return twips; }
+  virtual double EventY(double twips) const { return twips; }
+
+ private:
+  Container& parent_;
+  std::string name_;
+  std::string caption_;
+  std::string toolTip_;
+  std::string spokenName_;
+  double left_ = 0;
+  double top_ = 0;
+  double width_ = 0;
+  double height_ = 0;
+  bool visible_ = true;
+  bool enabled_ = true;
+  Font font_{.name = "Verdana", .size = 8};
+  Color foreColor_;
+  std::string imageKey_;
+  bool handPointer_ = false;
+};
+
+// What holds controls: a form, a frame, a picture box. The order of its children is the tab order.
+class Container {
+ public:
+  virtual ~Container() = default;
+
+  virtual Form& OwnerForm() = 0;
+  const std::vector<Control*>& Children() const { return children_; }
+
+  // Called once by each child's constructor.
+  void Adopt(Control& child) { children_.push_back(&child); }
+  void OrderChildren(const std::function<int(const Control&)>& rank);
+
+ private:
+  std::vector<Control*> children_;
+};
+
+}  // namespace Morvane

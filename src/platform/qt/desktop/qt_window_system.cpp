@@ -1,0 +1,135 @@
+#include "platform/qt/desktop/qt_window_system.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMetaObject>
+#include <algorithm>
+
+#include "platform/qt/desktop/boxes.h"
+
+namespace Morvane {
+namespace {
+
+constexpr const char* kProgramTitle = "Morvane";
+
+}  // namespace
+
+QtWindowSystem::QtWindowSystem(FileSystem& files) : files_(files) {
+  QApplication::setQuitOnLastWindowClosed(false);
+  QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &events_,
+                   [this](Qt::ApplicationState state) { FollowApplication(state); });
+}
+
+QtWindowSystem::~QtWindowSystem() = default;
+
+FormView& QtWindowSystem::ViewOf(Form& form, FormRole role) {
+  DropStale();
+  std::unique_ptr<FormView>& view = views_[&form];
+  if (!view) view = std::make_unique<FormView>(form, role, ViewContext{*this, painted_});
+  return *view;
+}
+
+// A window that was unloaded while it was hidden, or has just ended its run.
+void QtWindowSystem::DropStale() {
+  std::erase_if(views_, [this](const auto& entry) {
+    const FormView* const view = entry.second.get();
+    return view->Stale() && std::find(running_.begin(), running_.end(), view) == running_.end();
+  });
+}
+
+QWidget* QtWindowSystem::WindowOnTop() {
+  if (QWidget* const active = QApplication::activeWindow()) return active;
+  const auto found = views_.find(TopForm());
+  return found == views_.end() ? nullptr : &found->second->Window();
+}
+
+void QtWindowSystem::ShowFirst(Form& form) {
+  FormView& view = ViewOf(form, FormRole::Main);
+  running_.push_back(&view);
+  view.OnHidden = [this] {
+    if (!Ended()) End();
+  };
+  view.Show(nullptr);
+}
+
+void QtWindowSystem::RunModal(Form& form) {
+  FormView& view = ViewOf(form, FormRole::Modal);
+  FormView* const below = running_.empty() ? nullptr : running_.back();
+  running_.push_back(&view);
+  QEventLoop loop;
+  view.OnHidden = [&loop] { loop.quit(); };
+  view.Show(below == nullptr ? nullptr : &below->Window());
+  if (form.Visible() && !Ended()) loop.exec();
+  view.OnHidden = nullptr;
+  running_.pop_back();
+  leftToOther_ = false;
+  DropStale();
+  if (below != nullptr && !Ended()) below->Activate();
+}
+
+void QtWindowSystem::ProcessToolkitEvents() {
+  QCoreApplication::processEvents();
+}
+
+void QtWindowSystem::WakeUp() {
+  QMetaObject::invokeMethod(
+      &events_, [this] { RunPosted(); }, Qt::QueuedConnection);
+}
+
+// Every loop ends, those of the boxes too, without asking the windows.
+void QtWindowSystem::Quit() {
+  for (const auto& [form, view] : views_) view->Window().hide();
+  QCoreApplication::exit(0);
+}
+
+void QtWindowSystem::FollowApplication(Qt::ApplicationState state) {
+  if (state != Qt::ApplicationActive) {
+    leftToOther_ = TopForm() != nullptr;
+    return;
+  }
+  if (!leftToOther_) return;
+  leftToOther_ = false;
+  const auto top = views_.find(TopForm());
+  if (top == views_.end()) return;
+  const QWidget* const box = QApplication::activeModalWidget();
+  if (box != nullptr && box != &top->second->Window()) return;
+  Dispatch([this] { TopForm()->PerformActivate(); });
+}
+
+MsgBoxAnswer QtWindowSystem::MsgBox(const std::string& text, MsgBoxButtons buttons,
+                                    const std::string& title) {
+  if (Ended()) return buttons == MsgBoxButtons::YesNo ? MsgBoxAnswer::No : MsgBoxAnswer::Cancel;
+  return ShowMessage(WindowOnTop(), text, buttons, title.empty() ? kProgramTitle : title);
+}
+
+std::string QtWindowSystem::InputBox(const std::string& prompt, const std::string& title,
+                                     const std::string& defaultText) {
+  if (Ended()) return {};
+  return AskForLine(WindowOnTop(), prompt, title.empty() ? kProgramTitle : title, defaultText);
+}
+
+void QtWindowSystem::PopupMenu(const std::vector<MenuItem>& items) {
+  if (Ended()) return;
+  QMenu menu;
+  const MenuActions actions = FillMenu(menu, items);
+  const QAction* const chosen = menu.exec(QCursor::pos());
+  for (const auto& [item, action] : actions) {
+    if (action == chosen && item->Click) return item->Click();
+  }
+}
+
+std::string QtWindowSystem::BrowseForFolder(const std::string& title) {
+  if (Ended()) return {};
+  const QString chosen = QFileDialog::getExistingDirectory(WindowOnTop(), QString::fromStdString(title));
+  if (chosen.isEmpty()) return {};
+  const std::string folder = files_.FromNative(chosen.toStdString());
+  if (folder.empty())
+    MsgBox(
+        "Questa cartella non si può usare: sta fuori dalle unità note o il suo nome contiene una barra "
+        "rovesciata.");
+  return folder;
+}
+
+}  // namespace Morvane

@@ -1,0 +1,64 @@
+#include "platform/qt/painting/font_stand_ins.h"
+
+#include <QFontDatabase>
+#include <QStringList>
+#include <algorithm>
+#include <array>
+
+namespace Morvane {
+namespace {
+
+struct Pair {
+  const char* family;
+  const char* standIn;
+};
+
+constexpr std::array<Pair, 8> kStandIns = {{
+    {"Arial", "Liberation Sans"},
+    {"Courier New", "Liberation Mono"},
+    {"MS Sans Serif", "Liberation Sans"},
+    {"MS Serif", "Liberation Serif"},
+    {"Microsoft Sans Serif", "Liberation Sans"},
+    {"Tahoma", "Liberation Sans"},
+    {"Times New Roman", "Liberation Serif"},
+    {"Verdana", "DejaVu Sans"},
+}};
+
+const Pair* FindStandIn(const QString& family) {
+  const auto found = std::find_if(kStandIns.begin(), kStandIns.end(), [&](const Pair& pair) {
+    return family.compare(QLatin1String(pair.family), Qt::CaseInsensitive) == 0;
+  });
+  return found == kStandIns.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+std::vector<FontStandIn> UsableStandIns() {
+  std::vector<FontStandIn> usable;
+  for (const Pair& pair : kStandIns) {
+    if (QFontDatabase::hasFamily(pair.family) || !QFontDatabase::hasFamily(pair.standIn)) continue;
+    usable.push_back({pair.family, pair.standIn});
+  }
+  return usable;
+}
+
+void InstallFontStandIns() {
+  for (const FontStandIn& pair : UsableStandIns()) {
+    QFont::insertSubstitution(QString::fromStdString(pair.family), QString::fromStdString(pair.standIn));
+  }
+}
+
+QFont ReferenceFont(const Font& font) {
+  const QString family = QString::fromStdString(font.name);
+  QFont reference(family);
+  if (const Pair* pair = FindStandIn(family)) reference.setFamilies({family, pair->standIn});
+  reference.setPixelSize(kReferencePixels);
+  reference.setHintingPreference(QFont::PreferNoHinting);
+  reference.setKerning(false);
+  reference.setBold(font.bold);
+  reference.setItalic(font.italic);
+  reference.setUnderline(font.underline);
+  return reference;
+}
+
+}  // namespace Morvane

@@ -1,0 +1,146 @@
+#include "platform/qt/pictures/qt_picture.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <QThreadPool>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/units.h"
+
+namespace Morvane {
+namespace {
+
+constexpr double kMostSvgPixels = 64e6;
+constexpr double kMostOverviewPixels = 512e3;  // 2 MB
+
+QImage Averaged(const QImage& image, QSize size) {
+  if (image.isNull() || image.size() == size) return image;
+  return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+}  // namespace
+
+FilePicture::FilePicture(QByteArray bytes, QSize size, bool turned, int index)
+    : bytes_(std::move(bytes)), size_(size), turned_(turned), index_(index) {}
+
+const QImage& FilePicture::Overview() const {
+  std::call_once(overviewDecoded_, [this] { overview_ = DecodeFile(OverviewSize()); });
+  return overview_;
+}
+
+QSize FilePicture::OverviewSize() const {
+  const QSizeF size = turned_ ? size_.transposed() : size_;
+  const double share = kMostOverviewPixels / (size.width() * size.height());
+  return share >= 1 ? size.toSize() : (size * std::sqrt(share)).toSize().expandedTo(QSize(1, 1));
+}
+
+double FilePicture::WidthTwips() const {
+  return kTwipsPerPixel * (turned_ ? size_.height() : size_.width());
+}
+
+double FilePicture::HeightTwips() const {
+  return kTwipsPerPixel * (turned_ ? size_.width() : size_.height());
+}
+
+QImage FilePicture::Decode(QSize pixels) const {
+  const bool overviewSuffices = pixels.boundedTo(OverviewSize()) == pixels;
+  return overviewSuffices ? Averaged(Overview(), pixels) : DecodeFile(pixels);
+}
+
+QImage FilePicture::DecodeFile(QSize pixels) const {
+  QBuffer buffer;
+  buffer.setData(bytes_);
+  QImageReader reader(&buffer);
+  reader.setDecideFormatFromContent(true);
+  reader.setAutoTransform(true);
+  if (index_ > 0) reader.jumpToImage(index_);
+  // The reader wants the size before the rotation. A JPEG decodes at the nearest eighth above it, the rest is
+  // averaged. Of the eighths above a half the whole is the quickest.
+  const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(size_);
+  const bool mostOfIt = 2 * size.width() > size_.width() || 2 * size.height() > size_.height();
+  if (!mostOfIt) reader.setScaledSize(size);
+  return Averaged(reader.read(), turned_ ? size.transposed() : size);
+}
+
+double PixelPicture::WidthTwips() const {
+  return kTwipsPerPixel * image_.width();
+}
+
+double PixelPicture::HeightTwips() const {
+  return kTwipsPerPixel * image_.height();
+}
+
+QImage PixelPicture::Decode(QSize pixels) const {
+  return Averaged(image_, pixels.boundedTo(image_.size()));
+}
+
+SvgPicture::SvgPicture(std::unique_ptr<QSvgRenderer> renderer, double widthTwips, double heightTwips)
+    : renderer_(std::move(renderer)), widthTwips_(widthTwips), heightTwips_(heightTwips) {}
+
+SvgPicture::~SvgPicture() = default;
+
+QImage SvgPicture::Decode(QSize pixels) const {
+  const double asked = static_cast<double>(pixels.width()) * pixels.height();
+  const QSize size = asked > kMostSvgPixels ? pixels * std::sqrt(kMostSvgPixels / asked) : pixels;
+  QImage image(size, QImage::Format_ARGB32_Premultiplied);
+  if (image.isNull()) return image;
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  renderer_->render(&painter, QRectF(QPointF(), QSizeF(size)));
+  return image;
+}
+
+QImage PictureCache::Image(const PicturePtr& picture, QSize pixels, Pixels which) {
+  Entry& entry = entries_[picture.get()];
+  // A picture that went may have left its place to another.
+  if (entry.picture.lock() != picture) entry = {.picture = picture, .pixels = {}, .image = {}};
+  entry.lastUse = ++uses_;
+  const bool lastWillDo = which == Pixels::AsLastTime && !entry.image.isNull();
+  if (entry.pixels == pixels || lastWillDo) return entry.image;
+
+  const auto* decodable = dynamic_cast<const QtPicture*>(picture.get());
+  entry.image = QImage();
+  entry.image = decodable ? decodable->Decode(pixels) : QImage();
+  entry.pixels = pixels;
+  const QImage image = entry.image;
+  DropUnused();
+  return image;
+}
+
+void PictureCache::Prepare(const std::vector<Wish>& wishes) {
+  std::size_t bytes = 0;
+  std::unordered_map<const FilePicture*, Entry> prepared;
+  for (const Wish& wish : wishes) {
+    const auto* file = dynamic_cast<const FilePicture*>(wish.picture.get());
+    bytes +=
+        4 * static_cast<std::size_t>(wish.pixels.width()) * static_cast<std::size_t>(wish.pixels.height());
+    if (file == nullptr || bytes > limitBytes_) continue;
+    const auto known = entries_.find(file);
+    if (known != entries_.end() && known->second.pixels == wish.pixels) continue;
+    prepared.try_emplace(file, Entry{wish.picture, wish.pixels, {}, ++uses_});
+  }
+  QThreadPool pool;
+  for (auto& [file, entry] : prepared) {
+    pool.start([decoded = &entry, source = file] { decoded->image = source->Decode(decoded->pixels); });
+  }
+  pool.waitForDone();
+  for (auto& [file, entry] : prepared) entries_.insert_or_assign(file, std::move(entry));
+}
+
+void PictureCache::DropUnused() {
+  std::erase_if(entries_, [](const auto& entry) { return entry.second.picture.expired(); });
+  std::size_t bytes = 0;
+  for (const auto& [picture, entry] : entries_) bytes += static_cast<std::size_t>(entry.image.sizeInBytes());
+  while (bytes > limitBytes_ && entries_.size() > 1) {
+    const auto oldest = std::min_element(entries_.begin(), entries_.end(), [](const auto& a, const auto& b) {
+      return a.second.lastUse < b.second.lastUse;
+    });
+    bytes -= static_cast<std::size_t>(oldest->second.image.sizeInBytes());
+    entries_.erase(oldest);
+  }
+}
+
+}  // namespace Morvane

@@ -1,0 +1,141 @@
+#include "platform/qt/pictures/qt_picture_loader.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QSvgRenderer>
+#include <QtEndian>
+#include <algorithm>
+#include <array>
+
+#include "platform/old_formats/decoder_client.h"
+#include "platform/qt/pictures/picture_limits.h"
+#include "platform/qt/pictures/qt_picture.h"
+#include "platform/runtime_error.h"
+
+namespace Morvane {
+namespace {
+
+constexpr qint64 kMostFileBytes = qint64{256} << 20;
+constexpr int kMostDecodedMegabytes = 1024;
+
+// Names for the user, what the reader calls the formats that may be read.
+constexpr std::array kFormats = {"jpeg", "jpg", "bmp", "gif", "ico", "cur", "png", "tiff", "tif", "webp"};
+
+[[noreturn]] void Refuse(const std::string& path, const std::string& reason) {
+  throw RuntimeError(ErrorNumber::InvalidPicture, "L'immagine '" + path + "' " + reason);
+}
+
+// A device-independent bitmap is a bitmap file that lacks its first 14 bytes.
+QByteArray WithBitmapFileHeader(const QByteArray& bytes) {
+  constexpr quint32 kFileHeader = 14;
+  constexpr quint32 kInfoHeader = 40;
+  constexpr quint32 kBitFields = 3;
+  if (bytes.size() < kInfoHeader) return bytes;
+  const auto word = [&](qsizetype at) { return qFromLittleEndian<quint16>(bytes.constData() + at); };
+  const auto number = [&](qsizetype at) { return qFromLittleEndian<quint32>(bytes.constData() + at); };
+  const quint32 header = number(0);
+  const quint16 depth = word(14);
+  constexpr std::array<quint16, 6> kDepths = {1, 4, 8, 16, 24, 32};
+  if ((header != kInfoHeader && header != 108 && header != 124) || word(12) != 1 ||
+      std::find(kDepths.begin(), kDepths.end(), depth) == kDepths.end()) {
+    return bytes;
+  }
+  const quint32 colours = depth <= 8 && number(32) == 0 ? 1U << depth : std::min(number(32), 256U);
+  const quint32 masks = header == kInfoHeader && number(16) == kBitFields ? 12 : 0;
+  QByteArray file(kFileHeader, '\0');
+  file[0] = 'B';
+  file[1] = 'M';
+  qToLittleEndian(static_cast<quint32>(bytes.size()) + kFileHeader, file.data() + 2);
+  qToLittleEndian(kFileHeader + header + masks + 4 * colours, file.data() + 10);
+  return file + bytes;
+}
+
+// An icon file holds several sizes; the largest is the one to print.
+int LargestImage(QImageReader& reader) {
+  int largest = 0;
+  qint64 most = 0;
+  for (int index = 0; index < reader.imageCount() && reader.jumpToImage(index); ++index) {
+    const qint64 pixels = qint64{reader.size().width()} * reader.size().height();
+    if (pixels > most) {
+      most = pixels;
+      largest = index;
+    }
+  }
+  reader.jumpToImage(largest);
+  return largest;
+}
+
+PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes, PictureCheck check) {
+  QBuffer buffer;
+  buffer.setData(bytes);
+  QImageReader reader(&buffer);
+  reader.setDecideFormatFromContent(true);
+  const QByteArray format = reader.format();
+  if (std::find(kFormats.begin(), kFormats.end(), format) == kFormats.end()) {
+    Refuse(path, "è di un formato sconosciuto.");
+  }
+  const int index = format == "ico" || format == "cur" ? LargestImage(reader) : 0;
+  const QSize size = reader.size();
+  if (size.isEmpty()) Refuse(path, "è danneggiata e non può essere letta.");
+  if (CostsTooMuch(bytes, format, size)) Refuse(path, "è troppo grande.");
+  const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+  auto picture = std::make_shared<FilePicture>(bytes, size, turned, index);
+  if (check == PictureCheck::Whole && !picture->CanBeDecoded())
+    Refuse(path, "è danneggiata e non può essere letta.");
+  return picture;
+}
+
+PicturePtr FromSvg(const DecodedSvg& svg) {
+  auto renderer = std::make_unique<QSvgRenderer>();
+  if (!renderer->load(QByteArray::fromStdString(svg.text))) return nullptr;
+  return std::make_shared<SvgPicture>(std::move(renderer), svg.widthTwips, svg.heightTwips);
+}
+
+PicturePtr FromPixels(const DecodedPixels& pixels) {
+  const QImage rows(reinterpret_cast<const uchar*>(pixels.rgba.data()), pixels.width, pixels.height,
+                    4 * qsizetype{pixels.width}, QImage::Format_RGBA8888);
+  QImage image = rows.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  if (image.isNull()) return nullptr;
+  return std::make_shared<PixelPicture>(std::move(image));
+}
+
+}  // namespace
+
+QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPath, PictureCheck check)
+    : files_(files), decoderPath_(std::move(decoderPath)), check_(check) {
+  QImageReader::setAllocationLimit(kMostDecodedMegabytes);
+}
+
+PicturePtr QtPictureLoader::LoadPicture(const std::string& path) {
+  if (QFileInfo(QString::fromStdString(files_.ToNative(path))).size() > kMostFileBytes) {
+    Refuse(path, "è troppo grande.");
+  }
+  const std::string bytes = files_.ReadBytes(path);
+  if (const auto format = FormatOf(bytes)) {
+    const PicturePtr picture = DecodeOld(*format, bytes);
+    if (!picture) Refuse(path, "è danneggiata e non può essere letta.");
+    return picture;
+  }
+  return LoadPixels(path, WithBitmapFileHeader(QByteArray::fromStdString(bytes)), check_);
+}
+
+PicturePtr QtPictureLoader::DecodeOld(OldFormat format, const std::string& bytes) const {
+  try {
+    const DecodedPicture decoded = DecodeOldFormat(decoderPath_, format, bytes);
+    const auto* svg = std::get_if<DecodedSvg>(&decoded);
+    return svg ? FromSvg(*svg) : FromPixels(std::get<DecodedPixels>(decoded));
+  } catch (const RuntimeError&) {
+    return nullptr;
+  }
+}
+
+std::string OldFormatDecoderPath() {
+  const QString folder = QCoreApplication::applicationDirPath();
+  const QString beside = folder + "/morvane-decode";
+  const QString installed = folder + "/../libexec/morvane/morvane-decode";
+  return (QFileInfo::exists(beside) ? beside : installed).toStdString();
+}
+
+}  // namespace Morvane

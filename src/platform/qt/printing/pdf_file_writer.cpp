@@ -1,0 +1,54 @@
+#include "platform/qt/printing/pdf_file_writer.h"
+
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+
+#include "platform/qt/painting/drawing_painter.h"
+#include "platform/qt/pictures/qt_picture.h"
+#include "platform/runtime_error.h"
+#include "platform/units.h"
+
+namespace Morvane {
+namespace {
+
+constexpr int kDotsPerInch = 1200;
+
+QPageLayout LayoutOf(SheetSize sheet, PageOrientation orientation) {
+  const QSizeF points(sheet.widthTwips / kTwipsPerPoint, sheet.heightTwips / kTwipsPerPoint);
+  const bool landscape = orientation == PageOrientation::Landscape;
+  QPageLayout layout(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch),
+                     landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF(),
+                     QPageLayout::Point);
+  layout.setMode(QPageLayout::FullPageMode);
+  return layout;
+}
+
+}  // namespace
+
+void WritePdf(const std::string& nativePath, const DrawingList& drawing, PageOrientation orientation,
+              SheetSize sheet, const std::string& title) {
+  const RuntimeError failure(ErrorNumber::PrinterFailure,
+                             "Impossibile scrivere il file '" + nativePath + "'.");
+  QSaveFile file(QString::fromStdString(nativePath));
+  if (!file.open(QIODevice::WriteOnly)) throw failure;
+  {
+    QPdfWriter writer(&file);
+    writer.setCreator("Morvane");
+    writer.setTitle(QString::fromStdString(title));
+    writer.setResolution(kDotsPerInch);
+    writer.setPageLayout(LayoutOf(sheet, orientation));
+    QPainter painter;
+    if (!painter.begin(&writer)) throw failure;
+    painter.scale(writer.logicalDpiX() / kTwipsPerInch, writer.logicalDpiY() / kTwipsPerInch);
+    PaintCache cache;
+    if (!PaintDrawing(painter, drawing, cache)) {
+      throw RuntimeError(ErrorNumber::InvalidPicture,
+                         "Una delle immagini è danneggiata e non può essere letta.");
+    }
+    painter.end();
+  }
+  if (!file.commit()) throw failure;
+}
+
+}  // namespace Morvane

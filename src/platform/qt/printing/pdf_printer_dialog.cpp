@@ -1,0 +1,59 @@
+#include "platform/qt/printing/pdf_printer_dialog.h"
+
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+
+namespace Morvane {
+namespace {
+
+constexpr int kMostCopies = 999;
+
+}  // namespace
+
+PdfPrinterDialog::PdfPrinterDialog(const QString& folder, QWidget* parent)
+    : QDialog(parent), folder_(folder), copies_(new QSpinBox(this)), folderLabel_(new QLabel(this)) {
+  setWindowTitle("Stampa");
+  copies_->setRange(1, kMostCopies);
+  folderLabel_->setText(QDir::toNativeSeparators(folder_));
+  folderLabel_->setTextFormat(Qt::PlainText);
+
+  auto* change = new QPushButton("C&ambia...", this);
+  connect(change, &QPushButton::clicked, this, [this] { ChooseFolder(); });
+  auto* folderRow = new QHBoxLayout;
+  folderRow->addWidget(folderLabel_, 1);
+  folderRow->addWidget(change);
+
+  auto* buttons = new QDialogButtonBox(this);
+  buttons->addButton("&Stampa", QDialogButtonBox::AcceptRole);
+  buttons->addButton("&Annulla", QDialogButtonBox::RejectRole);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+  auto* form = new QFormLayout(this);
+  form->addRow(
+      new QLabel("Nessuna stampante è installata: ogni copia diventa un file PDF\n"
+                 "di formato A4 senza margini, da stampare al 100 %.",
+                 this));
+  form->addRow("Numero di &copie:", copies_);
+  form->addRow("Cartella:", folderRow);
+  form->addRow(buttons);
+}
+
+int PdfPrinterDialog::Copies() const {
+  return copies_->value();
+}
+
+void PdfPrinterDialog::ChooseFolder() {
+  const QString chosen = QFileDialog::getExistingDirectory(this, "Cartella dei file PDF", folder_);
+  if (chosen.isEmpty()) return;
+  folder_ = chosen;
+  folderLabel_->setText(QDir::toNativeSeparators(folder_));
+}
+
+}  // namespace Morvane

@@ -1,0 +1,177 @@
+#include "platform/qt/printing/qt_printer_device.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QStandardPaths>
+
+#include "platform/qt/painting/drawing_painter.h"
+#include "platform/qt/printing/pdf_file_writer.h"
+#include "platform/qt/printing/pdf_printer_dialog.h"
+#include "platform/qt/printing/spooler.h"
+#include "platform/runtime_error.h"
+#include "platform/units.h"
+
+namespace Morvane {
+namespace {
+
+constexpr SheetSize kA4 = {210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre};
+
+RuntimeError Failure(const QString& text) {
+  return RuntimeError(ErrorNumber::PrinterFailure, text.toStdString());
+}
+
+// A file of the folder that isn't there yet, named after the job and numbered from the second on.
+QString FreePdfPath(const QString& folder, const std::string& title) {
+  QString name = QString::fromStdString(title).simplified();
+  name.replace('/', '-');
+  while (name.startsWith('.')) name.remove(0, 1);
+  if (name.isEmpty()) name = "Morvane";
+  const QString stem = folder + '/' + name;
+  QString path = stem + ".pdf";
+  for (int number = 1; QFileInfo(path).exists() || QFileInfo(path).isSymLink(); ++number) {
+    path = stem + ' ' + QString::number(number) + ".pdf";
+  }
+  return path;
+}
+
+// Puts the origin at the corner of the printable area and makes a unit a twip. The sheet always goes to the
+// spooler in portrait with the drawing turned on it: which way a spooler turns a landscape sheet, and so
+// which margins meet its corner, differs from queue to queue.
+void PlaceOnSheet(QPainter& painter, QPrinter& printer, PageOrientation orientation) {
+  const QPageLayout layout = printer.pageLayout();
+  const QMarginsF points = layout.minimumMargins();
+  painter.scale(printer.logicalDpiX() / kTwipsPerInch, printer.logicalDpiY() / kTwipsPerInch);
+  if (orientation == PageOrientation::Portrait) {
+    painter.translate(points.left() * kTwipsPerPoint, points.top() * kTwipsPerPoint);
+    return;
+  }
+  const double height = layout.pageSize().size(QPageSize::Millimeter).height() * kTwipsPerMillimetre;
+  painter.translate(points.left() * kTwipsPerPoint, height - points.bottom() * kTwipsPerPoint);
+  painter.rotate(-90);
+}
+
+// Where there is a spooler, the toolkit shows the page range although its option is off.
+void HidePageRange(const QPrintDialog& dialog) {
+  if (auto* range = dialog.findChild<QWidget*>("gbPrintRange")) range->hide();
+}
+
+}  // namespace
+
+QtPrinterDevice::QtPrinterDevice()
+    : sheet_(kA4), pdfFolder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) {
+  idle_.setSingleShot(true);
+  QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { painted_.pictures.Clear(); });
+}
+
+QtPrinterDevice::~QtPrinterDevice() = default;
+
+bool QtPrinterDevice::HasPrinter() {
+  if (QPrinterInfo::availablePrinterNames().isEmpty()) {
+    printer_.reset();
+  } else if (!printer_) {
+    printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer_->setFullPage(true);
+  }
+  return printer_ != nullptr;
+}
+
+void QtPrinterDevice::Prepare() {
+  HasPrinter();
+  ReadSheet();
+}
+
+void QtPrinterDevice::SelectPrinter(const std::string& name) {
+  const QString wanted = QString::fromStdString(name);
+  if (!HasPrinter() || !QPrinterInfo::availablePrinterNames().contains(wanted)) {
+    throw Failure("La stampante '" + wanted + "' non esiste.");
+  }
+  printer_->setPrinterName(wanted);
+  printer_->setFullPage(true);
+  ReadSheet();
+}
+
+void QtPrinterDevice::ReadSheet() {
+  SheetSize sheet = kA4;
+  if (printer_) {
+    const QSizeF mm = printer_->pageLayout().pageSize().size(QPageSize::Millimeter);
+    if (!mm.isEmpty()) sheet = {mm.width() * kTwipsPerMillimetre, mm.height() * kTwipsPerMillimetre};
+  }
+  const bool changed = sheet.widthTwips != sheet_.widthTwips || sheet.heightTwips != sheet_.heightTwips;
+  sheet_ = sheet;
+  if (changed && OnSheetChanged) OnSheetChanged();
+}
+
+PrintDialogAnswer QtPrinterDevice::ShowDialog(const PrintDialogRequest& request,
+                                              PageOrientation& orientation) {
+  const PrintDialogAnswer answer = HasPrinter() ? ShowPrinterDialog(request, orientation) : ShowPdfDialog();
+  ReadSheet();
+  return answer;
+}
+
+PrintDialogAnswer QtPrinterDevice::ShowPrinterDialog(const PrintDialogRequest& request,
+                                                     PageOrientation& orientation) {
+  const bool landscape = orientation == PageOrientation::Landscape;
+  printer_->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+  QPrintDialog dialog(printer_.get(), QApplication::activeWindow());
+  dialog.setOption(QAbstractPrintDialog::PrintToFile, false);
+  dialog.setOption(QAbstractPrintDialog::PrintCollateCopies, false);
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange, !request.restricted);
+  dialog.setOption(QAbstractPrintDialog::PrintSelection, !request.restricted);
+  if (request.restricted) QTimer::singleShot(0, &dialog, [&dialog] { HidePageRange(dialog); });
+  PrintDialogAnswer answer;
+  answer.accepted = dialog.exec() == QDialog::Accepted;
+  if (answer.accepted) {
+    answer.copies = printer_->copyCount();
+    const bool chosen = printer_->pageLayout().orientation() == QPageLayout::Landscape;
+    orientation = chosen ? PageOrientation::Landscape : PageOrientation::Portrait;
+  }
+  printer_->setCopyCount(1);
+  printer_->setPageOrientation(QPageLayout::Portrait);
+  return answer;
+}
+
+PrintDialogAnswer QtPrinterDevice::ShowPdfDialog() {
+  PdfPrinterDialog dialog(pdfFolder_, QApplication::activeWindow());
+  if (dialog.exec() != QDialog::Accepted) return {};
+  pdfFolder_ = dialog.Folder();
+  return {true, dialog.Copies()};
+}
+
+void QtPrinterDevice::SendPage(const DrawingList& page, PageOrientation orientation,
+                               const std::string& title) {
+  if (printer_ || HasPrinter()) {
+    PrintPage(page, orientation, title);
+    return;
+  }
+  QDir().mkpath(pdfFolder_);
+  WritePdf(FreePdfPath(pdfFolder_, title).toStdString(), page, orientation, kA4, title);
+}
+
+void QtPrinterDevice::PrintPage(const DrawingList& page, PageOrientation orientation,
+                                const std::string& title) {
+  printer_->setDocName(QString::fromStdString(title));
+  printer_->setCopyCount(1);
+  printer_->setFullPage(true);
+  printer_->setPageOrientation(QPageLayout::Portrait);
+  KeepTrueScale(*printer_);
+  QPainter painter;
+  if (!painter.begin(printer_.get())) {
+    throw Failure("La stampante '" + printer_->printerName() + "' non risponde.");
+  }
+  PlaceOnSheet(painter, *printer_, orientation);
+  PaintDrawing(painter, page, painted_);
+  idle_.start();
+  if (!painter.end() || printer_->printerState() == QPrinter::Error) {
+    throw Failure("La stampante '" + printer_->printerName() + "' ha interrotto il lavoro.");
+  }
+  const QString failure = LastSpoolerFailure();
+  if (failure.isEmpty()) return;
+  throw Failure("La stampante '" + printer_->printerName() + "' ha rifiutato il lavoro: " + failure);
+}
+
+}  // namespace Morvane

@@ -1,0 +1,178 @@
+#include "platform/qt/views/button_views.h"
+
+#include <QButtonGroup>
+#include <QStyleOptionButton>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
+#include <algorithm>
+#include <memory>
+
+#include "platform/qt/pictures/artwork.h"
+#include "platform/qt/views/view_text.h"
+
+namespace Morvane {
+namespace {
+
+constexpr int kSmallestButtonIcon = 16;
+constexpr int kLargestButtonIcon = 32;
+constexpr int kButtonMargin = 2;
+constexpr int kIndicatorGap = 4;
+constexpr int kWrapped = Qt::TextWordWrap | Qt::TextShowMnemonic;
+
+void DrawCaption(QStylePainter& painter, const QRect& room, int alignment, const QStyleOptionButton& option,
+                 const QString& caption) {
+  painter.setFont(FittingFont(painter.font(), caption, room.size(), kWrapped));
+  painter.drawItemText(room, alignment | kWrapped, option.palette,
+                       option.state.testFlag(QStyle::State_Enabled), caption, QPalette::ButtonText);
+}
+
+void DrawFocus(QStylePainter& painter, const QStyleOptionButton& option, const QRect& around) {
+  if (!option.state.testFlag(QStyle::State_HasFocus)) return;
+  QStyleOptionFocusRect focus;
+  focus.QStyleOption::operator=(option);
+  focus.rect = around;
+  painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+}
+
+// The indicator at the left, the caption beside it, both centred in height.
+void DrawChoice(QStylePainter& painter, QStyleOptionButton& option, QStyle::PrimitiveElement indicator,
+                QStyle::PixelMetric metric, const QString& caption) {
+  const QRect whole = option.rect;
+  const int side = painter.style()->pixelMetric(metric, &option);
+  option.rect = QRect(0, (whole.height() - side) / 2, side, side);
+  painter.drawPrimitive(indicator, option);
+  const QRect room = whole.adjusted(side + kIndicatorGap, 0, 0, 0);
+  DrawCaption(painter, room, Qt::AlignLeft | Qt::AlignVCenter, option, caption);
+  DrawFocus(painter, option, room);
+}
+
+void MirrorCaption(QAbstractButton& button, const Control& model) {
+  const QString caption = QString::fromStdString(model.Caption());
+  if (button.text() != caption) button.setText(caption);
+}
+
+// The options directly in `parent`. Left alone, the toolkit counts those of the frames within to them.
+QButtonGroup& OptionsOf(QWidget& parent) {
+  auto* group = parent.findChild<QButtonGroup*>(QString(), Qt::FindDirectChildrenOnly);
+  if (group == nullptr) group = std::make_unique<QButtonGroup>(&parent).release();  // the parent's from here
+  return *group;
+}
+
+}  // namespace
+
+void WrappedButton::paintEvent(QPaintEvent*) {
+  QStylePainter painter(this);
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  option.text.clear();
+  option.icon = {};
+  painter.drawControl(QStyle::CE_PushButtonBevel, option);
+  const QRect room = rect().adjusted(kButtonMargin, kButtonMargin, -kButtonMargin, -kButtonMargin);
+  DrawFocus(painter, option, room);
+  DrawCaption(painter, DrawIcon(painter, room), Qt::AlignCenter, option, text());
+}
+
+// A button too low for both has the picture at the left of its caption.
+QRect WrappedButton::DrawIconBeside(QPainter& painter, const QRect& room) const {
+  const int captionWidth = QFontMetrics(font()).size(Qt::TextShowMnemonic, text()).width();
+  const int gap = kButtonMargin;
+  const int left = room.left() + std::max(0, room.width() - captionWidth - gap - kSmallestButtonIcon) / 2;
+  const QRect place(left, room.center().y() - kSmallestButtonIcon / 2, kSmallestButtonIcon,
+                    kSmallestButtonIcon);
+  icon().paint(&painter, place, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+  return {place.right() + gap, room.top(), std::min(captionWidth + gap, room.right() - place.right()),
+          room.height()};
+}
+
+// The picture takes what the caption leaves; the result is the room for the caption.
+QRect WrappedButton::DrawIcon(QPainter& painter, const QRect& room) const {
+  if (icon().isNull()) return room;
+  if (room.height() < 2 * kSmallestButtonIcon) return DrawIconBeside(painter, room);
+  const QFont captionFont =
+      FittingFont(font(), text(), room.size() - QSize(0, kSmallestButtonIcon), kWrapped);
+  const int captionHeight = QFontMetrics(captionFont).boundingRect(room, kWrapped, text()).height();
+  const int side = std::clamp(room.height() - captionHeight, kSmallestButtonIcon, kLargestButtonIcon);
+  const int top = room.top() + std::max(0, room.height() - captionHeight - side) / 2;
+  icon().paint(&painter, {room.center().x() - side / 2, top, side, side}, Qt::AlignCenter,
+               isEnabled() ? QIcon::Normal : QIcon::Disabled);
+  return room.adjusted(0, top + side - room.top(), 0, 0);
+}
+
+CommandButtonView::CommandButtonView(CommandButton& model, QWidget& parent, const ViewContext& context)
+    : ControlView(model, context), model_(model), button_(&parent) {
+  // An access key or the default button gets here without a click: the control that had the focus loses it
+  // first all the same, so that what was typed there counts.
+  connect(&button_, &QPushButton::clicked, this, [this] {
+    Feed([this] {
+      model_.SetFocus();
+      model_.PerformClick();
+    });
+  });
+}
+
+void CommandButtonView::MirrorAppearance() {
+  ControlView::MirrorAppearance();
+  MirrorCaption(button_, model_);
+  button_.setIcon(ArtworkIcon(model_.ImageKey()));
+  button_.setDefault(model_.IsDefault());
+}
+
+void WrappedCheckBox::paintEvent(QPaintEvent*) {
+  QStylePainter painter(this);
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  DrawChoice(painter, option, QStyle::PE_IndicatorCheckBox, QStyle::PM_IndicatorWidth, text());
+}
+
+void WrappedRadioButton::paintEvent(QPaintEvent*) {
+  QStylePainter painter(this);
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  DrawChoice(painter, option, QStyle::PE_IndicatorRadioButton, QStyle::PM_ExclusiveIndicatorWidth, text());
+}
+
+CheckBoxView::CheckBoxView(CheckBox& model, QWidget& parent, const ViewContext& context)
+    : ControlView(model, context), model_(model), box_(&parent) {
+  connect(&box_, &QCheckBox::clicked, this, [this] {
+    Feed([this] {
+      model_.SetFocus();
+      model_.PerformClick();
+    });
+    MirrorSelection();
+  });
+}
+
+void CheckBoxView::MirrorAppearance() {
+  ControlView::MirrorAppearance();
+  MirrorCaption(box_, model_);
+}
+
+void CheckBoxView::MirrorSelection() {
+  box_.setChecked(model_.Value() != 0);
+}
+
+OptionButtonView::OptionButtonView(OptionButton& model, QWidget& parent, const ViewContext& context)
+    : ControlView(model, context), model_(model), button_(&parent), group_(OptionsOf(parent)) {
+  group_.addButton(&button_);
+  connect(&button_, &QRadioButton::clicked, this, [this] {
+    Feed([this] {
+      model_.SetFocus();
+      model_.PerformClick();
+    });
+    MirrorSelection();
+  });
+}
+
+void OptionButtonView::MirrorAppearance() {
+  ControlView::MirrorAppearance();
+  MirrorCaption(button_, model_);
+}
+
+// The toolkit refuses to clear the last option of a group; the program may.
+void OptionButtonView::MirrorSelection() {
+  group_.setExclusive(false);
+  button_.setChecked(model_.Value());
+  group_.setExclusive(true);
+}
+
+}  // namespace Morvane

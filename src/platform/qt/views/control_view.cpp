@@ -1,0 +1,152 @@
+#include "platform/qt/views/control_view.h"
+
+#include <QPointer>
+#include <QScopedValueRollback>
+
+#include "platform/qt/views/view_text.h"
+
+namespace Morvane {
+namespace {
+
+int ShiftMask(Qt::KeyboardModifiers modifiers) {
+  return (modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) + (modifiers.testFlag(Qt::ControlModifier) ? 2 : 0) +
+         (modifiers.testFlag(Qt::AltModifier) ? 4 : 0);
+}
+
+MouseButton ToMouseButton(Qt::MouseButton button) {
+  if (button == Qt::RightButton) return MouseButton::Right;
+  return button == Qt::MiddleButton ? MouseButton::Middle : MouseButton::Left;
+}
+
+}  // namespace
+
+void ControlView::Attach() {
+  if (QWidget* const widget = Widget()) {
+    widget->setObjectName(QString::fromStdString(model_.Name()));
+    Watch(*widget);
+  }
+  model_.OnViewChange = [view = QPointer<ControlView>(this)](ViewChange change) {
+    if (view) view->Mirror(change);
+  };
+  for (const ViewChange change : {ViewChange::Appearance, ViewChange::Geometry, ViewChange::Content,
+                                  ViewChange::Selection, ViewChange::Drawing}) {
+    Mirror(change);
+  }
+}
+
+void ControlView::Mirror(ViewChange change) {
+  const QScopedValueRollback<bool> following(mirroring_, true);
+  switch (change) {
+    case ViewChange::Geometry:
+      return MirrorGeometry();
+    case ViewChange::Appearance:
+      return MirrorAppearance();
+    case ViewChange::Content:
+      return MirrorContent();
+    case ViewChange::Selection:
+      return MirrorSelection();
+    case ViewChange::Drawing:
+      return MirrorDrawing();
+    case ViewChange::Focus:
+      if (Widget() != nullptr && !Widget()->isAncestorOf(Widget()->window()->focusWidget()))
+        Widget()->setFocus();
+      return;
+  }
+}
+
+void ControlView::MirrorGeometry() {
+  if (QWidget* const widget = Widget()) {
+    widget->setGeometry(ToPixels(model_.Left(), model_.Top(), model_.Width(), model_.Height()));
+  }
+}
+
+void ControlView::MirrorAppearance() {
+  QWidget* const widget = Widget();
+  if (widget == nullptr) return;
+  widget->setVisible(model_.Visible());
+  widget->setEnabled(model_.Enabled());
+  widget->setToolTip(ToolTip(model_.ToolTipText()));
+  widget->setAccessibleName(SpokenText(model_));
+  widget->setFont(WidgetFont(model_.GetFont()));
+  MirrorPalette(*widget);
+  if (model_.HasHandPointer()) {
+    widget->setCursor(Qt::PointingHandCursor);
+    widget->setFocusPolicy(Qt::TabFocus);
+  }
+}
+
+// Black is left to the desktop's own text colour, which is light on a dark desktop.
+void ControlView::MirrorPalette(QWidget& widget) const {
+  QPalette palette;
+  if (model_.ForeColor() != Color()) {
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+      palette.setColor(role, ToQColor(model_.ForeColor()));
+    }
+  }
+  widget.setPalette(palette);
+}
+
+void ControlView::Watch(QWidget& part) {
+  part.installEventFilter(this);
+  part.setMouseTracking(true);
+  part.setAttribute(Qt::WA_NoMousePropagation);
+}
+
+void ControlView::Feed(const std::function<void()>& action) {
+  if (!mirroring_) context_.windows.Dispatch(action);
+}
+
+bool ControlView::eventFilter(QObject* watched, QEvent* event) {
+  auto* const part = qobject_cast<QWidget*>(watched);
+  switch (event->type()) {
+    case QEvent::FocusIn:
+      Feed([this] { model_.SetFocus(); });
+      return false;
+    case QEvent::KeyPress:
+      return KeyPressed(static_cast<const QKeyEvent&>(*event));
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      return MousePressed(*part, static_cast<const QMouseEvent&>(*event));
+    case QEvent::MouseButtonRelease:
+      return MouseReleased(*part, static_cast<const QMouseEvent&>(*event));
+    case QEvent::MouseMove:
+      MouseMoved(*part, static_cast<const QMouseEvent&>(*event));
+      return false;
+    default:
+      return false;
+  }
+}
+
+bool ControlView::KeyPressed(const QKeyEvent& event) {
+  const bool presses =
+      event.key() == Qt::Key_Space || event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  if (!presses || !model_.HasHandPointer()) return false;
+  Feed([this] { model_.PerformClick(); });
+  return true;
+}
+
+bool ControlView::MousePressed(QWidget& part, const QMouseEvent& event) {
+  pressed_ = event.button() == Qt::LeftButton && event.type() == QEvent::MouseButtonPress;
+  const QPointF place = part.mapTo(Widget(), event.position());
+  Feed([&] {
+    model_.PerformMouseDown(ToMouseButton(event.button()), ShiftMask(event.modifiers()), ToTwips(place.x()),
+                            ToTwips(place.y()));
+  });
+  return false;
+}
+
+bool ControlView::MouseReleased(QWidget& part, const QMouseEvent& event) {
+  const bool clicked =
+      pressed_ && event.button() == Qt::LeftButton && part.rect().contains(event.position().toPoint());
+  pressed_ = false;
+  if (clicked) Feed([this] { model_.PerformClick(); });
+  return false;
+}
+
+void ControlView::MouseMoved(QWidget& part, const QMouseEvent& event) {
+  const QPointF place = part.mapTo(Widget(), event.position());
+  Feed(
+      [&] { model_.PerformMouseMove(ShiftMask(event.modifiers()), ToTwips(place.x()), ToTwips(place.y())); });
+}
+
+}  // namespace Morvane

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QObject>
+#include <QPixmap>
+#include <QScrollArea>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/controls/form.h"
+#include "platform/controls/simple_controls.h"
+#include "platform/qt/views/control_view.h"
+#include "platform/qt/views/menu_builder.h"
+
+namespace Morvane {
+
+enum class FormRole { Main, Modal };
+
+// The window of a form, with the views of its controls. The destructor leaves the form alone: it may be gone
+// before its view.
+class FormView : public QObject {
+ public:
+  FormView(Form& model, FormRole role, const ViewContext& context);
+  ~FormView() override;
+
+  // Called when the form is no longer visible, hidden or unloaded.
+  std::function<void()> OnHidden;
+
+  QWidget& Window() { return window_; }
+  void Show(QWidget* above);
+  void Activate();
+  // The form has been unloaded; another may stand at its address.
+  bool Stale() const { return stale_; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void BuildMenuBar();
+  void BuildViews(Container& container, QWidget& parent);
+  void OrderTabs();
+  void Mirror(ViewChange change);
+  void MirrorAppearance();
+  void MirrorGeometry();
+  void FitScreen(QSize client);
+  bool WindowEvent(QEvent& event);
+  bool ClientEvent(QEvent& event);
+  void PaintBackground();
+  bool KeyPressed(const QKeyEvent& event);
+  CommandButton* ButtonFor(int key) const;
+  void WindowStateChanged();
+  void Exposed();
+
+  Form& model_;
+  const FormRole role_;
+  ViewContext context_;
+  QWidget window_;
+  QVBoxLayout layout_;
+  QMenuBar menuBar_;
+  QScrollArea scroll_;
+  QWidget client_;
+  MenuActions menuActions_;
+  std::vector<std::unique_ptr<ControlView>> views_;
+  QPixmap background_;
+  bool stale_ = false;
+  bool exposed_ = false;
+};
+
+}  // namespace Morvane

@@ -1,0 +1,97 @@
+#include "platform/qt/views/picture_box_view.h"
+
+#include <QPainter>
+#include <QRegion>
+
+#include "platform/qt/painting/drawing_painter.h"
+#include "platform/qt/pictures/artwork.h"
+#include "platform/qt/views/small_views.h"
+#include "platform/qt/views/view_text.h"
+
+namespace Morvane {
+namespace {
+
+constexpr double kMostKeptPixels = 16e6;  // of a moving strip
+constexpr int kSettledMilliseconds = 150;
+constexpr QColor kPaperEdge(160, 160, 160);
+
+}  // namespace
+
+PictureBoxView::PictureBoxView(PictureBox& model, QWidget& parent, const ViewContext& context)
+    : ControlView(model, context), model_(model), widget_(&parent) {
+  settled_.setSingleShot(true);
+  settled_.setInterval(kSettledMilliseconds);
+  connect(&settled_, &QTimer::timeout, this, [this] { MirrorDrawing(); });
+}
+
+void PictureBoxView::MirrorAppearance() {
+  ControlView::MirrorAppearance();
+  widget_.setAttribute(Qt::WA_OpaquePaintEvent, model_.PaperBackground());
+  MirrorDrawing();
+}
+
+void PictureBoxView::MirrorDrawing() {
+  kept_ = {};
+  widget_.update();
+}
+
+bool PictureBoxView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::Paint) return ControlView::eventFilter(watched, event);
+  Paint();
+  return true;
+}
+
+// A strip that moves within another box is kept as pixels, so that a step of it draws nothing anew. A page is
+// never kept.
+bool PictureBoxView::CanKeep() const {
+  if (dynamic_cast<const PictureBox*>(&model_.Parent()) == nullptr) return false;
+  const double ratio = widget_.devicePixelRatioF();
+  return widget_.width() * ratio * widget_.height() * ratio <= kMostKeptPixels;
+}
+
+void PictureBoxView::Paint() {
+  QPainter painter(&widget_);
+  const double ratio = widget_.devicePixelRatioF();
+  const QSize pixels = (QSizeF(widget_.size()) * ratio).toSize();
+  if (!CanKeep()) {
+    kept_ = {};
+    Draw(painter);
+  } else {
+    if (kept_.size() != pixels || kept_.devicePixelRatio() != ratio) {
+      kept_ = QPixmap(pixels);
+      kept_.setDevicePixelRatio(ratio);
+      kept_.fill(Qt::transparent);
+      QPainter onPixmap(&kept_);
+      Draw(onPixmap);
+    }
+    painter.drawPixmap(0, 0, kept_);
+  }
+  PaintKeyboardFocus(widget_, painter);
+}
+
+Pixels PictureBoxView::PixelsFor(QSize painted) {
+  const bool resized = !painted_.isEmpty() && painted != painted_;
+  painted_ = painted;
+  if (resized) settled_.start();
+  return settled_.isActive() ? Pixels::AsLastTime : Pixels::Exact;
+}
+
+void PictureBoxView::Draw(QPainter& painter) {
+  if (model_.PaperBackground()) painter.fillRect(widget_.rect(), Qt::white);
+  if (!model_.ImageKey().empty()) {
+    painter.drawPixmap(0, 0, ArtworkPixmap(model_.ImageKey(), widget_.size(), widget_.devicePixelRatioF()));
+  }
+  painter.save();
+  painter.scale(1 / ToTwips(1), 1 / ToTwips(1));
+  PaintDrawing(painter, model_.Surface.Drawing(), Context().painted, PixelsFor(widget_.size()));
+  painter.restore();
+  if (model_.PaperBackground()) DrawEdge(painter);
+}
+
+void PictureBoxView::DrawEdge(QPainter& painter) {
+  const QRect all = widget_.rect();
+  const QRect inner = all.adjusted(1, 1, -1, -1);
+  for (const QRect& side : QRegion(all).subtracted(inner)) painter.fillRect(side, kPaperEdge);
+}
+
+}  // namespace Morvane

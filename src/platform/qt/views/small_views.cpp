@@ -1,0 +1,103 @@
+#include "platform/qt/views/small_views.h"
+
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QStyleOptionFocusRect>
+#include <algorithm>
+
+#include "platform/qt/painting/drawing_painter.h"
+#include "platform/qt/pictures/artwork.h"
+#include "platform/qt/views/view_text.h"
+
+namespace Morvane {
+namespace {
+
+constexpr int kCaptionIndent = 4;
+constexpr int kCaptionGap = 2;
+
+}  // namespace
+
+void PaintKeyboardFocus(QWidget& widget, QPainter& painter) {
+  if (!widget.hasFocus()) return;
+  QStyleOptionFocusRect focus;
+  focus.initFrom(&widget);
+  widget.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, &widget);
+}
+
+void TitledFrame::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const int room = width() - 2 * (kCaptionIndent + kCaptionGap);
+  painter.setFont(FittingFont(font(), title(), QSize(room, height()), Qt::TextShowMnemonic));
+  const QFontMetrics metrics = painter.fontMetrics();
+  const int lineTop = title().isEmpty() ? 0 : metrics.height() / 2;
+  if (!title().isEmpty()) {
+    const int captionWidth = std::min(room, metrics.size(Qt::TextShowMnemonic, title()).width());
+    const QRect caption(kCaptionIndent + kCaptionGap, 0, captionWidth, metrics.height());
+    style()->drawItemText(&painter, caption, Qt::AlignLeft | Qt::TextShowMnemonic, palette(), isEnabled(),
+                          title(), QPalette::WindowText);
+    painter.setClipRegion(QRegion(rect()) - caption.adjusted(-kCaptionGap, 0, kCaptionGap, 0));
+  }
+  painter.setPen(palette().color(QPalette::Mid));
+  painter.drawRect(QRectF(0.5, lineTop + 0.5, width() - 1, height() - lineTop - 1));
+}
+
+void FrameView::MirrorAppearance() {
+  ControlView::MirrorAppearance();
+  frame_.setTitle(QString::fromStdString(Model().Caption()));
+}
+
+void ImageBoxView::MirrorAppearance() {
+  ControlView::MirrorAppearance();
+  widget_.update();
+}
+
+bool ImageBoxView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::Paint) return ControlView::eventFilter(watched, event);
+  Paint();
+  return true;
+}
+
+void ImageBoxView::Paint() {
+  QPainter painter(&widget_);
+  if (!model_.ImageKey().empty()) {
+    painter.drawPixmap(0, 0, ArtworkPixmap(model_.ImageKey(), widget_.size(), widget_.devicePixelRatioF()));
+  }
+  if (model_.GetPicture()) {
+    painter.save();
+    painter.scale(1 / ToTwips(1), 1 / ToTwips(1));
+    const TwipsBox whole{0, 0, ToTwips(widget_.width()), ToTwips(widget_.height())};
+    PaintDrawing(painter, {PictureShape{whole, model_.GetPicture()}}, Context().painted);
+    painter.restore();
+  }
+  PaintKeyboardFocus(widget_, painter);
+}
+
+bool RulingView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::Paint) return ControlView::eventFilter(watched, event);
+  QPainter painter(&widget_);
+  const QColor color = widget_.palette().color(QPalette::Mid);
+  if (std::min(widget_.width(), widget_.height()) <= 2) {
+    painter.fillRect(widget_.rect(), color);
+  } else {
+    painter.setPen(color);
+    painter.drawRect(QRectF(widget_.rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+  }
+  return true;
+}
+
+TimerView::TimerView(Timer& model, const ViewContext& context) : ControlView(model, context), model_(model) {
+  timer_.setTimerType(Qt::PreciseTimer);
+  connect(&timer_, &QTimer::timeout, this, [this] {
+    if (ticking_) return;
+    const QScopedValueRollback<bool> once(ticking_, true);
+    Feed([this] { model_.PerformTick(); });
+  });
+}
+
+void TimerView::MirrorContent() {
+  if (!model_.Running()) return timer_.stop();
+  if (timer_.isActive() && timer_.interval() == model_.Interval()) return;
+  timer_.start(std::max(1, model_.Interval()));
+}
+
+}  // namespace Morvane

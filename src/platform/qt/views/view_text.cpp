@@ -1,0 +1,80 @@
+#include "platform/qt/views/view_text.h"
+
+#include <QFontMetrics>
+#include <QTextDocument>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/units.h"
+
+namespace Morvane {
+namespace {
+
+constexpr double kDesignPixelsPerPoint = 96.0 / 72.0;
+constexpr double kSmallestFit = 0.85;
+constexpr int kLongestToolTipLine = 60;
+
+}  // namespace
+
+int ToPixels(double twips) {
+  return static_cast<int>(std::lround(twips / kTwipsPerPixel));
+}
+
+QRect ToPixels(double left, double top, double width, double height) {
+  const QPoint corner(ToPixels(left), ToPixels(top));
+  const QPoint opposite(ToPixels(left + width), ToPixels(top + height));
+  return {corner, QSize(opposite.x() - corner.x(), opposite.y() - corner.y())};
+}
+
+double ToTwips(double pixels) {
+  return pixels * kTwipsPerPixel;
+}
+
+QColor ToQColor(Color color) {
+  return {color.red, color.green, color.blue};
+}
+
+QFont WidgetFont(const Font& font) {
+  QFont widgetFont(QString::fromStdString(font.name));
+  widgetFont.setPixelSize(std::max(1, static_cast<int>(std::lround(font.size * kDesignPixelsPerPoint))));
+  widgetFont.setBold(font.bold);
+  widgetFont.setItalic(font.italic);
+  widgetFont.setUnderline(font.underline);
+  return widgetFont;
+}
+
+QFont FittingFont(QFont font, const QString& text, QSize room, int flags) {
+  constexpr int kEndless = 1 << 20;
+  const int smallest = static_cast<int>(std::ceil(font.pixelSize() * kSmallestFit));
+  while (font.pixelSize() > smallest) {
+    const QRect space(0, 0, room.width(), kEndless);
+    const QSize needed = QFontMetrics(font).boundingRect(space, flags, text).size();
+    if (needed.width() <= room.width() && needed.height() <= room.height()) break;
+    font.setPixelSize(font.pixelSize() - 1);
+  }
+  return font;
+}
+
+QString ToolTip(const std::string& text) {
+  const QString plain = QString::fromStdString(text);
+  if (plain.size() <= kLongestToolTipLine && !Qt::mightBeRichText(plain)) return plain;
+  return "<qt>" + plain.toHtmlEscaped() + "</qt>";
+}
+
+QString WithoutAccessKey(const std::string& caption) {
+  std::string plain;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    if (caption[i] == '&' && ++i == caption.size()) break;
+    plain += caption[i];
+  }
+  return QString::fromStdString(plain);
+}
+
+QString SpokenText(const Control& control) {
+  const QString caption = WithoutAccessKey(control.Caption());
+  if (std::any_of(caption.begin(), caption.end(), [](QChar c) { return c.isLetterOrNumber(); }))
+    return caption;
+  return QString::fromStdString(control.SpokenName().empty() ? control.ToolTipText() : control.SpokenName());
+}
+
+}  // namespace Morvane

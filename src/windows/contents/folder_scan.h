@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "core/app_state.h"
+#include "platform/platform.h"
+#include "windows/contents/listing.h"
+
+namespace Morvane {
+
+// Files of one folder that are listed in silence; the next one is listed too, but with a message.
+inline constexpr int kMaxRighe = 1000;
+
+// Lets the user choose a folder and puts it in `percorso`, which stays as it came on cancel. Returns it.
+const std::string& SfogliaCartella(std::string& percorso, WindowSystem& windows);
+
+// Lets the user choose a disc or folder and lists it in List1; on cancel everything stays as it was.
+// RuntimeError when the folder, or one below it, can't be read: the list is left as far as it got.
+void Leggifile(AppState& state, Platform& platform, Listing& List1);
+
+// Lists a folder and all below it. ElencoRighe counts the files of each folder; above `limit` the user gets a
+// message and the rest of the scan is given up. Nothing is read when it is above the limit at the start.
+// RuntimeError as above.
+void FindSubFolders(const std::string& fold, AppState& state, Platform& platform, Listing& List1,
+                    int limit = kMaxRighe);
+
+}  // namespace Morvane

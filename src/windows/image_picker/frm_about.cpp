@@ -1,0 +1,197 @@
+#include "windows/image_picker/frm_about.h"
+
+#include <array>
+#include <string>
+#include <utility>
+
+#include "core/settings_file.h"
+#include "platform/resume_next.h"
+#include "windows/image_picker/folder_tree.h"
+#include "windows/image_picker/image_file_operations.h"
+#include "windows/image_picker/image_list.h"
+
+namespace Morvane {
+
+namespace {
+
+constexpr FormRow kWindow{.name = "frmAbout",
+                          .caption = "Morvane - Scelta immagine",
+                          .clientWidth = 8850,
+                          .clientHeight = 6435,
+                          .frameHeight = 375};
+
+// name, caption, tool-tip, left, top, width, height, spoken name
+constexpr std::array kControls = {
+    ControlRow{"lblPath", "", "", 330, 30, 4185, 495, "Cartella scelta"},
+    ControlRow{"tvwdirtree", "", "", 330, 570, 4185, 5565, "Cartelle"},
+    ControlRow{"Command4", "Rivisualizza lista",
+               "Files validi: .JPG.JPEG.IFF.BMP.CUR.ICO.DIB.GIF.EMF.WMF.RLE", 4560, 60, 1335, 495},
+    ControlRow{"Label17", "", "", 6540, 60, 945, 435, "Numero di immagini"},
+    ControlRow{"List1", "", "Lista files, pulsante destro del mouse per rinominare.", 4590, 600, 2925, 2400},
+    ControlRow{"Command1", "&OK", "Scegli l'immagine e continua", 7590, 600, 915, 375},
+    ControlRow{"Command2", "&Annulla", "Annulla la scelta e continua", 7590, 1020, 915, 375},
+    ControlRow{"Frame1", "Anteprima immagine", "", 4590, 3060, 3915, 3075},
+    ControlRow{"Image1", "", "Anteprima dell'immagine clic per selezione", 90, 270, 3435, 2655},
+};
+
+constexpr Color kPaleYellow{255, 255, 192};
+constexpr int kEnter = 13;
+constexpr int kEsc = 27;
+
+}  // namespace
+
+frmAbout::frmAbout(AppState& state, Platform& platform, std::function<void()> loadContentsWindow)
+    : form(kWindow), state_(state), platform_(platform), loadContentsWindow_(std::move(loadContentsWindow)) {
+  form.LayOut(kControls);
+  form.Load = [this] { Form_Load(); };
+  form.MouseMove = [this](int, double, double) { ResetPointer(); };
+  Frame1.MouseMove = [this](int, double, double) { ResetPointer(); };
+  lblPath.SetBackColor(kPaleYellow);
+  ConnectTree();
+  ConnectList();
+  ConnectButtons();
+}
+
+void frmAbout::ConnectTree() {
+  tvwdirtree.Expand = [this](TreeNode& node) { tvwdirtree_Expand(node); };
+  // Closing a node makes it the current folder.
+  tvwdirtree.Collapse = [this](TreeNode& node) { tvwdirtree_NodeClick(node); };
+  tvwdirtree.NodeClick = [this](TreeNode& node) { tvwdirtree_NodeClick(node); };
+  tvwdirtree.Click = [this] { tvwdirtree_Click(); };
+}
+
+void frmAbout::ConnectList() {
+  List1.SetSorted(true);
+  List1.Click = [this] { List1_Click(); };
+  List1.DblClick = [this] { Command1_Click(); };
+  List1.KeyDown = [this](int keyCode) { List1_KeyDown(keyCode); };
+  List1.MouseDown = [this](MouseButton button, int, double, double) { List1_MouseDown(button); };
+  List1.MouseMove = [this](int, double, double) { ResetPointer(); };
+  Menudestro = {
+      {.name = "menusele", .caption = "&Scegli immagine selezionata", .Click = [this] { Command1_Click(); }},
+      {.name = "menumeno", .caption = "-"},
+      {.name = "MenuRinomina",
+       .caption = "&Rinomina immagine ...",
+       .Click = [this] { MenuRinomina_Click(); }},
+      {.name = "menuCancellaFile",
+       .caption = "&Cancella immagine ...",
+       .Click = [this] { menuCancellaFile_Click(); }},
+  };
+}
+
+void frmAbout::ConnectButtons() {
+  Command4.Click = [this] { Command4_Click(); };
+  Image1.Click = [this] { Command1_Click(); };
+  Command1.Click = [this] { Command1_Click(); };
+  Command1.SetImageKey("ok");
+  Command2.Click = [this] { Command2_Click(); };
+  Command2.SetImageKey("annulla");
+}
+
+void frmAbout::Form_Load() {
+  form.SetIconKey("morvane");
+  form.Move((platform_.screen.Width - form.Width()) / 2, (platform_.screen.Height - form.Height()) / 2);
+  BuildTree(tvwdirtree, state_, platform_.screen, platform_.files, loadContentsWindow_);
+  // Opening the Desktop node named its folder; no folder is current before the first click.
+  lblPath.SetCaption("");
+}
+
+// Every opening reads the folder again. That is meant: closing and opening a node shows its new folders.
+void frmAbout::tvwdirtree_Expand(TreeNode& node) {
+  if (node.Key() == "root") return;
+  if (node.Key() == "desk") return lblPath.SetCaption(state_.CartellaDesktop);
+  if (node.Children().empty()) return;
+  tvwdirtree.SetSorted(node, true);
+  platform_.screen.SetMousePointer(MousePointer::ArrowHourglass);
+  tvwdirtree.SetRedraw(false);
+  AddSubFolders(tvwdirtree, node.Key(), platform_.files);
+  tvwdirtree.SetRedraw(true);
+  ResetPointer();
+}
+
+void frmAbout::tvwdirtree_NodeClick(TreeNode& node) {
+  const std::string& key = node.Key();
+  ReadOnePerClick(node);
+  if (key == "root") return lblPath.SetCaption("");
+  if (key == "desk") return lblPath.SetCaption(state_.CartellaDesktop);
+  // The line break keeps a path of one line at the top of the label, which is two lines high.
+  const bool fits = platform_.text.Width(form.GetFont(), key) <= lblPath.Width();
+  lblPath.SetCaption(fits ? key + "\r\n" : key);
+}
+
+// The floppy drives have no button to open them before they were read; other removable drives never do.
+void frmAbout::ReadOnePerClick(const TreeNode& node) {
+  if (node.Key() != "A:" && node.Key() != "B:") return;
+  platform_.screen.SetMousePointer(MousePointer::ArrowHourglass);
+  AddSubFolders(tvwdirtree, node.Key(), platform_.files);
+  ResetPointer();
+}
+
+void frmAbout::tvwdirtree_Click() {
+  Command4_Click();
+  state_.CartellaAlbero = FolderOfLabel();
+}
+
+void frmAbout::Command4_Click() {
+  state_.CartellaImmagini = FolderOfLabel();
+  if (!state_.CartellaImmagini.ends_with('\\')) state_.CartellaImmagini += '\\';
+  platform_.screen.SetMousePointer(MousePointer::Hourglass);
+  CaricaListaImmagini(state_, platform_.files, List1, Label17);
+  ResetPointer();
+}
+
+void frmAbout::List1_Click() {
+  Image1.SetVisible(false);
+  Image1.SetStretch(false);
+  state_.ImmagineScelta = state_.CartellaImmagini + List1.Text();
+  // A file that can't be decoded leaves the picture before it in view, and is chosen all the same.
+  ResumeNext([&] { Image1.SetPicture(platform_.pictures.LoadPicture(state_.ImmagineScelta)); });
+  platform_.screen.SetMousePointer(MousePointer::Hourglass);
+  const PreviewSize size = ScaleToPreview(Image1.Width(), Image1.Height(), platform_.screen.TwipsPerPixelX,
+                                          platform_.screen.TwipsPerPixelY);
+  Image1.SetStretch(true);
+  Image1.SetHeight(size.height);
+  Image1.SetWidth(size.width);
+  Image1.SetVisible(true);
+  ResetPointer();
+}
+
+void frmAbout::List1_KeyDown(int keyCode) {
+  if (keyCode == kEnter) Command1_Click();
+  if (keyCode == kEsc) Command2_Click();
+}
+
+void frmAbout::List1_MouseDown(MouseButton button) {
+  if (button == MouseButton::Right) ApriMenudestro(platform_.windows, Menudestro);
+}
+
+void frmAbout::MenuRinomina_Click() {
+  if (RinominaImmagine(platform_.windows, platform_.files, state_, List1)) List1_Click();
+}
+
+void frmAbout::menuCancellaFile_Click() {
+  CancellaImmagine(platform_.windows, platform_.files, state_, List1);
+}
+
+void frmAbout::Command1_Click() {
+  state_.FileFolder = FolderOfLabel();
+  state_.ImmaginePrecedente = state_.ImmagineScelta;
+  SalvaImpostazioni(state_, platform_.files);
+  form.Hide();
+}
+
+void frmAbout::Command2_Click() {
+  state_.ImmagineScelta.clear();
+  form.UnloadForm();
+}
+
+std::string frmAbout::FolderOfLabel() const {
+  std::string caption = lblPath.Caption();
+  return toglivbcrlf(caption);
+}
+
+void frmAbout::ResetPointer() {
+  platform_.screen.SetMousePointer(MousePointer::Default);
+}
+
+}  // namespace Morvane

@@ -1,0 +1,155 @@
+#include <algorithm>
+#include <cmath>
+
+#include "core/number_text.h"
+#include "core/val.h"
+#include "platform/units.h"
+#include "windows/layout_editor/dialog.h"
+#include "windows/layout_editor/measure_rows.h"
+
+namespace Morvane {
+
+namespace {
+
+constexpr double kLowestForStepDown = 1.99;  // millimetres; only above it
+constexpr double kNewCoverSide = 5;          // centimetres
+constexpr int kEnter = 13;
+constexpr int kEsc = 27;
+
+// Inches: one of the 30 whole millimetres from `firstMm` on. The divisions stand in the opposite order to all
+// others, which no one can see.
+double RandomPlace(Rnd& rnd, int firstMm) {
+  return (std::floor(rnd.Next() * 30) + firstMm) / kCentimetresPerInch / 10;
+}
+
+// The covers behind cover n move up by one; the last cell keeps its content. The pictures do not move along,
+// which is meant: each stays with its number, and so shows in the cover that took the number over.
+void CloseGap(LayoutTables& tables, int n) {
+  const auto shift = [&](auto& table) {
+    std::copy(table.begin() + n + 1, table.begin() + tables.NumCopertine + 1, table.begin() + n);
+  };
+  shift(tables.CopForma);
+  shift(tables.CopLarg);
+  shift(tables.CopAlte);
+  shift(tables.CopDistx);
+  shift(tables.CopDisty);
+}
+
+}  // namespace
+
+void Dialog::ChooseOrientation(std::int16_t orientation) {
+  const std::int16_t before = state_.Orientamento;
+  state_.Orientamento = orientation;
+  ripitta();
+  if (state_.Orientamento != before) MarkModified();
+}
+
+void Dialog::ChooseShape(double shape) {
+  if (state_.CopCorrente == 0) state_.CopCorrente = 1;
+  auto& cell = state_.CopForma[static_cast<std::size_t>(state_.CopCorrente)];
+  const double before = cell.value_or(0);
+  cell = shape;
+  ripitta();
+  if (shape != before) MarkModified();
+}
+
+// While no cover is on show, because the current file is missing, there is nothing that a measure belongs to.
+void Dialog::StepDown(const MeasureRow& row) {
+  const double mm = Val((this->*row.box).Text());
+  if (state_.CopCorrente == 0 || mm <= kLowestForStepDown) return;
+  TakeStep(row, mm - 1);
+  if (row.downMarksModified) MarkModified();
+}
+
+void Dialog::StepUp(const MeasureRow& row) {
+  if (state_.CopCorrente == 0) return;
+  TakeStep(row, Val((this->*row.box).Text()) + 1);
+  MarkModified();
+}
+
+// What is stored is what the box shows: with a decimal comma a fraction is lost here.
+void Dialog::TakeStep(const MeasureRow& row, double mm) {
+  ShowMillimetres(row, mm);
+  CellOnShow(row) = StoredValue(row);
+  ripitta();
+}
+
+void Dialog::Text_LostFocus(const MeasureRow& row) {
+  if (state_.CopCorrente == 0) return;
+  const double value = StoredValue(row);
+  if (value != CellOnShow(row)) MarkModified();
+  CellOnShow(row) = value;
+  ripitta();
+}
+
+// Enter takes over the measure, as leaving the box does, and the window stays open: whoever types a number
+// and presses Enter wants to see it drawn.
+void Dialog::Text_KeyDown(const MeasureRow& row, int keyCode) {
+  if (keyCode == kEnter) Text_LostFocus(row);
+  if (keyCode == kEsc) CancelButton_Click();
+}
+
+// A new cover takes the shape that its slot last held, which is meant: a cover removed at the end and added
+// again keeps its shape.
+void Dialog::Command17_Click() {
+  if (state_.NumCopertine >= state_.MaxCopertine) {
+    platform_.windows.MsgBox("È stato raggiunto il numero massimo di " + std::to_string(state_.MaxCopertine) +
+                             " copertine.");
+    return;
+  }
+  ++state_.NumCopertine;
+  const auto n = static_cast<std::size_t>(state_.NumCopertine);
+  state_.CopLarg[n] = kNewCoverSide;
+  state_.CopAlte[n] = kNewCoverSide;
+  state_.CopDistx[n] = RandomPlace(rnd_, 25);
+  state_.CopDisty[n] = RandomPlace(rnd_, 155);
+  ShowCover(state_.NumCopertine);
+  MarkModified();
+}
+
+void Dialog::Command18_Click() {
+  if (state_.NumCopertine < 2) {
+    platform_.windows.MsgBox("Il layout di un file di copertine deve contenerne almeno una.");
+    return;
+  }
+  if (state_.CopCorrente == 0) return;
+  CloseGap(state_, state_.CopCorrente);
+  --state_.NumCopertine;
+  ShowCover(1);
+  MarkModified();
+}
+
+void Dialog::Command3_Click() {
+  if (state_.CopCorrente > 1) ShowCover(state_.CopCorrente - 1);
+}
+
+void Dialog::Command4_Click() {
+  if (state_.CopCorrente < state_.NumCopertine) ShowCover(state_.CopCorrente + 1);
+}
+
+void Dialog::Command15_Click() {
+  platform_.windows.MsgBox(
+      "Si può scegliere di usare un modello (layout) di copertine preimpostato selezionandolo e cliccando su "
+      "<Apri>, eventualmente si possono modificare i layout esistenti (misure e distanze delle copertine) "
+      "oppure si possono creare infiniti layout personalizzati cliccando su <Nuovo file>, le copertine "
+      "all'interno della pagina (oggetti) si selezionano cliccandole, per inserire/togliere un oggetto "
+      "cliccare sui bottoni <+> e <-> nella colonna 'Ogg.XX' della tabella sottostante.");
+}
+
+double Dialog::StoredValue(const MeasureRow& row) const {
+  return row.stored(Val((this->*row.box).Text()));
+}
+
+double& Dialog::CellOnShow(const MeasureRow& row) {
+  return (state_.*row.table)[static_cast<std::size_t>(state_.CopCorrente)];
+}
+
+void Dialog::ShowMillimetres(const MeasureRow& row, double mm) {
+  (this->*row.box).SetText(NumberToText(mm, state_.decimalSeparator));
+}
+
+void Dialog::MarkModified() {
+  state_.LayoutModificato = -1;
+}
+
+}  // namespace Morvane

@@ -1,0 +1,283 @@
+#include "windows/main_window/form1.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "core/default_layout.h"
+#include "core/settings_file.h"
+#include "core/version_check.h"
+#include "core/web_addresses.h"
+#include "platform/resume_next.h"
+#include "render/page_setup.h"
+#include "render/print_job.h"
+
+namespace Morvane {
+
+namespace {
+
+constexpr FormRow kForm = {.name = "Form1",
+                           .caption = "Morvane",
+                           .clientWidth = 10155,
+                           .clientHeight = 7335,
+                           .frameHeight = 810,
+                           .resizable = true};
+
+// clang-format off
+constexpr std::array kControls = {
+    ControlRow{"Toolbar1", "", "", 0, 0, 6900, 600, "Comandi"},
+    ControlRow{"Picture1", "", "Clicca dentro il contorno per caricare un'immagine da stampare ...", 45, 620, 4395, 6195, "Pagina"},
+    ControlRow{"Picture7", "", "Se questo programma è di tuo gradimento dona anche solo 2 Euro all'autore, puoi utilizzare Paypal oppure la tua carta di credito ...", 7260, 30, 891, 540},
+    ControlRow{"Picture2", "", "Visita il sito dell'autore ...", 8265, 82, 1800, 435},
+    ControlRow{"StatusBar1", "", "", 0, 6960, 10155, 375, "Barra di stato"},
+    ControlRow{"Check1", "Stampa contorno", "", 0, 0, 0, 0},
+    ControlRow{"Command1", "Scegli", "", 0, 0, 0, 0},
+};
+// clang-format on
+
+constexpr double kWindowLeft = 300;  // twips, as are all here
+constexpr double kLargestTop = 300;
+constexpr double kAroundPage = 1950;  // what the window's height has beyond the page's
+constexpr int kMinimisedWithFocus = 2;
+
+constexpr std::string_view kHelp =
+    "Morvane\r\n\r\n"
+    "Questo programma esegue la stampa delle copertine dei CD/DVD, VHS ecc. stampando fedelmente in scala "
+    "l'area del fronte/retro della faccia del CD/DVD, della copertina grande del DVD, oppure anche delle "
+    "copertine personalizzate che hai creato tu, caricare le immagini da stampare quindi cliccare sul "
+    "bottone "
+    "<Stampa>";
+
+}  // namespace
+
+Form1::Form1(AppState& state, Platform& platform, CoverSlots& slots, WindowOpeners openers)
+    : form(kForm),
+      Picture1(form, "Picture1", platform.text),
+      state_(state),
+      platform_(platform),
+      slots_(slots),
+      openers_(std::move(openers)) {
+  form.LayOut(kControls);
+  form.SetIconKey("morvane");
+  Picture1.SetPaperBackground(true);
+  Picture2.SetImageKey("logo");
+  Picture2.SetHandPointer(true);
+  Picture7.SetImageKey("donazione");
+  Picture7.SetHandPointer(true);
+  Check1.SetVisible(false);
+  Check1.SetValue(1);
+  Command1.SetVisible(false);
+  BuildCommands();
+
+  form.Load = [this] { Form_Load(); };
+  form.Activate = [this] { Form_Activate(); };
+  form.Resize = [this] { Form_Resize(); };
+  form.Unload = [this] { Form_Unload(); };
+  Picture1.MouseDown = [this](MouseButton button, int, double x, double y) {
+    Picture1_MouseDown(button, x, y);
+  };
+  Check1.Click = [this] { Check1_Click(); };
+  Command1.Click = [this] { Command1_Click(); };
+  Picture2.Click = [this] { OpenAddress(WebAddresses::kMakerSite); };
+  Picture7.Click = [this] { OpenAddress(WebAddresses::kDonation); };
+}
+
+void Form1::Form_Load() {
+  for (const OutlineRow& row : OutlineRows()) Toolbar1.AddMenuEntry("Contorno", std::string(row.text));
+  state_.AppPath = WithBackslash(platform_.app.path);
+  ResumeNext([&] { ControllaVersione(); });
+  const double centred = (platform_.screen.Height - form.Height()) / 2;
+  form.Move(kWindowLeft, std::clamp(centred, 0.0, kLargestTop));
+  state_.PaginaLarg = 297;
+  state_.PaginaAlte = 210;
+  ReadSettings(state_, platform_.files);
+  state_.MaxCopertine = kMaxCovers;
+}
+
+void Form1::ControllaVersione() {
+  const std::string remota = VersioneRemota(platform_.http.OpenUrl(std::string(WebAddresses::kUpdateFile)));
+  if (!IsNewer(remota, VersioneLocale(platform_.app))) return;
+  const std::string question = NewVersionMessage(platform_.app, remota);
+  if (platform_.windows.MsgBox(question, MsgBoxButtons::YesNo) != MsgBoxAnswer::Yes) return;
+  OpenAddress(WebAddresses::kDownloadPage);
+  platform_.windows.End();
+}
+
+// Each activation reads the layout file again and draws three times: meant, what the editor did not save is
+// gone.
+void Form1::Form_Activate() {
+  state_.AppPath = WithBackslash(platform_.app.path);
+  PrendiCOP();
+  Ridisegna();
+}
+
+void Form1::PrendiCOP() {
+  try {
+    if (ReadCurrentLayout(state_, platform_.files, handles_)) unreadableLayout_.clear();
+  } catch (const RuntimeError& error) {
+    // Each activation reads the file again; the user is told once.
+    if (std::exchange(unreadableLayout_, state_.NomeLayout) != state_.NomeLayout) {
+      platform_.windows.MsgBox(error.what());
+    }
+  }
+  Ridisegna();
+  Form_Resize();
+}
+
+void Form1::Form_Resize() {
+  SetWorkspacePage(state_);
+  if (state_.NumCopertine == 0) InstallDefaultLayout(state_);
+  const bool hasBack = state_.NumCopertine >= 2;
+  Toolbar1.SetButtonEnabled("Back", hasBack);
+  form.SetMenuEnabled("ManuCarF", hasBack);
+  if (form.State() == WindowState::Minimized) return;
+  PlaceBars();
+  ResumeNext([&] { Picture1.SetHeight(form.Height() - kAroundPage); });
+  ResumeNext([&] { Picture1.SetWidth(Picture1.Height() / state_.PaginaAlte * state_.PaginaLarg); });
+  ResumeNext([&] { Ridisegna(); });
+}
+
+void Form1::PlaceBars() {
+  ResumeNext([&] { StatusBar1.SetWidth(form.ClientWidth()); });
+  ResumeNext([&] { StatusBar1.SetTop(form.ClientHeight() - StatusBar1.Height()); });
+}
+
+void Form1::Form_Unload() {
+  platform_.windows.End();
+}
+
+void Form1::Ridisegna() {
+  state_.SuSchermo = 1;
+  const double ratio = ImpostaPagina(Picture1.Surface, state_, platform_.printer);
+  DisegnaCopertine(Picture1.Surface, ratio, state_, slots_);
+}
+
+void Form1::Imma(int indi) {
+  openers_.frmAbout();
+  if (!state_.ImmagineScelta.empty()) {
+    slots_.Image1.at(static_cast<std::size_t>(indi)) = platform_.pictures.LoadPicture(state_.ImmagineScelta);
+  }
+  platform_.windows.DoEvents();
+  Ridisegna();
+}
+
+void Form1::Front() {
+  Imma(0);
+}
+
+// Unlike Imma, a bad picture file leaves the slot as it was without a message. This is meant.
+void Form1::Back() {
+  openers_.frmAbout();
+  if (!state_.ImmagineScelta.empty()) {
+    ResumeNext([&] { slots_.Image1[1] = platform_.pictures.LoadPicture(state_.ImmagineScelta); });
+  }
+  platform_.windows.DoEvents();
+  ResumeNext([&] { Ridisegna(); });
+}
+
+void Form1::Picture1_MouseDown(MouseButton button, double x, double y) {
+  // Where covers overlap, the picker opens once for each of them, in order. This is meant.
+  for (int n = 1; n <= state_.NumCopertine; ++n) {
+    if (CoverHolds(state_, n, x, y) && button == MouseButton::Left) Imma(n - 1);
+  }
+}
+
+void Form1::Check1_Click() {
+  slots_.outlinesOn = Check1.Value() == 1;
+  Ridisegna();
+}
+
+// Switching off draws twice: meant, the user sees no difference.
+void Form1::CambiaContorno() {
+  if (Check1.Value() == 0) {
+    Check1.SetValue(1);
+  } else {
+    Check1.SetValue(0);
+    Check1_Click();
+  }
+}
+
+void Form1::Toolbar1_ButtonMenuClick(const std::string& text) {
+  for (const OutlineRow& row : OutlineRows()) {
+    if (row.text == text) state_.SpessoreBordo = static_cast<std::int16_t>(row.spessoreBordo);
+  }
+  Form_Resize();
+}
+
+void Form1::Command1_Click() {
+  openers_.Dialog();
+  state_.AppPath = WithBackslash(platform_.app.path);
+  PrendiCOP();
+}
+
+void Form1::OpenAddress(std::string_view address) {
+  platform_.launcher.ShellExecute(std::string(address), state_.ShowCmd);
+}
+
+void Form1::Perform(Action action, std::string_view address) {
+  switch (action) {
+    case Action::None:
+      return;
+    case Action::CaricaImmagine1:
+      return Imma(0);
+    case Action::CaricaImmagine2:
+      return Imma(1);
+    case Action::ScegliLayout:
+      return Command1_Click();
+    case Action::LeggiCD:
+      return openers_.FrmPreview();
+    case Action::Stampa:
+      platform_.printer.JobTitle = state_.NomeLayout.empty() ? platform_.app.title : state_.NomeLayout;
+      return Morvane::Stampa(state_, slots_, platform_.printer);
+    case Action::Esci:
+      return platform_.windows.End();
+    case Action::Contorno:
+      return CambiaContorno();
+    case Action::AvviaLindorel:
+      return platform_.launcher.Shell(state_.AppPath + "lindorel.exe", kMinimisedWithFocus);
+    case Action::RicercaOnline:
+      return openers_.Form4();
+    case Action::ApriIndirizzo:
+      return OpenAddress(address);
+    case Action::ApriOmbranoKit:
+      return OpenAddress("omk.htm");
+    case Action::InformazioniPdf:
+      return openers_.Form2();
+    case Action::Aiuto:
+      platform_.windows.MsgBox(std::string(kHelp));
+      return;
+    case Action::Informazioni:
+      return openers_.Form3();
+  }
+}
+
+void Form1::BuildCommands() {
+  std::array<std::vector<MenuItem>*, 3> open = {&form.MenuBar, nullptr, nullptr};
+  for (const MenuRow& row : MenuRows()) {
+    MenuItem item{std::string(row.name), std::string(row.caption), std::string(row.shortcut)};
+    if (row.action != Action::None) item.Click = [this, &row] { Perform(row.action, row.address); };
+    const auto depth = static_cast<std::size_t>(row.depth);
+    open[depth]->push_back(std::move(item));
+    if (depth + 1 < open.size()) open[depth + 1] = &open[depth]->back().items;
+  }
+  for (const ToolRow& row : ToolRows()) {
+    Toolbar1.Buttons.push_back(
+        {std::string(row.key), row.style, std::string(row.toolTip), std::string(row.imageKey)});
+  }
+  for (const StatusRow& row : StatusRows()) {
+    StatusBar1.Panels.push_back({std::string(row.text), std::string(row.toolTip)});
+  }
+  Toolbar1.ButtonClick = [this](const ToolButton& button) {
+    for (const ToolRow& row : ToolRows()) {
+      if (row.key == button.key) Perform(row.action);
+    }
+  };
+  Toolbar1.ButtonMenuClick = [this](const std::string& text) { Toolbar1_ButtonMenuClick(text); };
+  StatusBar1.PanelClick = [this](const StatusPanel& panel) {
+    for (const StatusRow& row : StatusRows()) {
+      if (row.text == panel.text) Perform(row.action);
+    }
+  };
+}
+
+}  // namespace Morvane

@@ -1,0 +1,122 @@
+#include "windows/fonts/fonten.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/test_machine.h"
+
+namespace Morvane {
+namespace {
+
+class FontChooser : public ::testing::Test {
+ protected:
+  FontChooser() { window.form.BeginShow(); }
+
+  void Ok(const std::string& height = "8") {
+    window.Text1.SetText(height);
+    machine.Windows.UserEvent([&] { window.cmdOK.PerformClick(); });
+  }
+  void Select(const std::string& family) {
+    state.ElencoFontName = family;
+    window.form.PerformPaint();
+  }
+
+  TestMachine machine;
+  AppState state;
+  fONTEN window{state, machine.platform};
+};
+
+TEST_F(FontChooser, ListsTheFamiliesAlphabeticallyAndCountsOneMore) {
+  EXPECT_EQ(window.LstFonts.List(0), "Arial");
+  EXPECT_EQ(window.LstFonts.List(2), "Verdana");
+  EXPECT_EQ(window.Label1.Caption(), "N. 4 Fonts installati");
+}
+
+TEST_F(FontChooser, RepaintGoesBackToTheFontInUse) {
+  Select("Tahoma");
+  EXPECT_EQ(window.TxtFontPreview.Text(), "Tahoma - aAbB 123 zZ");
+  window.Check3d1.PerformClick();
+  EXPECT_EQ(window.TxtFontPreview.GetFont(), (Font{.name = "Tahoma", .size = 20, .italic = true}));
+  window.LstFonts.UserSelects(0);
+  EXPECT_EQ(window.TxtFontPreview.Text(), "Arial - aAbB 123 zZ");
+  window.form.PerformPaint();
+  EXPECT_EQ(window.TxtFontPreview.Text(), "Tahoma - aAbB 123 zZ");
+}
+
+TEST_F(FontChooser, NameInAnotherCaseSelectsNothingAndOkThenTakesArial) {
+  Select("arial");
+  EXPECT_EQ(window.LstFonts.ListIndex(), -1);
+  EXPECT_EQ(window.TxtFontPreview.Text(), "");
+  Ok();
+  EXPECT_EQ(machine.Windows.Boxes.size(), 1U);
+  EXPECT_EQ(state.ElencoFontName, "Arial");
+}
+
+TEST_F(FontChooser, OkHandsTheChoiceToListingAndPrinterAndHides) {
+  Select("Verdana");
+  window.Check3d1.PerformClick();
+  Ok("8.5");
+  EXPECT_EQ(state.ElencoFontName, "Verdana");
+  EXPECT_EQ(state.ElencoFontItalic, 1);
+  EXPECT_EQ(state.ElencoFontBold, 0);
+  EXPECT_EQ(state.ElencoFontSize, 8.5F);
+  const Font& printer = machine.ThePrinter.Surface().GetFont();
+  EXPECT_TRUE(printer.name == "Verdana" && printer.italic && !printer.bold);
+  EXPECT_EQ(window.form.GetFont().name, "Verdana");
+  EXPECT_TRUE(!window.form.Visible() && window.form.Loaded());
+}
+
+TEST_F(FontChooser, HeightIsKeptBetweenTwoAndTwentyFive) {
+  struct Case {
+    const char* typed;
+    float size;
+    const char* shown;
+  };
+  Select("Arial");
+  for (const Case& height : {Case{"30", 25, "25"},
+                             {"25", 25, "25"},
+                             {"1", 2, "1"},
+                             {"8,5", 8, "8,5"},
+                             {"grande", 2, "grande"},
+                             {"-1E300", 2, "-1E300"}}) {
+    Ok(height.typed);
+    EXPECT_EQ(state.ElencoFontSize, height.size) << height.typed;
+    EXPECT_EQ(window.Text1.Text(), height.shown);
+  }
+}
+
+TEST_F(FontChooser, FamilyThatCannotPrintBecomesArialAndKeepsTheBoxes) {
+  machine.Fonts.NotForPrinting = {"Tahoma"};
+  Select("Tahoma");
+  window.Check3d2.PerformClick();
+  Ok();
+  ASSERT_EQ(machine.Windows.Boxes.size(), 1U);
+  EXPECT_EQ(machine.Windows.Boxes[0].text,
+            "Font scelto non disponibile, verrà scelto l'Arial a video ed in stampa.");
+  EXPECT_EQ(state.ElencoFontName, "Arial");
+  EXPECT_EQ(state.ElencoFontBold, 1);
+  EXPECT_EQ(machine.ThePrinter.Surface().GetFont().name, "Arial");
+  EXPECT_TRUE(machine.ThePrinter.Surface().GetFont().bold);
+  EXPECT_EQ(window.form.GetFont().name, "Arial");
+  EXPECT_FALSE(window.form.Visible());
+}
+
+TEST_F(FontChooser, WithoutArialTheFailureIsToldAndTheWindowStays) {
+  machine.Fonts.NotForPrinting = {"Arial"};
+  Select("Arial");
+  Ok();
+  EXPECT_EQ(machine.Windows.Boxes.size(), 2U);
+  EXPECT_TRUE(window.form.Visible());
+}
+
+TEST_F(FontChooser, CancelWritesNothingAndKeepsTheBoxes) {
+  state.ElencoFontSize = 9;
+  window.Check3d2.PerformClick();
+  window.cmdCancel.PerformClick();
+  EXPECT_EQ(state.ElencoFontSize, 9);
+  EXPECT_EQ(state.ElencoFontBold, 0);
+  EXPECT_EQ(window.Check3d2.Value(), 1);
+  EXPECT_FALSE(window.form.Visible());
+}
+
+}  // namespace
+}  // namespace Morvane

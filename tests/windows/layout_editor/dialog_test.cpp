@@ -1,0 +1,128 @@
+#include "windows/layout_editor/dialog.h"
+
+#include "dialog_fixture.h"
+
+namespace Morvane {
+namespace {
+
+TEST_F(DialogTest, OpensOnTheFirstFileThenOnTheCurrentOneWhateverItsCase) {
+  WriteCovers("dvd", {130});
+  WriteCovers("CD", {121, 122});
+  machine.WriteFile("C:\\Morvane\\leggimi.txt", "");
+  Open();
+  EXPECT_EQ(Listed(), (Rows{"CD", "dvd"}));
+  EXPECT_EQ(state.NomeLayout, "CD");
+  EXPECT_EQ(dialog->Text1.Text(), "121");
+  EXPECT_EQ(dialog->Label4.Caption(), "Ogg.01");
+  Select(1);
+  Press(dialog->CancelButton);
+  EXPECT_EQ(state.NomeLayout, "");
+  EXPECT_EQ(state.NumCopertine, 1) << "the layout that the editor loaded stays";
+
+  state.NomeLayout = "DVD";
+  Open();
+  EXPECT_EQ(dialog->List1.ListIndex(), 1);
+  Press(dialog->OKButton);
+  EXPECT_EQ(state.NomeLayout, "dvd");
+  EXPECT_EQ(state.CopCorrente, 0);
+  EXPECT_TRUE(dialog->form.Unloaded());
+}
+
+TEST_F(DialogTest, WithoutTheCurrentFileNothingIsOnShowAndEditingWaits) {
+  WriteCovers("cd", {121});
+  state.NomeLayout = "sparito";
+  Open();
+  EXPECT_EQ(dialog->List1.ListIndex(), -1);
+  const LayoutTables before = state;
+  Type(dialog->Text1, "33");
+  Press(dialog->Command7);
+  Press(dialog->Command18);
+  EXPECT_TRUE(static_cast<const LayoutTables&>(state) == before);
+  EXPECT_EQ(state.CopCorrente, 0);
+  dialog->Option4.PerformClick();
+  EXPECT_EQ(state.CopCorrente, 1) << "the shape options begin with cover 1";
+}
+
+TEST_F(DialogTest, YesDiscardsTheChangesJustAsNoDoes) {
+  WriteCovers("cd", {121});
+  WriteCovers("dvd", {130});
+  Open();
+  Type(dialog->Text1, "99");
+  EXPECT_EQ(state.LayoutModificato, -1);
+  machine.Windows.Answers = {MsgBoxAnswer::Yes};
+  Select(1);
+  EXPECT_EQ(LastBox(), "Il file ' cd ' è stato modificato, si desidera salvare le modifiche?");
+  EXPECT_TRUE(FileHas("cd", "Larg1=121"));
+  EXPECT_EQ(dialog->Text1.Text(), "130");
+  EXPECT_EQ(state.LayoutModificato, 0);
+}
+
+TEST_F(DialogTest, UnreadableFileIsToldOfAndLeavesTheLayoutBeforeIt) {
+  WriteLayoutFile("a", {"Pagina=1", "Copertina1=1", "Larg1=7", "Larg2"});
+  WriteCovers("b", {121});
+  Open();
+  ASSERT_EQ(machine.Windows.Boxes.size(), 1U) << "the window opens all the same";
+  EXPECT_NE(LastBox().find("\"a\" non è valido alla riga 4"), std::string::npos);
+  EXPECT_EQ(state.NomeLayout, "");
+  Select(1);
+  Press(dialog->Command7);
+  machine.Windows.Answers = {MsgBoxAnswer::No};
+  Select(0);
+  EXPECT_EQ(state.NomeLayout, "b");
+  EXPECT_EQ(dialog->Text1.Text(), "122");
+  EXPECT_EQ(state.CopLarg[1], 12.2);
+  EXPECT_TRUE(dialog->Option1.Value() && dialog->Option3.Value());
+  EXPECT_EQ(state.LayoutModificato, 0);
+  Press(dialog->Command1, MsgBoxAnswer::Ok);
+  EXPECT_EQ(Listed(), (Rows{"b"}));
+}
+
+TEST_F(DialogTest, VanishedFileIsSkipped) {
+  WriteCovers("a", {50});
+  WriteCovers("b", {60});
+  Open();
+  machine.Files->Kill(PathOf("b"));
+  Select(1);
+  EXPECT_TRUE(machine.Windows.Boxes.empty());
+  EXPECT_EQ(state.NomeLayout, "a");
+  EXPECT_EQ(state.CopLarg[1], 5);
+}
+
+TEST_F(DialogTest, EmptyFolderOpensAndTakesANewFile) {
+  Open();
+  EXPECT_TRUE(machine.Windows.Boxes.empty());
+  Press(dialog->Command2, "primo");
+  EXPECT_EQ(dialog->List1.Text(), "primo");
+  Press(dialog->Command1, MsgBoxAnswer::Ok);
+  EXPECT_EQ(Listed(), Rows{});
+  EXPECT_EQ(machine.Windows.Boxes.size(), 1U);
+}
+
+TEST_F(DialogTest, PreviewTurnsWithThePageAndPicksTheLowestCoverByTheLeftButton) {
+  WriteCovers("a", {100, 50, 60});
+  Open();
+  EXPECT_NEAR(dialog->Picture1.Width(), 4155.0 * 210 / 297, 1e-6);
+  const auto click = [&](MouseButton button, double xMm, double yMm) {
+    dialog->Picture1.MouseDown(button, 0, xMm / 25.4, yMm / 25.4);
+    return state.CopCorrente;
+  };
+  dialog->Command4.PerformClick();
+  Type(dialog->Text4, "60");
+  dialog->Command4.PerformClick();
+  Type(dialog->Text4, "90");
+  EXPECT_EQ(click(MouseButton::Right, 100, 40), 3);
+  EXPECT_EQ(click(MouseButton::Left, 100, 40), 1);
+  EXPECT_EQ(click(MouseButton::Left, 125, 40), 3);
+  EXPECT_EQ(click(MouseButton::Left, 150, 40), 3) << "the edge is outside";
+  dialog->Picture1.MouseMove(0, 100 / 25.4, 40 / 25.4);
+  EXPECT_EQ(dialog->Picture1.ToolTipText(), "Copertina n.1/3 clicca col mouse per modificare i parametri");
+  dialog->Picture1.MouseMove(0, 0, 0);
+  EXPECT_EQ(dialog->Picture1.ToolTipText(), "Scegli la copertina da modificare quindi cliccala.");
+
+  dialog->Option2.PerformClick();
+  EXPECT_EQ(dialog->Picture1.Width(), 4155);
+  EXPECT_NEAR(dialog->Picture1.Height(), 4155.0 * 210 / 297, 1e-6);
+}
+
+}  // namespace
+}  // namespace Morvane

@@ -1,0 +1,468 @@
+#include "windows/main_window/form1.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <utility>
+
+#include "core/web_addresses.h"
+#include "tests/support/test_machine.h"
+
+namespace Morvane {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using ::testing::StartsWith;
+
+using Texts = std::vector<std::string>;
+
+// The main window with its neighbours played: each opened window, launch, box and end is one line of the log.
+class MainWindow : public ::testing::Test {
+ protected:
+  void Start() { machine.Windows.ShowMain(window.form); }
+
+  WindowOpeners Openers() {
+    const auto opener = [this](const char* name) { return [this, name] { Opened(name); }; };
+    WindowOpeners openers{opener("Dialog"), nullptr,         opener("FrmPreview"),
+                          opener("Form3"),  opener("Form4"), opener("Form2")};
+    openers.Dialog = [this] {
+      Opened("Dialog");
+      state.NomeLayout = nextLayout;
+    };
+    openers.frmAbout = [this] {
+      Opened("frmAbout");
+      state.ImmagineScelta = picks.empty() ? "" : picks.front();
+      if (!picks.empty()) picks.pop_front();
+    };
+    return openers;
+  }
+
+  // As every modal window does: the main one is activated again by a queued event.
+  void Opened(const std::string& name) {
+    shown.push_back(name);
+    machine.Windows.Post([this] { window.form.PerformActivate(); });
+  }
+
+  void User(const std::function<void()>& event) { machine.Windows.UserEvent(event); }
+
+  void Choose(const std::string& entry) {
+    MenuItem& item = window.form.Menu(entry);
+    ASSERT_TRUE(item.Click) << entry;
+    User(item.Click);
+  }
+
+  // What happened since the last look.
+  Texts TakeLog() {
+    Texts log = std::exchange(shown, {});
+    for (const auto& launch : std::exchange(machine.Launches.Opened, {})) {
+      EXPECT_EQ(launch.show, 0);
+      log.push_back("open " + launch.target);
+    }
+    for (const auto& start : std::exchange(machine.Launches.Started, {})) {
+      log.push_back("start " + start.target + " " + std::to_string(start.show));
+    }
+    for (const auto& box : std::exchange(machine.Windows.Boxes, {})) log.push_back("box " + box.text);
+    for (const auto& dialog : std::exchange(machine.Device.Dialogs, {})) {
+      EXPECT_TRUE(dialog.restricted);
+      log.push_back("print");
+    }
+    if (machine.Windows.Ended()) log.push_back("end");
+    return log;
+  }
+
+  void WriteLayout(const std::string& name, int covers, const std::string& page = "0") {
+    std::string text = "Pagina=" + page + "\r\n";
+    for (int n = 1; n <= covers; ++n) {
+      const std::string number = std::to_string(n);
+      text += "Copertina" + number + "=0\r\nDistx" + number + "=" + std::to_string(10 * n) + "\r\nDisty" +
+              number + "=10\r\nLarg" + number + "=50.8\r\nAlte" + number + "=25.4\r\n";
+    }
+    machine.WriteFile("C:\\Morvane\\" + name + ".mvne", text);
+  }
+
+  void Use(const std::string& layout) {
+    nextLayout = layout;
+    User([&] { window.Command1_Click(); });
+  }
+
+  void ClickPage(double xInches, double yInches, MouseButton button = MouseButton::Left) {
+    const DrawingSurface& page = window.Picture1.Surface;
+    User([&] {
+      window.Picture1.PerformMouseDown(button, 0, xInches / page.ScaleWidth() * page.Width(),
+                                       yInches / page.ScaleHeight() * page.Height());
+    });
+  }
+
+  template <typename T>
+  std::size_t CountDrawn() const {
+    std::size_t count = 0;
+    for (const Shape& shape : window.Picture1.Surface.Drawing()) count += std::holds_alternative<T>(shape);
+    return count;
+  }
+
+  TestMachine machine;
+  AppState state;
+  CoverSlots slots;
+  Texts shown;
+  std::deque<std::string> picks;
+  std::string nextLayout;
+  Form1 window{state, machine.platform, slots, Openers()};
+};
+
+class MainWindowStart : public MainWindow {
+ protected:
+  void Serve(const std::string& body) { machine.Http.Bodies[std::string(WebAddresses::kUpdateFile)] = body; }
+};
+
+TEST_F(MainWindowStart, FirstRunShowsTheDefaultCoversWithoutAWord) {
+  Start();
+  EXPECT_THAT(TakeLog(), IsEmpty());
+  EXPECT_THAT(machine.Http.Fetched, ElementsAre(WebAddresses::kUpdateFile));
+  EXPECT_EQ(state.AppPath, "C:\\Morvane\\");
+  EXPECT_EQ(state.NumCopertine, 2);
+  EXPECT_EQ(state.MaxCopertine, 100);
+  EXPECT_EQ(state.FileFolder, "c:\\");
+  EXPECT_EQ(state.SuSchermo, 1);
+  EXPECT_EQ(CountDrawn<TextShape>(), 1U);
+  EXPECT_THAT(window.Toolbar1.Button("Contorno").menu,
+              ElementsAre("Linea fine", "Linea media", "Linea grossa"));
+  EXPECT_FALSE(machine.Files->FileExists("C:\\Morvane\\morvane.ini"));
+}
+
+TEST_F(MainWindowStart, TakesTheSettingsFile) {
+  machine.WriteFile("C:\\Morvane\\morvane.ini", "SpessoreBordo= 3 \r\nFileFolder=D:\\Foto=belle\r\n");
+  Start();
+  EXPECT_EQ(state.SpessoreBordo, 3);
+  EXPECT_EQ(state.FileFolder, "D:\\Foto=belle");
+  EXPECT_EQ(CountDrawn<BoxShape>(), 12U);  // two covers, three lines, drawn twice
+}
+
+TEST_F(MainWindowStart, StandsAtMost300TwipsBelowTheTopAndNeverAboveIt) {
+  const auto topOn = [&](double screenHeight) {
+    machine.TheScreen.Height = screenHeight;
+    window.Form_Load();
+    EXPECT_EQ(window.form.Left(), 300);
+    return window.form.Top();
+  };
+  EXPECT_EQ(topOn(window.form.Height() - 100), 0);
+  EXPECT_EQ(topOn(window.form.Height() + 200), 100);
+  EXPECT_EQ(topOn(50000), 300);
+}
+
+TEST_F(MainWindowStart, AsksOnlyAboutANewerVersion) {
+  for (const char* body : {"260\n", "261", "<html>x", "", "99\n"}) {
+    Serve(body);
+    window.Form_Load();
+    EXPECT_THAT(machine.Windows.Boxes, IsEmpty()) << body;
+  }
+  Serve("2601\n");
+  machine.Windows.Answers = {MsgBoxAnswer::No};
+  Start();
+  ASSERT_THAT(machine.Windows.Boxes, SizeIs(1));
+  EXPECT_EQ(machine.Windows.Boxes[0].buttons, MsgBoxButtons::YesNo);
+  EXPECT_EQ(machine.Windows.Boxes[0].text,
+            "Versione di Morvane installata sul PC : 2.6.0\r\n"
+            "E' disponibile su Internet la nuova versione 2.6.0 del programma.\r\n"
+            "Si desidera scaricala ed installarla adesso? ");
+  EXPECT_THAT(machine.Launches.Opened, IsEmpty());
+  EXPECT_THAT(machine.Windows.ShownForms, ElementsAre("Form1"));
+}
+
+TEST_F(MainWindowStart, YesOpensTheDownloadPageAndEndsTheProgram) {
+  Serve("261\n");
+  machine.Windows.Answers = {MsgBoxAnswer::Yes};
+  Start();
+  EXPECT_THAT(machine.Windows.Boxes[0].text, HasSubstr("nuova versione 2.6.1 del"));
+  ASSERT_THAT(machine.Launches.Opened, SizeIs(1));
+  EXPECT_EQ(machine.Launches.Opened[0].target, WebAddresses::kDownloadPage);
+  EXPECT_TRUE(machine.Windows.Ended());
+  EXPECT_THAT(machine.Windows.ShownForms, IsEmpty());
+}
+
+class Workspace : public MainWindow {
+ protected:
+  Workspace() {
+    Start();
+    for (const char* name : {"C:\\uno.jpg", "C:\\due.jpg"}) machine.WritePicture(name, 100, 100);
+    machine.WriteFile("C:\\rotta.jpg", "?");
+  }
+};
+
+TEST_F(Workspace, PageKeepsTheProportionsOfA4AndFollowsTheHeightAlone) {
+  WriteLayout("Orizzontale", 2, "1");
+  EXPECT_DOUBLE_EQ(window.Picture1.Height(), 6195);
+  EXPECT_DOUBLE_EQ(window.Picture1.Width(), 6195.0 / 297 * 210);
+  Use("Orizzontale");
+  EXPECT_DOUBLE_EQ(window.Picture1.Width(), 6195.0 / 210 * 297);
+  window.form.UserResized(2000, 5190);
+  EXPECT_DOUBLE_EQ(window.Picture1.Height(), 4050);
+  EXPECT_DOUBLE_EQ(window.Picture1.Width(), 4050.0 / 210 * 297);
+  EXPECT_DOUBLE_EQ(window.StatusBar1.Width(), 2000);
+  EXPECT_DOUBLE_EQ(window.StatusBar1.Top() + window.StatusBar1.Height(), 5190);
+}
+
+TEST_F(Workspace, OddOrientationIsLandscapeForThePageAndThePaperButPortraitForTheDrawing) {
+  WriteLayout("Strana", 2, "2");
+  Use("Strana");
+  EXPECT_GT(window.Picture1.Width(), window.Picture1.Height());
+  EXPECT_LT(window.Picture1.Surface.ScaleWidth(), window.Picture1.Surface.ScaleHeight());
+  machine.Device.Answers = {{.accepted = true, .copies = 1}};
+  Choose("menusta");
+  ASSERT_THAT(machine.Device.Jobs, SizeIs(1));
+  EXPECT_EQ(machine.Device.Jobs[0].orientation, PageOrientation::Landscape);
+}
+
+TEST_F(Workspace, WindowTooLowLeavesThePageAsItWasAndDrawsIt) {
+  window.Picture1.Surface.Cls();
+  window.form.UserResized(2000, 1000);
+  EXPECT_DOUBLE_EQ(window.Picture1.Height(), 6195);
+  EXPECT_EQ(CountDrawn<TextShape>(), 1U);
+}
+
+TEST_F(Workspace, MinimisingKeepsThePageButRunsTheOtherRules) {
+  state.NumCopertine = 0;
+  window.Picture1.Surface.Cls();
+  window.form.UserChangedState(WindowState::Minimized);
+  EXPECT_EQ(state.NumCopertine, 2);
+  EXPECT_EQ(CountDrawn<TextShape>(), 0U);
+}
+
+TEST_F(Workspace, OneCoverDisablesTheSecondImageUntilThereAreTwo) {
+  WriteLayout("Una", 1);
+  WriteLayout("Due", 2);
+  Use("Una");
+  EXPECT_FALSE(window.form.Menu("ManuCarF").enabled);
+  TakeLog();
+  User([&] { window.Toolbar1.UserPresses("Back"); });
+  EXPECT_THAT(TakeLog(), IsEmpty());
+  Use("Due");
+  EXPECT_TRUE(window.form.Menu("ManuCarF").enabled);
+  EXPECT_TRUE(window.Toolbar1.Button("Back").enabled);
+}
+
+TEST_F(Workspace, ClickInACoverLoadsItsSlot) {
+  picks = {"C:\\uno.jpg"};
+  ClickPage(1, 6.2);  // second cover of the default layout
+  EXPECT_THAT(shown, ElementsAre("frmAbout"));
+  EXPECT_FALSE(slots.Image1[0]);
+  EXPECT_TRUE(slots.Image1[1]);
+  EXPECT_EQ(CountDrawn<PictureShape>(), 1U);
+}
+
+TEST_F(Workspace, OnlyALeftClickStrictlyInsideCounts) {
+  ClickPage(0.5, 0.5);
+  window.Picture1_MouseDown(MouseButton::Left, state.CopDistx[1], 2);
+  ClickPage(2, 2, MouseButton::Right);
+  EXPECT_THAT(shown, IsEmpty());
+}
+
+TEST_F(Workspace, OverlapOpensThePickerOncePerCoverInOrder) {
+  WriteLayout("Sovrapposte", 5);
+  Use("Sovrapposte");
+  shown.clear();
+  picks = {"C:\\uno.jpg", "C:\\due.jpg"};
+  // 23 mm lies in covers 1 and 2 alone: they begin at 10, 20, 30 ... mm.
+  ClickPage(23 / kMillimetresPerInch, 15 / kMillimetresPerInch);
+  EXPECT_THAT(shown, ElementsAre("frmAbout", "frmAbout"));
+  EXPECT_THAT(machine.Pictures.Loaded, ElementsAre("C:\\uno.jpg", "C:\\due.jpg"));
+  EXPECT_TRUE(slots.Image1[0] && slots.Image1[1]);
+  EXPECT_FALSE(slots.Image1[2]);
+}
+
+TEST_F(Workspace, CancelLeavesTheSlotAndDrawsThePage) {
+  picks = {"C:\\uno.jpg"};
+  Choose("MenuCarb");
+  const PicturePtr before = slots.Image1[0];
+  window.Picture1.Surface.Cls();
+  window.Imma(0);
+  EXPECT_EQ(slots.Image1[0], before);
+  EXPECT_EQ(CountDrawn<PictureShape>(), 1U);
+}
+
+TEST_F(Workspace, UnreadablePictureLeavesTheSlotAndIsToldExceptByBack) {
+  picks = {"C:\\uno.jpg"};
+  window.Back();
+  const PicturePtr before = slots.Image1[1];
+  ASSERT_TRUE(before);
+  picks = {"C:\\rotta.jpg"};
+  Choose("ManuCarF");
+  EXPECT_THAT(machine.Windows.Boxes, SizeIs(1));
+  picks = {"C:\\manca.jpg"};
+  window.Back();
+  EXPECT_THAT(machine.Windows.Boxes, SizeIs(1));
+  EXPECT_EQ(slots.Image1[1], before);
+}
+
+TEST_F(Workspace, PicturesStayWithTheirCoverNumbersWhenTheLayoutChanges) {
+  WriteLayout("Una", 1);
+  picks = {"C:\\uno.jpg", "C:\\due.jpg"};
+  window.Front();
+  window.Back();
+  EXPECT_EQ(CountDrawn<PictureShape>(), 2U);
+  Use("Una");
+  EXPECT_EQ(CountDrawn<PictureShape>(), 1U);
+  WriteLayout("Due", 2);
+  Use("Due");
+  EXPECT_EQ(CountDrawn<PictureShape>(), 2U);
+}
+
+TEST_F(Workspace, ActivationReadsTheFileAgainSoThatUnsavedChangesAreGone) {
+  WriteLayout("Una", 1);
+  Use("Una");
+  state.CopLarg[1] = 99;
+  state.NumCopertine = 7;
+  window.form.PerformActivate();
+  EXPECT_NEAR(state.CopLarg[1], 5.08, 1e-9);
+  EXPECT_EQ(state.NumCopertine, 1);
+}
+
+TEST_F(Workspace, UnreadableLayoutIsToldOnceAndThePageIsStillDrawn) {
+  WriteLayout("Rotta", 1, "99999");
+  WriteLayout("Buona", 1);
+  Use("Rotta");
+  window.form.PerformActivate();
+  EXPECT_THAT(machine.Windows.Boxes, SizeIs(1));
+  EXPECT_EQ(CountDrawn<TextShape>(), 1U);
+  Use("Buona");
+  Use("Rotta");
+  EXPECT_THAT(machine.Windows.Boxes, SizeIs(2));
+}
+
+class Commands : public MainWindow {
+ protected:
+  Commands() { Start(); }
+};
+
+struct Command {
+  std::string name;
+  std::string effect;  // how the one line of the log begins
+  std::string end = {};
+};
+
+TEST_F(Commands, EveryMenuEntryHasItsEffect) {
+  const Command commands[] = {
+      {"menudef", "Dialog"},
+      {"MenuCarb", "frmAbout"},
+      {"ManuCarF", "frmAbout"},
+      {"menustcg", "FrmPreview"},
+      {"menusta", "print"},
+      {"menustmpcrt", "start C:\\Morvane\\lindorel.exe 2"},
+      {"menuonl", "Form4"},
+      {"menu01", "open http", "/covers/"},
+      {"menu02", "open http", "/"},
+      {"menu05", "open http", "/search?q=copertine+cd"},
+      {"menuyah", "open http", "/search?p=copertine+cd&fr=yfp-t-501&ei=UTF-8&rd=r1"},
+      {"menu04", "open http", "/search/abin/integrata.cgi?query=copertine+cd&regione=8"},
+      {"menu03", "open http", "/search/cgi/search.cgi?db=v&ly=vs&vrs=0&qs=%22copertine+cd%22&op"},
+      {"menu06", "open http", "/q?pg=q&q=copertine+cd&kl=XX&what=it"},
+      {"pdfcreascar", "open http", "/projects/pdfcreator/"},
+      {"pdfcreatinfo", "Form2"},
+      {"Menuhelp", "box Morvane\r\n\r\nQuesto programma esegue", "cliccare sul bottone <Stampa>"},
+      {"menusita", "open " + std::string(WebAddresses::kMakerSite)},
+      {"manumail", "open mailto:"},
+      {"menuabout", "Form3"},
+      {"menuesci", "end"},
+  };
+  machine.Device.Answers = {{}};
+  std::size_t clickable = 0;
+  for (const MenuRow& row : MenuRows()) clickable += row.action != Action::None;
+  EXPECT_EQ(clickable, std::size(commands));
+  for (const Command& command : commands) {
+    Choose(command.name);
+    EXPECT_THAT(TakeLog(), ElementsAre(AllOf(StartsWith(command.effect), ::testing::EndsWith(command.end))))
+        << command.name;
+  }
+}
+
+TEST_F(Commands, EveryToolbarButtonHasItsEffect) {
+  const Command commands[] = {
+      {"Front", "frmAbout"},       {"Back", "frmAbout"},      {"Settaogg", "Dialog"}, {"Stampa", "print"},
+      {"OMK", "open omk.htm"},     {"LeggiCD", "FrmPreview"}, {"Cerca", "Form4"},     {"Info", "Form3"},
+      {"Help", "box Morvane\r\n"}, {"Uscita", "end"},
+  };
+  machine.Device.Answers = {{}};
+  EXPECT_THAT(window.Toolbar1.Buttons, SizeIs(17));
+  for (const Command& command : commands) {
+    User([&] { window.Toolbar1.UserPresses(command.name); });
+    EXPECT_THAT(TakeLog(), ElementsAre(StartsWith(command.effect))) << command.name;
+  }
+}
+
+TEST_F(Commands, PanelsAndPicturesHaveTheirEffects) {
+  const char* const effects[] = {"Dialog", "Form3", "Form4"};
+  ASSERT_THAT(window.StatusBar1.Panels, SizeIs(3));
+  for (std::size_t i = 0; i < 3; ++i) {
+    User([&] { window.StatusBar1.UserClicks(window.StatusBar1.Panels[i]); });
+    EXPECT_THAT(TakeLog(), ElementsAre(effects[i]));
+  }
+  window.Picture2.PerformClick();
+  window.Picture7.PerformClick();
+  EXPECT_THAT(TakeLog(), ElementsAre("open " + std::string(WebAddresses::kMakerSite),
+                                     HasSubstr("/it/xclick/business=")));
+}
+
+TEST_F(Commands, FirstAndSecondImageGoToTheirSlots) {
+  machine.WritePicture("C:\\uno.jpg", 100, 100);
+  picks = {"C:\\uno.jpg"};
+  User([&] { window.Toolbar1.UserPresses("Back"); });
+  EXPECT_FALSE(slots.Image1[0]);
+  EXPECT_TRUE(slots.Image1[1]);
+  picks = {"C:\\uno.jpg"};
+  User([&] { window.Toolbar1.UserPresses("Front"); });
+  EXPECT_TRUE(slots.Image1[0]);
+}
+
+TEST_F(Commands, PrintsTheLayoutWithItsOrientation) {
+  WriteLayout("Orizzontale", 2, "1");
+  Use("Orizzontale");
+  machine.Device.Answers = {{.accepted = true, .copies = 2}};
+  Choose("menusta");
+  ASSERT_THAT(machine.Device.Jobs, SizeIs(2));
+  EXPECT_EQ(machine.Device.Jobs[0].orientation, PageOrientation::Landscape);
+  EXPECT_EQ(machine.Device.Jobs[0].title, "Orizzontale");
+}
+
+TEST_F(Commands, OutlineButtonTogglesAndDrawsEachTime) {
+  state.SpessoreBordo = 1;
+  const auto press = [&] {
+    window.Picture1.Surface.Cls();
+    User([&] { window.Toolbar1.UserPresses("Contorno"); });
+    EXPECT_EQ(CountDrawn<TextShape>(), 1U);
+    return CountDrawn<BoxShape>();
+  };
+  EXPECT_EQ(press(), 0U);
+  EXPECT_EQ(press(), 4U);
+}
+
+TEST_F(Commands, OutlineThicknessShowsOnlyWhileOutlinesAreOnAndIsNotSaved) {
+  User([&] { window.Toolbar1.UserPresses("Contorno"); });
+  User([&] { window.Toolbar1.UserPicks("Linea media"); });
+  EXPECT_EQ(state.SpessoreBordo, 3);
+  EXPECT_EQ(CountDrawn<BoxShape>(), 0U);
+  User([&] { window.Toolbar1.UserPresses("Contorno"); });
+  EXPECT_EQ(CountDrawn<BoxShape>(), 12U);
+  User([&] { window.Toolbar1.UserPicks("Linea grossa"); });
+  EXPECT_EQ(CountDrawn<BoxShape>(), 20U);
+  User([&] { window.Toolbar1.UserPicks("Linea fine"); });
+  EXPECT_EQ(CountDrawn<BoxShape>(), 4U);
+  EXPECT_FALSE(machine.Files->FileExists("C:\\Morvane\\morvane.ini"));
+}
+
+TEST_F(Commands, MissingSiblingToolIsToldAndTheProgramGoesOn) {
+  machine.Launches.ShellFails = true;
+  Choose("menustmpcrt");
+  EXPECT_THAT(machine.Windows.Boxes, SizeIs(1));
+  EXPECT_FALSE(machine.Windows.Ended());
+}
+
+TEST_F(Commands, CloseBoxEndsTheProgramWithoutAQuestion) {
+  window.form.UnloadForm();
+  EXPECT_THAT(TakeLog(), ElementsAre("end"));
+}
+
+}  // namespace
+}  // namespace Morvane

@@ -1,0 +1,55 @@
+#include "windows/side_windows/form4.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/web_addresses.h"
+#include "tests/support/test_machine.h"
+
+namespace Morvane {
+namespace {
+
+class CoverSearch : public ::testing::Test {
+ protected:
+  CoverSearch() { window.form.EnsureLoaded(); }
+
+  // What is opened for a term and a kind, behind the site's root.
+  std::string Search(const std::string& term, int kind = 0) {
+    Form4 open(state, machine.platform);
+    open.form.EnsureLoaded();
+    open.Text1.SetText(term);
+    open.List1.UserSelects(kind);
+    machine.Launches.Opened.clear();
+    open.Command1.PerformClick();
+    EXPECT_TRUE(open.form.Unloaded());
+    if (machine.Launches.Opened.size() != 1) return "opened nothing, or more than one";
+    EXPECT_EQ(machine.Launches.Opened[0].show, 0);
+    const std::string target = machine.Launches.Opened[0].target;
+    EXPECT_THAT(target, ::testing::StartsWith(std::string(WebAddresses::kCoverSearchRoot) + "/"));
+    return target.substr(WebAddresses::kCoverSearchRoot.size());
+  }
+
+  TestMachine machine;
+  AppState state;
+  Form4 window{state, machine.platform};
+};
+
+TEST_F(CoverSearch, AddressHasTheTermTrimmedInLowerCaseUnescapedAndTheKind) {
+  EXPECT_EQ(Search("  Pink Floyd "), "/search.php?terms=pink floyd&group=audio");
+  EXPECT_EQ(Search("PERCHÉ", 1), "/search.php?terms=perché&group=video");
+  EXPECT_EQ(Search("   ", 2), "/search.php?terms=&group=pc") << "blanks alone pass the test";
+  EXPECT_EQ(Search("Tom&Jerry=100%", 3), "/search.php?terms=tom&jerry=100%&group=console");
+}
+
+TEST_F(CoverSearch, WithoutATermAsksForOneAndStaysOpen) {
+  window.List1.SetFocus();
+  window.Command1.PerformClick();
+  ASSERT_EQ(machine.Windows.Boxes.size(), 1U);
+  EXPECT_EQ(machine.Windows.Boxes[0].text, "Inserire prima un argomento di ricerca");
+  EXPECT_EQ(window.form.FocusedControl(), &window.Text1);
+  EXPECT_FALSE(window.form.Unloaded());
+  EXPECT_TRUE(machine.Launches.Opened.empty());
+}
+
+}  // namespace
+}  // namespace Morvane
