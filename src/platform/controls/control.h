@@ -43,9 +43,8 @@ class Control {
 
   std::function<void()> Click;
   std::function<void()> DblClick;
-  std::function<void()> GotFocus;
   std::function<void()> LostFocus;
-  std::function<void(int keyCode)> KeyDown;
+  std::function<void(int keyCode)> KeyDown;  // see key_codes.h
   // Coordinates are twips from the control's corner; a PictureBox gives them in its surface's scale.
   std::function<void(MouseButton button, int shift, double x, double y)> MouseDown;
   std::function<void(int shift, double x, double y)> MouseMove;
@@ -80,7 +79,7 @@ class Control {
   void SetImageKey(const std::string& key) { Assign(imageKey_, key, ViewChange::Appearance); }
   void SetHandPointer(bool on) { Assign(handPointer_, on, ViewChange::Appearance); }
 
-  // Moves the keyboard here: LostFocus of the control that had it, then GotFocus.
+  // Moves the keyboard here; LostFocus of the control that had it comes first.
   void SetFocus();
 
   Container& Parent() const { return parent_; }

@@ -124,6 +124,11 @@ void Form::BeginShow() {
   PerformActivate();
 }
 
+void Form::UserMoved(double left, double top) {
+  left_ = left;
+  top_ = top;
+}
+
 void Form::UserResized(double clientWidth, double clientHeight) {
   if (clientWidth == ClientWidth() && clientHeight == ClientHeight()) return;
   width_ = clientWidth;
@@ -154,9 +159,7 @@ void Form::MoveFocus(Control* control) {
   Control* const previous = focused_;
   focused_ = control;
   if (previous != nullptr && previous->LostFocus) previous->LostFocus();
-  if (control == nullptr) return;
-  if (control->OnViewChange) control->OnViewChange(ViewChange::Focus);
-  if (control->GotFocus) control->GotFocus();
+  if (control != nullptr && control->OnViewChange) control->OnViewChange(ViewChange::Focus);
 }
 
 void Form::Notify(ViewChange change) {

@@ -88,6 +88,7 @@ class Form : public Container {
 
   // For the window system and the view.
   void BeginShow();
+  void UserMoved(double left, double top);
   void UserResized(double clientWidth, double clientHeight);
   void UserChangedState(WindowState state);
   void PerformActivate();

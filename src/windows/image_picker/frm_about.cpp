@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/settings_file.h"
+#include "platform/controls/key_codes.h"
 #include "platform/resume_next.h"
 #include "windows/image_picker/folder_tree.h"
 #include "windows/image_picker/image_file_operations.h"
@@ -35,8 +36,6 @@ constexpr std::array kControls = {
 };
 
 constexpr Color kPaleYellow{255, 255, 192};
-constexpr int kEnter = 13;
-constexpr int kEsc = 27;
 
 }  // namespace
 
@@ -157,8 +156,8 @@ void frmAbout::List1_Click() {
 }
 
 void frmAbout::List1_KeyDown(int keyCode) {
-  if (keyCode == kEnter) Command1_Click();
-  if (keyCode == kEsc) Command2_Click();
+  if (keyCode == kKeyEnter) Command1_Click();
+  if (keyCode == kKeyEscape) Command2_Click();
 }
 
 void frmAbout::List1_MouseDown(MouseButton button) {

@@ -3,6 +3,7 @@
 
 #include "core/number_text.h"
 #include "core/val.h"
+#include "platform/controls/key_codes.h"
 #include "platform/units.h"
 #include "windows/layout_editor/dialog.h"
 #include "windows/layout_editor/measure_rows.h"
@@ -13,8 +14,6 @@ namespace {
 
 constexpr double kLowestForStepDown = 1.99;  // millimetres; only above it
 constexpr double kNewCoverSide = 5;          // centimetres
-constexpr int kEnter = 13;
-constexpr int kEsc = 27;
 
 // Inches: one of the 30 whole millimetres from `firstMm` on. The divisions stand in the opposite order to all
 // others, which no one can see.
@@ -85,8 +84,8 @@ void Dialog::Text_LostFocus(const MeasureRow& row) {
 // Enter takes over the measure, as leaving the box does, and the window stays open: whoever types a number
 // and presses Enter wants to see it drawn.
 void Dialog::Text_KeyDown(const MeasureRow& row, int keyCode) {
-  if (keyCode == kEnter) Text_LostFocus(row);
-  if (keyCode == kEsc) CancelButton_Click();
+  if (keyCode == kKeyEnter) Text_LostFocus(row);
+  if (keyCode == kKeyEscape) CancelButton_Click();
 }
 
 // A new cover takes the shape that its slot last held, which is meant: a cover removed at the end and added

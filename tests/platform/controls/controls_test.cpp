@@ -102,17 +102,6 @@ TEST_F(Controls, CheckBoxFiresClickOnAChangeOfValue) {
   EXPECT_THROW(box.SetValue(2), RuntimeError);
 }
 
-TEST_F(Controls, FocusLeavesTheOldControlFirst) {
-  TextBox text(form, "Text1");
-  CommandButton button(form, "Command1");
-  text.LostFocus = Log("text lost");
-  button.GotFocus = Log("button got");
-  text.SetFocus();
-  button.SetFocus();
-  button.SetFocus();
-  EXPECT_THAT(events, ElementsAre("text lost", "button got"));
-}
-
 TEST_F(Controls, ImageTakesItsNaturalSizeUnlessItStretches) {
   TestMachine machine;
   machine.WritePicture("C:\\a.jpg", 900, 450);

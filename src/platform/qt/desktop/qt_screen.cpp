@@ -1,8 +1,6 @@
 #include "platform/qt/desktop/qt_screen.h"
 
-#include <QCursor>
 #include <QGuiApplication>
-#include <QPixmap>
 #include <QScreen>
 
 #include "platform/qt/pictures/artwork.h"
@@ -11,32 +9,39 @@
 namespace Morvane {
 namespace {
 
-constexpr QSize kPointerSize(32, 32);
-constexpr QPoint kHandHotSpot(12, 2);
-
-QCursor CustomPointer(const std::string& imageKey) {
-  const QPixmap image = ArtworkPixmap(imageKey, kPointerSize, qGuiApp->devicePixelRatio());
-  if (image.isNull()) return QCursor(Qt::PointingHandCursor);
-  return QCursor(image, kHandHotSpot.x(), kHandHotSpot.y());
-}
-
 QCursor CursorFor(const Screen& screen) {
   if (screen.Pointer() == MousePointer::Hourglass) return QCursor(Qt::WaitCursor);
   if (screen.Pointer() == MousePointer::ArrowHourglass) return QCursor(Qt::BusyCursor);
-  return CustomPointer(screen.MouseIcon());
+  return ArtworkPointer(screen.MouseIcon());
 }
 
 }  // namespace
 
+QRect Desk() {
+  return QGuiApplication::primaryScreen()->availableGeometry();
+}
+
 QtScreen::QtScreen(Screen& screen) : screen_(screen) {
-  const QSize available = QGuiApplication::primaryScreen()->availableSize();
-  screen_.Width = ToTwips(available.width());
-  screen_.Height = ToTwips(available.height());
+  QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &events_, [this] { Follow(); });
+  Follow();
   screen_.OnPointerChange = [this] { MirrorPointer(); };
 }
 
 QtScreen::~QtScreen() {
   screen_.OnPointerChange = nullptr;
+}
+
+void QtScreen::Follow() {
+  QObject::disconnect(followed_);
+  const QScreen* const primary = QGuiApplication::primaryScreen();
+  if (primary == nullptr) return;
+  followed_ = QObject::connect(primary, &QScreen::availableGeometryChanged, &events_, [this] { Measure(); });
+  Measure();
+}
+
+void QtScreen::Measure() {
+  screen_.Width = ToTwips(Desk().width());
+  screen_.Height = ToTwips(Desk().height());
 }
 
 void QtScreen::MirrorPointer() {

@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QMetaObject>
+#include <QWindow>
 #include <algorithm>
 
 #include "platform/qt/desktop/boxes.h"
@@ -20,6 +21,9 @@ QtWindowSystem::QtWindowSystem(FileSystem& files) : files_(files) {
   QApplication::setQuitOnLastWindowClosed(false);
   QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &events_,
                    [this](Qt::ApplicationState state) { FollowApplication(state); });
+  QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &events_, [this] {
+    if (leftToOther_) Post([this] { ActivateAfterOther(); });
+  });
 }
 
 QtWindowSystem::~QtWindowSystem() = default;
@@ -85,16 +89,18 @@ void QtWindowSystem::Quit() {
 }
 
 void QtWindowSystem::FollowApplication(Qt::ApplicationState state) {
-  if (state != Qt::ApplicationActive) {
-    leftToOther_ = TopForm() != nullptr;
-    return;
-  }
+  if (state == Qt::ApplicationActive) return ActivateAfterOther();
+  leftToOther_ = TopForm() != nullptr;
+}
+
+// The user comes back from another program: to the window at once, to a box over it when the box is answered.
+void QtWindowSystem::ActivateAfterOther() {
   if (!leftToOther_) return;
-  leftToOther_ = false;
   const auto top = views_.find(TopForm());
-  if (top == views_.end()) return;
+  if (top == views_.end() || QGuiApplication::applicationState() != Qt::ApplicationActive) return;
   const QWidget* const box = QApplication::activeModalWidget();
   if (box != nullptr && box != &top->second->Window()) return;
+  leftToOther_ = false;
   Dispatch([this] { TopForm()->PerformActivate(); });
 }
 

@@ -41,6 +41,7 @@ class QtWindowSystem : public WindowSystem {
   QWidget* WindowOnTop();
   void DropStale();
   void FollowApplication(Qt::ApplicationState state);
+  void ActivateAfterOther();
 
   FileSystem& files_;
   PaintCache painted_;

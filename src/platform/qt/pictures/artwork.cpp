@@ -13,6 +13,9 @@
 namespace Morvane {
 namespace {
 
+constexpr QSize kPointerSize(32, 32);  // logical pixels, as is the next
+constexpr QPoint kPointerTip(12, 2);
+
 QString ArtworkFile(const std::string& key) {
   if (key.empty()) return {};
   const QString file = ":/images/" + QString::fromStdString(key) + ".svg";
@@ -81,9 +84,10 @@ QPixmap ArtworkPixmap(const std::string& key, QSize size, double pixelRatio) {
   return pixmap;
 }
 
-QSize ArtworkSize(const std::string& key) {
-  const QString file = ArtworkFile(key);
-  return file.isEmpty() ? QSize() : QSvgRenderer(file).defaultSize();
+QCursor ArtworkPointer(const std::string& key) {
+  const QPixmap image = ArtworkPixmap(key, kPointerSize, qGuiApp->devicePixelRatio());
+  if (image.isNull()) return QCursor(Qt::PointingHandCursor);
+  return QCursor(image, kPointerTip.x(), kPointerTip.y());
 }
 
 }  // namespace Morvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCursor>
 #include <QIcon>
 #include <QPixmap>
 #include <QSize>
@@ -14,7 +15,7 @@ QIcon ArtworkIcon(const std::string& key);
 // Stretched to `size`, in logical pixels.
 QPixmap ArtworkPixmap(const std::string& key, QSize size, double pixelRatio);
 
-// As drawn, in logical pixels; empty for an unknown key.
-QSize ArtworkSize(const std::string& key);
+// A pointer that points with the tip of its upper finger; the desktop's own hand for an unknown key.
+QCursor ArtworkPointer(const std::string& key);
 
 }  // namespace Morvane

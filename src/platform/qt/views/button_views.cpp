@@ -72,6 +72,11 @@ void WrappedButton::paintEvent(QPaintEvent*) {
   DrawCaption(painter, DrawIcon(painter, room), Qt::AlignCenter, option, text());
 }
 
+// Which button Enter presses, this or the default one, is the window's to say.
+void WrappedButton::keyPressEvent(QKeyEvent* event) {
+  IsEnter(*event) ? event->ignore() : QPushButton::keyPressEvent(event);
+}
+
 // A button too low for both has the picture at the left of its caption.
 QRect WrappedButton::DrawIconBeside(QPainter& painter, const QRect& room) const {
   const int captionWidth = QFontMetrics(font()).size(Qt::TextShowMnemonic, text()).width();

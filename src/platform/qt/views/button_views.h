@@ -18,6 +18,7 @@ class WrappedButton : public QPushButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   QRect DrawIcon(QPainter& painter, const QRect& room) const;

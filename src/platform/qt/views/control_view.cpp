@@ -3,6 +3,8 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 
+#include "platform/controls/key_codes.h"
+#include "platform/qt/pictures/artwork.h"
 #include "platform/qt/views/view_text.h"
 
 namespace Morvane {
@@ -13,12 +15,28 @@ int ShiftMask(Qt::KeyboardModifiers modifiers) {
          (modifiers.testFlag(Qt::AltModifier) ? 4 : 0);
 }
 
+// The extra buttons of a mouse are other buttons, like the middle one.
 MouseButton ToMouseButton(Qt::MouseButton button) {
-  if (button == Qt::RightButton) return MouseButton::Right;
-  return button == Qt::MiddleButton ? MouseButton::Middle : MouseButton::Left;
+  if (button == Qt::LeftButton) return MouseButton::Left;
+  return button == Qt::RightButton ? MouseButton::Right : MouseButton::Middle;
+}
+
+int KeyCode(const QKeyEvent& event) {
+  if (event.isAutoRepeat() || HoldsModifier(event)) return 0;
+  if (IsEnter(event)) return kKeyEnter;
+  return event.key() == Qt::Key_Escape ? kKeyEscape : 0;
 }
 
 }  // namespace
+
+bool IsEnter(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+bool HoldsModifier(const QKeyEvent& event) {
+  return (event.modifiers() &
+          (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+}
 
 void ControlView::Attach() {
   if (QWidget* const widget = Widget()) {
@@ -70,7 +88,7 @@ void ControlView::MirrorAppearance() {
   widget->setFont(WidgetFont(model_.GetFont()));
   MirrorPalette(*widget);
   if (model_.HasHandPointer()) {
-    widget->setCursor(Qt::PointingHandCursor);
+    widget->setCursor(ArtworkPointer("hand"));
     widget->setFocusPolicy(Qt::TabFocus);
   }
 }
@@ -117,11 +135,19 @@ bool ControlView::eventFilter(QObject* watched, QEvent* event) {
   }
 }
 
+// The control that has the keyboard is asked before the window's default and cancel buttons. A handler that
+// fails has taken the key, too.
 bool ControlView::KeyPressed(const QKeyEvent& event) {
-  const bool presses =
-      event.key() == Qt::Key_Space || event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-  if (!presses || !model_.HasHandPointer()) return false;
-  Feed([this] { model_.PerformClick(); });
+  bool taken = false;
+  if (const int keyCode = KeyCode(event)) {
+    Feed([&] {
+      taken = true;
+      taken = model_.PerformKeyDown(keyCode);
+    });
+  }
+  if (taken || !model_.HasHandPointer()) return taken;
+  if ((event.key() != Qt::Key_Space && !IsEnter(event)) || HoldsModifier(event)) return false;
+  if (!event.isAutoRepeat()) Feed([this] { model_.PerformClick(); });
   return true;
 }
 

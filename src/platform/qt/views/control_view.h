@@ -20,6 +20,10 @@ struct ViewContext {
   PaintCache& painted;
 };
 
+bool IsEnter(const QKeyEvent& event);
+// Ctrl, Alt, Shift or the desktop's own key: no key of the program's.
+bool HoldsModifier(const QKeyEvent& event);
+
 // Mirrors one control to a widget, and feeds what the user does back to it. The destructor leaves the control
 // alone: it may be gone before its view.
 class ControlView : public QObject {
@@ -30,6 +34,9 @@ class ControlView : public QObject {
   virtual QWidget* Widget() = 0;
   // What the Tab key stops at, in order.
   virtual std::vector<QWidget*> FocusStops() { return {Widget()}; }
+
+  // A picture or label to click, by Enter or Space, too, where it has the keyboard.
+  bool IsLink() const { return model_.HasHandPointer(); }
 
   // Shows the control as it is and follows its changes. Called once, after construction.
   void Attach();
@@ -42,7 +49,7 @@ class ControlView : public QObject {
   virtual void MirrorDrawing() {}
 
   // What came from the user through the widget. True takes the event away from the widget.
-  virtual bool KeyPressed(const QKeyEvent& event);
+  bool KeyPressed(const QKeyEvent& event);
   virtual bool MousePressed(QWidget& part, const QMouseEvent& event);
   virtual bool MouseReleased(QWidget& part, const QMouseEvent& event);
 

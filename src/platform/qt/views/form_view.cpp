@@ -8,6 +8,7 @@
 #include <QWindow>
 #include <algorithm>
 
+#include "platform/qt/desktop/qt_screen.h"
 #include "platform/qt/pictures/artwork.h"
 #include "platform/qt/views/control_views.h"
 #include "platform/qt/views/view_text.h"
@@ -103,15 +104,14 @@ void FormView::MirrorAppearance() {
 void FormView::MirrorGeometry() {
   const QSize client(ToPixels(model_.ClientWidth()), ToPixels(model_.ClientHeight()));
   FitScreen(client);
-  const QPoint origin = QGuiApplication::primaryScreen()->availableGeometry().topLeft();
-  window_.move(origin + QPoint(ToPixels(model_.Left()), ToPixels(model_.Top())));
+  window_.move(Desk().topLeft() + QPoint(ToPixels(model_.Left()), ToPixels(model_.Top())));
 }
 
 // A window larger than the screen scrolls.
 void FormView::FitScreen(QSize client) {
   const int menuHeight = model_.MenuBar.empty() ? 0 : menuBar_.heightForWidth(client.width());
   const QSize whole = client + QSize(0, menuHeight);
-  const QSize available = QGuiApplication::primaryScreen()->availableSize();
+  const QSize available = Desk().size();
   if (model_.Resizable()) {
     if (!window_.isMaximized()) window_.resize(whole.boundedTo(available));
     return;
@@ -127,11 +127,28 @@ void FormView::Show(QWidget* above) {
   window_.winId();
   if (above != nullptr) window_.windowHandle()->setTransientParent(above->windowHandle());
   window_.windowHandle()->installEventFilter(this);
-  exposed_ = false;
   window_.show();
   Activate();
   Control* const focused = model_.FocusedControl();
-  if (focused != nullptr && focused->OnViewChange) focused->OnViewChange(ViewChange::Focus);
+  if (focused != nullptr && focused->OnViewChange) {
+    focused->OnViewChange(ViewChange::Focus);
+  } else if (QWidget* const first = FirstStop()) {
+    first->setFocus();
+  }
+}
+
+// Where the keyboard is in a window just opened: in the first control of the tab order that is no picture or
+// label to click, since Enter would press it in the default button's place.
+QWidget* FormView::FirstStop() const {
+  for (const auto& view : views_) {
+    if (view->IsLink()) continue;
+    for (QWidget* const stop : view->FocusStops()) {
+      if (stop != nullptr && stop->isVisible() && stop->isEnabled() &&
+          (stop->focusPolicy() & Qt::TabFocus) != 0)
+        return stop;
+    }
+  }
+  return nullptr;
 }
 
 void FormView::Activate() {
@@ -152,6 +169,9 @@ bool FormView::WindowEvent(QEvent& event) {
       event.ignore();
       context_.windows.Dispatch([this] { model_.UnloadForm(); });
       return true;
+    case QEvent::Move:
+      Moved();
+      return false;
     case QEvent::WindowStateChange:
       WindowStateChanged();
       return false;
@@ -194,13 +214,21 @@ void FormView::PaintBackground() {
   QPainter(&client_).drawPixmap(0, 0, background_);
 }
 
-// A window paints when it comes into sight, not each time a part of it changes: a handler that sets controls
-// would else set them back whenever the user changed one.
+// A window paints when the window system has uncovered some of it, not when the program changes a control: a
+// handler that sets controls would else set them back whenever the user changed one.
 void FormView::Exposed() {
-  const bool exposed = window_.windowHandle()->isExposed();
-  const bool appeared = exposed && !exposed_;
-  exposed_ = exposed;
-  if (appeared) context_.windows.Dispatch([this] { model_.PerformPaint(); });
+  if (!window_.windowHandle()->isExposed()) return;
+  context_.windows.Dispatch([this] { model_.PerformPaint(); });
+}
+
+// The window system tells the place after the fact; one that stands for the form's own twips changes nothing.
+void FormView::Moved() {
+  const QPoint place = window_.pos() - Desk().topLeft();
+  if (!window_.isVisible() || window_.isMaximized() || window_.isMinimized() ||
+      place == QPoint(ToPixels(model_.Left()), ToPixels(model_.Top()))) {
+    return;
+  }
+  model_.UserMoved(ToTwips(place.x()), ToTwips(place.y()));
 }
 
 void FormView::WindowStateChanged() {
@@ -212,7 +240,8 @@ void FormView::WindowStateChanged() {
 
 // Keys that no control took.
 bool FormView::KeyPressed(const QKeyEvent& event) {
-  CommandButton* const button = ButtonFor(event.key());
+  if (event.isAutoRepeat() || HoldsModifier(event)) return false;
+  CommandButton* const button = ButtonFor(event);
   if (button == nullptr) return false;
   context_.windows.Dispatch([&] {
     button->SetFocus();
@@ -221,9 +250,9 @@ bool FormView::KeyPressed(const QKeyEvent& event) {
   return true;
 }
 
-CommandButton* FormView::ButtonFor(int key) const {
-  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-  if (!enter && key != Qt::Key_Escape) return nullptr;
+CommandButton* FormView::ButtonFor(const QKeyEvent& event) const {
+  const bool enter = IsEnter(event);
+  if (!enter && event.key() != Qt::Key_Escape) return nullptr;
   if (auto* const focused = dynamic_cast<CommandButton*>(model_.FocusedControl()); enter && focused)
     return focused;
   for (Control* const control : model_.AllControls()) {

@@ -51,7 +51,9 @@ class FormView : public QObject {
   bool ClientEvent(QEvent& event);
   void PaintBackground();
   bool KeyPressed(const QKeyEvent& event);
-  CommandButton* ButtonFor(int key) const;
+  CommandButton* ButtonFor(const QKeyEvent& event) const;
+  QWidget* FirstStop() const;
+  void Moved();
   void WindowStateChanged();
   void Exposed();
 
@@ -67,7 +69,6 @@ class FormView : public QObject {
   std::vector<std::unique_ptr<ControlView>> views_;
   QPixmap background_;
   bool stale_ = false;
-  bool exposed_ = false;
 };
 
 }  // namespace Morvane

@@ -5,18 +5,6 @@
 #include <QScrollBar>
 
 namespace Morvane {
-namespace {
-
-constexpr int kKeyEnter = 13;
-constexpr int kKeyEscape = 27;
-
-int KeyCode(int key) {
-  if (key == Qt::Key_Return || key == Qt::Key_Enter) return kKeyEnter;
-  return key == Qt::Key_Escape ? kKeyEscape : 0;
-}
-
-}  // namespace
-
 QVariant ListRows::data(const QModelIndex& index, int role) const {
   if (role != Qt::DisplayRole) return {};
   return QString::fromStdString(list_.List(index.row()));
@@ -76,17 +64,6 @@ void ListBoxView::FollowUser() {
     Feed([&] { model_.UserSelects(selected.front().row()); });
   }
   refresh_.start();
-}
-
-bool ListBoxView::KeyPressed(const QKeyEvent& event) {
-  const int keyCode = KeyCode(event.key());
-  if (keyCode == 0) return false;
-  bool taken = false;
-  Feed([&] {
-    taken = true;
-    taken = model_.PerformKeyDown(keyCode);
-  });
-  return taken;
 }
 
 // Only the left button selects.

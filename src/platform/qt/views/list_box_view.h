@@ -33,7 +33,6 @@ class ListBoxView : public ControlView {
  protected:
   void MirrorContent() override;
   void MirrorSelection() override;
-  bool KeyPressed(const QKeyEvent& event) override;
   bool MousePressed(QWidget& part, const QMouseEvent& event) override;
   bool MouseReleased(QWidget&, const QMouseEvent&) override { return false; }
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -26,6 +26,7 @@ PictureBoxView::PictureBoxView(PictureBox& model, QWidget& parent, const ViewCon
 
 void PictureBoxView::MirrorAppearance() {
   ControlView::MirrorAppearance();
+  widget_.setFocusPolicy(IsLink() ? Qt::StrongFocus : Qt::ClickFocus);
   widget_.setAttribute(Qt::WA_OpaquePaintEvent, model_.PaperBackground());
   MirrorDrawing();
 }
@@ -66,7 +67,7 @@ void PictureBoxView::Paint() {
     }
     painter.drawPixmap(0, 0, kept_);
   }
-  PaintKeyboardFocus(widget_, painter);
+  if (IsLink()) PaintKeyboardFocus(widget_, painter);
 }
 
 Pixels PictureBoxView::PixelsFor(QSize painted) {

@@ -72,6 +72,12 @@ void ImageBoxView::Paint() {
   PaintKeyboardFocus(widget_, painter);
 }
 
+// A line has no thickness of its own.
+void RulingView::MirrorGeometry() {
+  ControlView::MirrorGeometry();
+  widget_.resize(widget_.size().expandedTo({1, 1}));
+}
+
 bool RulingView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::Paint) return ControlView::eventFilter(watched, event);
   QPainter painter(&widget_);

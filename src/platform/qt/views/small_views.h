@@ -61,6 +61,7 @@ class RulingView : public ControlView {
   QWidget* Widget() override { return &widget_; }
 
  protected:
+  void MirrorGeometry() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
