@@ -87,8 +87,9 @@ int main(int argc, char** argv) {
   Platform platform{windows, screen, files, pictures, metrics, fonts, printer, launcher, http, app};
 
   Program program(platform, DecimalSeparator());
-  // Asking for the printers takes its time; the page is on the screen first, as A4.
-  device.OnSheetChanged = [&] { windows.Dispatch([&] { program.form1.Ridisegna(); }); };
+  // Asking for the printers takes its time; the page is on the screen first, as A4. A sheet that a print
+  // dialog brings is drawn when the print command has ended.
+  device.OnSheetChanged = [&] { windows.Post([&] { program.form1.Ridisegna(); }); };
   program.form1.form.Paint = [&, asked = false]() mutable {
     if (!std::exchange(asked, true))
       QTimer::singleShot(kAfterFirstPage, &application, [&] { device.Prepare(); });

@@ -1,8 +1,8 @@
 #include "platform/case_folding.h"
 
-#include <algorithm>
-#include <cstdint>
 #include <locale>
+
+#include "platform/utf8.h"
 
 namespace Morvane {
 
@@ -17,40 +17,13 @@ const std::ctype<wchar_t>& Letters() {
 
 // Takes one character off the front of `text`.
 char32_t TakeCharacter(std::string_view& text) {
-  const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned char lead = byteAt(0);
-  const std::size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC2 ? 2 : 0;
-  char32_t value = length == 1 ? lead : lead & (0xFFU >> (length + 1));
-  bool valid = length > 0 && length <= text.size() && lead < 0xF5;
-  for (std::size_t i = 1; valid && i < length; ++i) {
-    valid = (byteAt(i) & 0xC0U) == 0x80U;
-    value = value << 6 | (byteAt(i) & 0x3FU);
-  }
-  text.remove_prefix(valid ? length : 1);
-  return valid ? value : kInvalidByte + lead;
+  const Utf8Step step = ReadUtf8(text, 0);
+  text.remove_prefix(step.length);
+  return step.valid ? step.character : kInvalidByte + step.character;
 }
 
 void Append(std::string& text, char32_t c) {
-  const auto put = [&](char32_t byte) {
-    text.push_back(static_cast<char>(static_cast<unsigned char>(byte)));
-  };
-  if (c >= kInvalidByte) {
-    put(c - kInvalidByte);
-  } else if (c < 0x80) {
-    put(c);
-  } else if (c < 0x800) {
-    put(0xC0 | c >> 6);
-    put(0x80 | (c & 0x3F));
-  } else if (c < 0x10000) {
-    put(0xE0 | c >> 12);
-    put(0x80 | (c >> 6 & 0x3F));
-    put(0x80 | (c & 0x3F));
-  } else {
-    put(0xF0 | c >> 18);
-    put(0x80 | (c >> 12 & 0x3F));
-    put(0x80 | (c >> 6 & 0x3F));
-    put(0x80 | (c & 0x3F));
-  }
+  c >= kInvalidByte ? text.push_back(static_cast<char>(c - kInvalidByte)) : AppendUtf8(text, c);
 }
 
 char32_t Lower(char32_t c) {
@@ -61,6 +34,12 @@ char32_t Lower(char32_t c) {
 char32_t Upper(char32_t c) {
   if (c < 0x80) return c >= 'a' && c <= 'z' ? c - 32 : c;
   return c >= kInvalidByte ? c : static_cast<char32_t>(Letters().toupper(static_cast<wchar_t>(c)));
+}
+
+// A letter that does not come back from its upper case (the micro sign, the long s) stays as it is: the text
+// must go on being found where case is ignored.
+char32_t Capital(char32_t c) {
+  return Lower(Upper(c)) == Lower(c) ? Upper(c) : c;
 }
 
 bool IsBlank(char32_t c) {
@@ -88,7 +67,7 @@ std::string ToUpper(std::string_view text) {
 std::string ProperCase(std::string_view text) {
   bool inWord = false;
   return ChangeEach(text, [&](char32_t c) {
-    const char32_t changed = inWord ? Lower(c) : Upper(c);
+    const char32_t changed = inWord ? Lower(c) : Capital(c);
     inWord = !IsBlank(c);
     return changed;
   });

@@ -22,7 +22,6 @@ enum class ErrorNumber {
   InvalidPropertyArrayIndex = 381,
   InvalidPicture = 481,
   PrinterFailure = 482,
-  DialogCancelled = 32755,
   KeyNotUnique = 35602,
 };
 

@@ -24,14 +24,12 @@ void DisegnaFoglio(AppState& state, const CoverSlots& slots, Printer& printer) {
 }
 
 void Stampa(AppState& state, const CoverSlots& slots, Printer& printer) {
-  int copies = -1;
-  ResumeNext([&] {
-    const PrintDialogAnswer answer = printer.ShowDialog({.restricted = true});
-    if (answer.accepted) copies = answer.copies;
-  });
-  if (copies < 0) return;
+  // A dialog that fails leaves its one copy to be printed; only a cancel prints nothing.
+  PrintDialogAnswer answer{.accepted = true};
+  ResumeNext([&] { answer = printer.ShowDialog({.restricted = true}); });
+  if (!answer.accepted) return;
   PreparePage(state, printer);
-  for (int copy = 1; copy <= copies; ++copy) {
+  for (int copy = 1; copy <= answer.copies; ++copy) {
     DisegnaCopertine(printer.Surface(), 1.0, state, slots);
     ResumeNext([&] { printer.EndDoc(); });
   }

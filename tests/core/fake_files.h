@@ -50,6 +50,7 @@ class FakeFiles : public FileSystem {
   std::vector<std::string> DriveRoots() const override { return {}; }
   DriveType TypeOfDrive(const std::string&) const override { return DriveType::Unknown; }
   std::string VolumeLabel(const std::string&) const override { return {}; }
+  void ChDir(const std::string&) override {}
   std::vector<std::string> PlainFiles(const std::string&) const override { return {}; }
   std::vector<std::string> SubFolders(const std::string&) const override { return {}; }
   std::string FirstSubFolder(const std::string&,

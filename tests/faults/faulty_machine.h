@@ -104,6 +104,7 @@ class FaultyFiles : public FileSystem {
   }
   void Kill(const std::string& path) override { Try("Kill", path).Kill(path); }
   void Name(const std::string& from, const std::string& to) override { Try("Name", from).Name(from, to); }
+  void ChDir(const std::string& folder) override { Try("ChDir", folder); }
   std::string DesktopFolder() const override { return Try("DesktopFolder").DesktopFolder(); }
   std::string ToNative(const std::string& path) const override {
     return Try("ToNative", path).ToNative(path);

@@ -61,7 +61,7 @@ class FileSystem {
   // no links a path is its own. RuntimeError as for reading the folder.
   virtual std::string FolderIdentity(const std::string& folder) const { return folder; }
 
-  // A plain file that is not hidden stands at this path.
+  // A plain file stands at this path, hidden or not.
   virtual bool FileExists(const std::string& path) const = 0;
   virtual bool FolderExists(const std::string& path) const = 0;
 
@@ -76,6 +76,9 @@ class FileSystem {
   virtual void Kill(const std::string& path) = 0;
   // Renames or moves a file; never replaces one that exists.
   virtual void Name(const std::string& from, const std::string& to) = 0;
+
+  // Makes the folder the current one of this process, so that no other is held by it.
+  virtual void ChDir(const std::string& folder) = 0;
 
   // The user's desktop folder, Windows form.
   virtual std::string DesktopFolder() const = 0;

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -156,9 +157,8 @@ std::string LocalFileSystem::FolderIdentity(const std::string& folder) const {
 
 bool LocalFileSystem::FileExists(const std::string& path) const {
   const auto native = paths_.Find(path);
-  if (!native || native->find("/.", native->rfind('/')) != std::string::npos) return false;
   struct stat info {};
-  return ::stat(native->c_str(), &info) == 0 && S_ISREG(info.st_mode);
+  return native && ::stat(native->c_str(), &info) == 0 && S_ISREG(info.st_mode);
 }
 
 bool LocalFileSystem::FolderExists(const std::string& path) const {
@@ -211,6 +211,10 @@ void LocalFileSystem::Name(const std::string& from, const std::string& to) {
   } else if (error != 0) {
     throw SystemFileError(error, to);
   }
+}
+
+void LocalFileSystem::ChDir(const std::string& folder) {
+  if (::chdir(paths_.Existing(folder).c_str()) != 0) throw SystemFileError(errno, folder);
 }
 
 std::string LocalFileSystem::DesktopFolder() const {

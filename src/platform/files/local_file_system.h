@@ -35,6 +35,7 @@ class LocalFileSystem : public FileSystem {
   void Kill(const std::string& path) override;
   void Name(const std::string& from, const std::string& to) override;
 
+  void ChDir(const std::string& folder) override;
   std::string DesktopFolder() const override;
   std::string ToNative(const std::string& path) const override;
   std::string FromNative(const std::string& nativePath) const override;

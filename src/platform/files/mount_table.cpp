@@ -138,10 +138,9 @@ const Volume* MountTable::Find(char letter) const {
 }
 
 std::string MountTable::Label(const Volume& volume) const {
-  if (volume.source.starts_with("/dev/")) {
-    const std::string label = LabelFromLinks(labelFolder_, volume.source);
-    if (!label.empty()) return label;
-  }
+  std::error_code noFolder;
+  if (volume.source.starts_with("/dev/") && std::filesystem::is_directory(labelFolder_, noFolder))
+    return LabelFromLinks(labelFolder_, volume.source);
   const bool byDesktop =
       volume.mountPoint.starts_with("/media/") || volume.mountPoint.starts_with("/run/media/");
   if (!byDesktop) return "";

@@ -30,7 +30,8 @@ class MountTable {
   // nullptr when no volume has the letter (upper case).
   const Volume* Find(char letter) const;
 
-  // The volume's label, else the name under which the desktop mounted it; empty when there is neither.
+  // The volume's label, empty when it has none. Where labels can't be told (a share, a system that lists
+  // none), the name under which the desktop mounted it, empty when that was not the desktop.
   std::string Label(const Volume& volume) const;
 
  private:

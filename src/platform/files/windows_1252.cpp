@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/files/utf8.h"
+#include "platform/utf8.h"
 
 namespace Morvane {
 

@@ -101,6 +101,8 @@ void Leggifile(AppState& state, Platform& platform, Listing& List1) {
   if (percorso == "\\") return;
   const std::string fold = FolderPath(percorso);
   if (!platform.files.FolderExists(fold)) throw FileError(ErrorNumber::PathNotFound, fold);
+  // The disc that is read can be taken out afterwards: the process stands in no folder of it.
+  platform.files.ChDir(platform.app.path);
   platform.screen.SetMousePointer(MousePointer::Hourglass);
   platform.windows.DoEvents();
   state.ElencoColonne = 2;

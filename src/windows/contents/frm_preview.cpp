@@ -59,6 +59,7 @@ FrmPreview::FrmPreview(AppState& state, Platform& platform, FrmPreviewHooks hook
       platform_(platform),
       hooks_(std::move(hooks)) {
   form.LayOut(kControls);
+  Command1.SetCancel(true);
   Command3.SetImageKey("stampa");
   Command4.SetImageKey("font");
   Option1.front().SetValue(true);
@@ -167,10 +168,10 @@ void FrmPreview::Command3_Click() {
       printer.EndDoc();
     }
     platform_.screen.SetMousePointer(MousePointer::Default);
-  } catch (const RuntimeError& error) {
+  } catch (const RuntimeError&) {
     platform_.screen.SetMousePointer(MousePointer::Default);
     printer.Surface().Cls();
-    if (error.Number() != ErrorNumber::DialogCancelled) throw;
+    throw;
   }
 }
 

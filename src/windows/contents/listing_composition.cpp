@@ -5,7 +5,7 @@
 #include "core/number_text.h"
 #include "core/text.h"
 #include "core/web_addresses.h"
-#include "platform/files/utf8.h"
+#include "platform/utf8.h"
 
 namespace Morvane {
 

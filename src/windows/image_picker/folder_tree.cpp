@@ -1,5 +1,6 @@
 #include "windows/image_picker/folder_tree.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "platform/case_folding.h"
@@ -114,14 +115,16 @@ void AddSubFolders(TreeView& tree, const std::string& key, const FileSystem& fil
   const std::string onDisk = PathOnDisk(parentKey, files);
   std::vector<std::string> folders;
   ResumeNext([&] { folders = files.SubFolders(onDisk + "\\"); });
-  std::string nameBefore;
-  for (const std::string& folder : folders) {
-    const std::string name = ProperCase(folder);
-    // Folders that differ in case alone are one node, which leads to the first of them.
-    if (name == nameBefore) continue;
+  for (auto folder = folders.begin(); folder != folders.end();) {
+    const std::string name = ProperCase(*folder);
+    const auto next =
+        std::find_if(folder, folders.end(), [&](const auto& other) { return ProperCase(other) != name; });
+    // Folders that differ in case alone are one node, which leads to the one written as its key, else to the
+    // first.
+    const auto exact = std::find(folder, next, name);
     AddFolder(tree, parentKey, name);
-    AddPlaceholder(tree, parentKey + "\\" + name, onDisk + "\\" + folder, files);
-    nameBefore = name;
+    AddPlaceholder(tree, parentKey + "\\" + name, onDisk + "\\" + (exact != next ? *exact : *folder), files);
+    folder = next;
   }
 }
 

@@ -195,9 +195,10 @@ void Dialog::Form_Unload() {
   state_.CopCorrente = 0;
 }
 
+// Hidden files, too: a layout of an empty name, or of one that begins with a point, is one like any other.
 void Dialog::FillList() {
   std::vector<std::string> names;
-  ResumeNext([&] { names = platform_.files.PlainFiles(CartellaApp_); });
+  ResumeNext([&] { names = platform_.files.ReadFolder(CartellaApp_).files; });
   for (const std::string& name : names) {
     if (name.size() < kLayoutExtension.size()) continue;
     const std::size_t length = name.size() - kLayoutExtension.size();

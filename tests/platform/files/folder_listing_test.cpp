@@ -60,11 +60,12 @@ TEST_F(FolderListingTest, TellsWhyAFolderCannotBeRead) {
   EXPECT_EQ(NumberOfErrorIn([&] { files.ReadFolder("C:\\d\\giro"); }), ErrorNumber::PathFileAccess);
 }
 
-TEST_F(FolderListingTest, FindsOnlyPlainFilesThatAreNotHidden) {
+TEST_F(FolderListingTest, FindsOnlyPlainFiles) {
   const LocalFileSystem files = Machine();
   EXPECT_TRUE(files.FileExists("C:\\d\\BETA.jpg"));
   EXPECT_TRUE(files.FileExists("C:\\d\\collegata.jpg"));
-  for (const char* name : {".celata.jpg", "tubo.jpg", "alfa", "rotto.jpg", "anello.jpg", "manca", ""}) {
+  EXPECT_TRUE(files.FileExists("C:\\d\\.celata.jpg"));
+  for (const char* name : {"tubo.jpg", "alfa", "rotto.jpg", "anello.jpg", "manca", ""}) {
     EXPECT_FALSE(files.FileExists("C:\\d\\" + std::string(name))) << name;
   }
   EXPECT_TRUE(files.FolderExists("C:\\d\\legame"));

@@ -94,16 +94,16 @@ TEST_F(MountTableTest, EndsAtTheLastLetter) {
   EXPECT_EQ(table.Volumes().back().letter, 'Z');
 }
 
-TEST_F(MountTableTest, FindsLabelsByLinkThenByTheDesktopsFolderName) {
+TEST_F(MountTableTest, ALabelComesFromTheDeviceAndFromTheDesktopWhereDevicesTellNone) {
+  const std::string mounts = std::string(kRootLine) + kStickLine + kDiscLine;
+  EXPECT_EQ(Table(mounts).Label(*Table(mounts).Find('D')), "MUSICA");
   temp_.MakeFolder("by-label");
   std::filesystem::create_symlink("../../sdb1", temp_.Path("by-label/FOTO\\x20MARE"));
   std::filesystem::create_symlink("../../sdb2", temp_.Path("by-label/ALTRA"));
-  const MountTable table =
-      Table(std::string(kRootLine) + kStickLine + kDiscLine + "62 27 8:33 / /dati rw - ext4 /dev/sdc1 rw\n");
+  const MountTable table = Table(mounts);
   EXPECT_EQ(table.Label(*table.Find('C')), "");
-  EXPECT_EQ(table.Label(*table.Find('D')), "MUSICA");
+  EXPECT_EQ(table.Label(*table.Find('D')), "");
   EXPECT_EQ(table.Label(*table.Find('E')), "FOTO MARE");
-  EXPECT_EQ(table.Label(*table.Find('F')), "");
 }
 
 }  // namespace

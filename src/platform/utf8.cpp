@@ -1,4 +1,4 @@
-#include "platform/files/utf8.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <cstdint>
