@@ -43,7 +43,7 @@ void RaiseFileLimit() {
   setrlimit(RLIMIT_NOFILE, &limit);
 }
 
-std::string AppFolder() {
+AppFolder OwnFolder() {
   const QString executableFolder = QCoreApplication::applicationDirPath();
   return FindAppFolder({.executableFolder = executableFolder.toStdString(),
                         .dataHome = qEnvironmentVariable("XDG_DATA_HOME").toStdString(),
@@ -81,7 +81,8 @@ int main(int argc, char** argv) {
   QtPrinterDevice device;
   Printer printer(device, metrics, fonts);
   AppInfo app;
-  app.path = files.FromNative(AppFolder());
+  const AppFolder folder = OwnFolder();
+  app.path = files.FromNative(folder.path);
   QtLauncher launcher(files, app.path);
   QtHttpClient http;
   Platform platform{windows, screen, files, pictures, metrics, fonts, printer, launcher, http, app};
@@ -94,6 +95,14 @@ int main(int argc, char** argv) {
     if (!std::exchange(asked, true))
       QTimer::singleShot(kAfterFirstPage, &application, [&] { device.Prepare(); });
   };
+  if (!folder.problem.empty()) {
+    windows.Post([&] {
+      windows.MsgBox(
+          "Non è stato possibile preparare la cartella dei layout: le modifiche non potranno essere "
+          "salvate.\n" +
+          folder.problem);
+    });
+  }
   program.Start();
   return windows.Ended() ? 0 : QApplication::exec();
 }

@@ -2,9 +2,14 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
+
+#include "platform/files/file_error.h"
+#include "platform/files/pending_file.h"
+#include "platform/files/plain_file.h"
 
 namespace Morvane {
 
@@ -18,27 +23,30 @@ fs::path DataFolder(const AppFolderPlaces& places) {
   return base / "morvane";
 }
 
-void CopyPlainFiles(const fs::path& from, const fs::path& to) {
-  std::error_code error;
-  for (fs::directory_iterator it(from, error), end; !error && it != end; it.increment(error)) {
-    std::error_code skipped;
-    if (!it->is_regular_file(skipped)) continue;
-    const fs::path copy = to / it->path().filename();
-    fs::copy_file(it->path(), copy, skipped);
-    // What is shipped may be read-only; the copy is the user's.
-    fs::permissions(copy, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add, skipped);
+// What is shipped may be read-only; the copies are the user's. A failure names `folder`.
+void CopyPlainFiles(const fs::path& from, const fs::path& to, const std::string& folder) {
+  for (const auto& entry : fs::directory_iterator(from)) {
+    if (!entry.is_regular_file()) continue;
+    PendingFile copy(to.string(), folder);
+    copy.Write(ReadPlainFile(entry.path().string(), folder));
+    copy.TakeFreeName(entry.path().filename().string());
   }
 }
 
-// Fills a folder of another name first: an interrupted filling must not pass for a filled folder.
+// Fills a folder of another name first: a half-filled one must never pass for the program's folder.
 void MakeFilled(const fs::path& folder, const fs::path& shipped) {
-  std::error_code error;
-  fs::create_directories(folder.parent_path(), error);
+  fs::create_directories(folder.parent_path());
   std::string fresh = (folder.parent_path() / ".morvane-XXXXXX").string();
-  if (::mkdtemp(fresh.data()) == nullptr) return;
-  CopyPlainFiles(shipped, fresh);
-  fs::rename(fresh, folder, error);
-  if (error) fs::remove_all(fresh, error);
+  if (::mkdtemp(fresh.data()) == nullptr)
+    throw fs::filesystem_error("mkdtemp", fresh, std::error_code(errno, std::generic_category()));
+  try {
+    CopyPlainFiles(shipped, fresh, folder.string());
+    fs::rename(fresh, folder);
+  } catch (const std::exception&) {
+    std::error_code ignored;
+    fs::remove_all(fresh, ignored);
+    throw;
+  }
 }
 
 bool CanBeWritten(const std::string& folder) {
@@ -47,14 +55,22 @@ bool CanBeWritten(const std::string& folder) {
 
 }  // namespace
 
-std::string FindAppFolder(const AppFolderPlaces& places) {
+AppFolder FindAppFolder(const AppFolderPlaces& places) {
   std::error_code error;
   const bool installed = fs::is_directory(places.shippedFolder, error);
-  if (!installed && CanBeWritten(places.executableFolder)) return places.executableFolder;
+  if (!installed && CanBeWritten(places.executableFolder)) return {places.executableFolder, {}};
   const fs::path folder = DataFolder(places);
-  if (!folder.is_absolute()) return places.executableFolder;
-  if (!fs::exists(folder, error)) MakeFilled(folder, places.shippedFolder);
-  return fs::is_directory(folder, error) ? folder.string() : places.executableFolder;
+  const std::string without = installed ? places.shippedFolder : places.executableFolder;
+  if (!folder.is_absolute()) return {without, "La cartella personale dell'utente non è nota."};
+  try {
+    if (!fs::exists(folder)) MakeFilled(folder, places.shippedFolder);
+    if (fs::is_directory(folder)) return {folder.string(), {}};
+    return {without, FileError(ErrorNumber::PathNotFound, folder.string()).what()};
+  } catch (const RuntimeError& failure) {
+    return {without, failure.what()};
+  } catch (const fs::filesystem_error& failure) {
+    return {without, SystemFileError(failure.code().value(), folder.string()).what()};
+  }
 }
 
 }  // namespace Morvane
