@@ -82,7 +82,9 @@ void ListBox::SetListIndex(int index) {
 }
 
 void ListBox::UserSelects(int index) {
-  if (Enabled() && index >= 0 && index < ListCount()) SetListIndex(index);
+  if (!Enabled() || index < 0 || index >= ListCount()) return;
+  if (index != listIndex_) return SetListIndex(index);
+  if (Click) Click();
 }
 
 void ListBox::PerformDblClick() {

@@ -32,7 +32,7 @@ class ListBox : public Control {
   // RuntimeError InvalidPropertyArrayIndex outside -1 to ListCount - 1.
   void SetListIndex(int index);
 
-  // A selected row stays where it is when the user clicks it again: no event.
+  // Fires Click for the selected row, too.
   void UserSelects(int index);
   void PerformDblClick();
 

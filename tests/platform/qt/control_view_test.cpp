@@ -123,15 +123,20 @@ class ListBoxViewTest : public ViewTest {
   }
 };
 
-TEST_F(ListBoxViewTest, OnlyAnotherRowIsAnEvent) {
+TEST_F(ListBoxViewTest, AClickOnTheSelectedRowIsAnEventAndTheRowStaysHighlighted) {
   for (const char* const name : {"a", "b", "c"}) list.AddItem(name);
   ShowList();
   ClickRow(1);
   ClickRow(1);
+  QTest::mouseClick(View().viewport(), Qt::LeftButton, Qt::ControlModifier, PlaceOf(1));
+  QTest::keyClick(&View(), Qt::Key_Space, Qt::ControlModifier);
+  EXPECT_TRUE(View().selectionModel()->isSelected(View().model()->index(1, 0)));
   QTest::keyClick(&View(), Qt::Key_Down);
-  EXPECT_THAT(log, ElementsAre("Click b", "Click c"));
+  EXPECT_THAT(log, ElementsAre("Click b", "Click b", "Click b", "Click c"));
+  log.clear();
   list.SetListIndex(0);
-  EXPECT_THAT(log, ElementsAre("Click b", "Click c", "Click a"));
+  list.SetListIndex(0);
+  EXPECT_THAT(log, ElementsAre("Click a"));
   EXPECT_EQ(View().currentIndex().row(), 0);
 }
 
@@ -160,6 +165,7 @@ TEST_F(ListBoxViewTest, DoubleClickEnterAndEscReachTheWindow) {
   list.DblClick = Log("DblClick");
   list.KeyDown = [&](int key) { log.push_back(std::to_string(key)); };
   ShowList();
+  ClickRow(0);
   QTest::mouseDClick(View().viewport(), Qt::LeftButton, {}, PlaceOf(0));
   QTest::keyClick(&View(), Qt::Key_Return);
   QTest::keyClick(&View(), Qt::Key_Escape);
@@ -184,7 +190,7 @@ TEST_F(ListBoxViewTest, RowsChangedFromAHandlerAreShown) {
   EXPECT_EQ(View().model()->rowCount(), 0);
 }
 
-class TreeViewViewTest : public ViewTest {
+class NodeTreeViewTest : public ViewTest {
  protected:
   TreeView tree{form, "tvwdirtree"};
 
@@ -201,7 +207,7 @@ class TreeViewViewTest : public ViewTest {
   QModelIndex Top(int row) { return View().model()->index(row, 0); }
 };
 
-TEST_F(TreeViewViewTest, ClickOnANodeIsNotAClickOnItsExpander) {
+TEST_F(NodeTreeViewTest, ClickOnANodeIsNotAClickOnItsExpander) {
   tree.Add("", "c", "Disco", "hard");
   tree.Add("c", "d", "Dati", "closed");
   ShowTree();
@@ -214,7 +220,7 @@ TEST_F(TreeViewViewTest, ClickOnANodeIsNotAClickOnItsExpander) {
   EXPECT_THAT(log, ElementsAre("NodeClick c", "Click", "Expand c", "Collapse c"));
 }
 
-TEST_F(TreeViewViewTest, KeyboardMovesAndOpensNodes) {
+TEST_F(NodeTreeViewTest, KeyboardMovesAndOpensNodes) {
   tree.Add("", "c", "Disco", "hard");
   tree.Add("c", "d", "Dati", "closed");
   ShowTree();
@@ -228,15 +234,40 @@ TEST_F(TreeViewViewTest, KeyboardMovesAndOpensNodes) {
   EXPECT_THAT(log, ElementsAre("NodeClick c", "Click", "Expand c", "NodeClick d", "Click"));
 }
 
-TEST_F(TreeViewViewTest, RightPressSelectsNothing) {
+TEST_F(NodeTreeViewTest, WhatIsHighlightedIsWhatWasClicked) {
   tree.Add("", "c", "Disco", "hard");
+  tree.Add("", "d", "Altro", "hard");
   ShowTree();
-  Click(*View().viewport(), Qt::RightButton, View().visualRect(Top(0)).center());
+  const QPoint first = View().visualRect(Top(0)).center();
+  const QPoint second = View().visualRect(Top(1)).center();
+  Click(*View().viewport(), Qt::RightButton, first);
   EXPECT_THAT(log, IsEmpty());
-  EXPECT_EQ(tree.Selected(), nullptr);
+  Click(*View().viewport(), Qt::LeftButton, first);
+  QTest::mouseClick(View().viewport(), Qt::LeftButton, Qt::ControlModifier, first);
+  EXPECT_THAT(View().selectionModel()->selectedIndexes(), ElementsAre(Top(0)));
+  log.clear();
+  QTest::mousePress(View().viewport(), Qt::LeftButton, {}, second);
+  QMouseEvent slide(QEvent::MouseMove, first, View().viewport()->mapToGlobal(first), Qt::NoButton,
+                    Qt::LeftButton, {});
+  QApplication::sendEvent(View().viewport(), &slide);
+  QTest::mouseRelease(View().viewport(), Qt::LeftButton, {}, first);
+  EXPECT_THAT(log, IsEmpty());
+  EXPECT_EQ(tree.Selected(), tree.Find("c"));
+  EXPECT_THAT(View().selectionModel()->selectedIndexes(), ElementsAre(Top(0)));
 }
 
-TEST_F(TreeViewViewTest, NodesAddedWhileOneOpensAreShownInOrder) {
+TEST_F(NodeTreeViewTest, TheAsteriskOpensItsNodeAlone) {
+  tree.Add("", "c", "Disco", "hard");
+  tree.Add("c", "d", "Dati", "closed");
+  tree.Add("d", "e", "Dentro", "closed");
+  ShowTree();
+  tree.UserClicks(*tree.Find("c"));
+  log.clear();
+  QTest::keyClick(&View(), Qt::Key_Asterisk);
+  EXPECT_THAT(log, ElementsAre("Expand c"));
+}
+
+TEST_F(NodeTreeViewTest, NodesAddedWhileOneOpensAreShownInOrder) {
   TreeNode& disc = tree.Add("", "c", "Disco", "hard");
   tree.Add("c", "m", "Musica", "closed");
   tree.SetSorted(disc, true);

@@ -6,10 +6,10 @@
 #include "platform/qt/views/button_views.h"
 #include "platform/qt/views/label_view.h"
 #include "platform/qt/views/list_box_view.h"
+#include "platform/qt/views/node_tree_view.h"
 #include "platform/qt/views/picture_box_view.h"
 #include "platform/qt/views/small_views.h"
 #include "platform/qt/views/text_box_view.h"
-#include "platform/qt/views/tree_view_view.h"
 
 namespace Morvane {
 namespace {
@@ -43,7 +43,7 @@ std::unique_ptr<ControlView> MakeControlView(Control& model, QWidget& parent, co
       MakeFor<CheckBox, CheckBoxView>,
       MakeFor<OptionButton, OptionButtonView>,
       MakeFor<ListBox, ListBoxView>,
-      MakeFor<TreeView, TreeViewView>,
+      MakeFor<TreeView, NodeTreeView>,
       MakeFor<Frame, FrameView>,
       MakeFor<PictureBox, PictureBoxView>,
       MakeFor<ImageBox, ImageBoxView>,

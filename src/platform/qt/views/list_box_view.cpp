@@ -58,7 +58,7 @@ void ListBoxView::MirrorSelection() {
 // none.
 void ListBoxView::FollowUser() {
   const QModelIndexList selected = list_.selectionModel()->selectedIndexes();
-  if (following_ || selected.isEmpty()) return;
+  if (following_ || selected.isEmpty() || selected.front().row() == model_.ListIndex()) return;
   {
     const QScopedValueRollback<bool> selecting(userSelects_, true);
     Feed([&] { model_.UserSelects(selected.front().row()); });
@@ -66,14 +66,16 @@ void ListBoxView::FollowUser() {
   refresh_.start();
 }
 
-// Only the left button selects.
+// Only the left button selects. A row that is selected already is the list's to tell: the toolkit sees no
+// change.
 bool ListBoxView::MousePressed(QWidget& part, const QMouseEvent& event) {
   ControlView::MousePressed(part, event);
   if (event.button() != Qt::LeftButton) return true;
   const QModelIndex row = list_.indexAt(event.position().toPoint());
-  if (event.type() != QEvent::MouseButtonDblClick || !row.isValid() || row != list_.currentIndex())
-    return false;
-  Feed([this] { model_.PerformDblClick(); });
+  if (!row.isValid() || row.row() != model_.ListIndex()) return false;
+  Feed([&] {
+    event.type() == QEvent::MouseButtonDblClick ? model_.PerformDblClick() : model_.UserSelects(row.row());
+  });
   return true;
 }
 

@@ -6,6 +6,7 @@
 
 #include "platform/controls/list_box.h"
 #include "platform/qt/views/control_view.h"
+#include "platform/qt/views/one_selected.h"
 
 namespace Morvane {
 
@@ -43,7 +44,7 @@ class ListBoxView : public ControlView {
 
   ListBox& model_;
   ListRows rows_;
-  QListView list_;
+  OneSelected<QListView> list_;
   QTimer refresh_;
   bool stale_ = false;
   bool following_ = false;

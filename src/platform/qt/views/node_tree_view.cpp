@@ -1,6 +1,7 @@
-#include "platform/qt/views/tree_view_view.h"
+#include "platform/qt/views/node_tree_view.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <algorithm>
 
@@ -64,7 +65,7 @@ void TreeNodes::Refresh() {
   layoutChanged();
 }
 
-TreeViewView::TreeViewView(TreeView& model, QWidget& parent, const ViewContext& context)
+NodeTreeView::NodeTreeView(TreeView& model, QWidget& parent, const ViewContext& context)
     : ControlView(model, context), model_(model), nodes_(model), tree_(&parent) {
   tree_.setModel(&nodes_);
   tree_.setHeaderHidden(true);
@@ -87,28 +88,29 @@ TreeViewView::TreeViewView(TreeView& model, QWidget& parent, const ViewContext& 
   Watch(*tree_.viewport());
 }
 
-void TreeViewView::MirrorContent() {
+void NodeTreeView::MirrorContent() {
   if (!model_.Redraw()) return;
   stale_ = true;
   refresh_.start();
 }
 
-void TreeViewView::Refresh() {
+void NodeTreeView::Refresh() {
   stale_ = false;
   nodesShown_ = model_.NodeCount();
   nodes_.Refresh();
 }
 
-void TreeViewView::MirrorSelection() {
+void NodeTreeView::MirrorSelection() {
   const QScopedValueRollback<bool> following(following_, true);
   if (stale_ || nodesShown_ != model_.NodeCount()) Refresh();
   MirrorOpenNodes(model_.Roots());
   const QModelIndex selected = nodes_.IndexOf(model_.Selected());
-  if (selected != tree_.currentIndex()) tree_.setCurrentIndex(selected);
+  if (selected != tree_.currentIndex() || !tree_.selectionModel()->isSelected(selected))
+    tree_.setCurrentIndex(selected);
   tree_.viewport()->update();
 }
 
-void TreeViewView::MirrorOpenNodes(const std::vector<TreeNode*>& nodes) {
+void NodeTreeView::MirrorOpenNodes(const std::vector<TreeNode*>& nodes) {
   for (const TreeNode* node : nodes) {
     if (node->Expanded() != open_.contains(node)) {
       node->Expanded() ? static_cast<void>(open_.insert(node)) : static_cast<void>(open_.erase(node));
@@ -118,7 +120,7 @@ void TreeViewView::MirrorOpenNodes(const std::vector<TreeNode*>& nodes) {
   }
 }
 
-void TreeViewView::FollowExpansion(const QModelIndex& index, bool open) {
+void NodeTreeView::FollowExpansion(const QModelIndex& index, bool open) {
   if (following_) return;
   TreeNode* const node = TreeNodes::NodeAt(index);
   open ? static_cast<void>(open_.insert(node)) : static_cast<void>(open_.erase(node));
@@ -126,20 +128,31 @@ void TreeViewView::FollowExpansion(const QModelIndex& index, bool open) {
 }
 
 // The keyboard moves the selection; of the mouse only a whole click counts.
-void TreeViewView::FollowSelection() {
+void NodeTreeView::FollowSelection() {
   const QModelIndexList selected = tree_.selectionModel()->selectedIndexes();
   if (following_ || mouseDown_ || selected.isEmpty()) return;
   Feed([&] { model_.UserClicks(*TreeNodes::NodeAt(selected.front())); });
 }
 
-bool TreeViewView::MousePressed(QWidget& part, const QMouseEvent& event) {
+bool NodeTreeView::MousePressed(QWidget& part, const QMouseEvent& event) {
   ControlView::MousePressed(part, event);
   if (event.button() != Qt::LeftButton) return true;
   mouseDown_ = true;
   return false;
 }
 
-bool TreeViewView::MouseReleased(QWidget&, const QMouseEvent& event) {
+// The asterisk opens its node alone: the toolkit would open all below it, a whole disk where links lead in
+// circles. A mouse that slides with its button down selects nothing.
+bool NodeTreeView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(*event).key() == Qt::Key_Asterisk) {
+    tree_.expand(tree_.currentIndex());
+    return true;
+  }
+  const bool taken = ControlView::eventFilter(watched, event);
+  return taken || (event->type() == QEvent::MouseMove && mouseDown_);
+}
+
+bool NodeTreeView::MouseReleased(QWidget&, const QMouseEvent& event) {
   mouseDown_ = false;
   // A press that is let go elsewhere is no click: the selection goes back to where it was.
   if (tree_.indexAt(event.position().toPoint()) != tree_.currentIndex()) MirrorSelection();

@@ -10,6 +10,7 @@
 
 #include "platform/controls/tree_view.h"
 #include "platform/qt/views/control_view.h"
+#include "platform/qt/views/one_selected.h"
 
 namespace Morvane {
 
@@ -38,9 +39,9 @@ class TreeNodes : public QAbstractItemModel {
   mutable std::map<std::string, QIcon> artwork_;
 };
 
-class TreeViewView : public ControlView {
+class NodeTreeView : public ControlView {
  public:
-  TreeViewView(TreeView& model, QWidget& parent, const ViewContext& context);
+  NodeTreeView(TreeView& model, QWidget& parent, const ViewContext& context);
 
   QWidget* Widget() override { return &tree_; }
 
@@ -49,6 +50,7 @@ class TreeViewView : public ControlView {
   void MirrorSelection() override;
   bool MousePressed(QWidget& part, const QMouseEvent& event) override;
   bool MouseReleased(QWidget& part, const QMouseEvent& event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void Refresh();
@@ -58,7 +60,7 @@ class TreeViewView : public ControlView {
 
   TreeView& model_;
   TreeNodes nodes_;
-  QTreeView tree_;
+  OneSelected<QTreeView> tree_;
   QTimer refresh_;
   std::set<const TreeNode*> open_;
   int nodesShown_ = 0;
