@@ -1,5 +1,6 @@
 #include <QGuiApplication>
 #include <QThreadPool>
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <future>
@@ -7,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "app/console_windows.h"
@@ -42,8 +44,11 @@ class PdfFiles : public PrinterDevice {
   SheetSize PortraitSheet() override { return {210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre}; }
   PrintDialogAnswer ShowDialog(const PrintDialogRequest&, PageOrientation&) override { return {}; }
   void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override {
-    WritePdf(PdfNameOfCopy(pdf_, ++written_, copies_), page, orientation, PortraitSheet(), title);
+    Undecodable =
+        WritePdf(PdfNameOfCopy(pdf_, ++written_, copies_), page, orientation, PortraitSheet(), title);
   }
+
+  std::vector<PicturePtr> Undecodable;  // of the last page
 
  private:
   const std::string pdf_;
@@ -59,9 +64,23 @@ std::string WindowsPath(const FileSystem& files, const std::string& path) {
   return found;
 }
 
+// Runs a step for a file or folder; what goes wrong names it as it was given.
+template <typename Step>
+auto Naming(const std::string& given, const std::string& path, Step step) {
+  try {
+    return step();
+  } catch (const RuntimeError& error) {
+    std::string text = error.what();
+    const std::size_t at = text.find(path);
+    if (at != std::string::npos) text.replace(at, path.size(), given);
+    throw RuntimeError(error.Number(), text);
+  }
+}
+
 void ReadLayoutFile(AppState& state, const FileSystem& files, const std::string& layout) {
   state.NomeLayout = std::filesystem::path(layout).stem().string();
-  ReadLayout(*files.OpenForInput(WindowsPath(files, layout)), state);
+  const std::string path = WindowsPath(files, layout);
+  Naming(layout, path, [&] { ReadLayout(*files.OpenForInput(path), state); });
 }
 
 void RequireCovers(const PrintArguments& arguments, const AppState& state) {
@@ -72,22 +91,57 @@ void RequireCovers(const PrintArguments& arguments, const AppState& state) {
                                                                  std::to_string(state.NumCopertine) + ".");
 }
 
-// All at once: decoding them takes most of the time.
-void LoadPictures(const PrintArguments& arguments, Platform& platform, CoverSlots& slots) {
+PicturePtr& SlotOf(CoverSlots& slots, int cover) {
+  return slots.Image1.at(static_cast<std::size_t>(cover - 1));
+}
+
+using BadPictures = std::map<int, std::string>;  // what is wrong, by cover number
+
+// All at once: decoding them takes most of the time. A bad picture leaves its slot empty. RuntimeError when a
+// file is not there.
+void LoadPictures(const PrintArguments& arguments, Platform& platform, CoverSlots& slots, BadPictures& bad) {
+  std::map<int, std::string> paths;
+  for (const auto& [cover, file] : arguments.pictures) paths[cover] = WindowsPath(platform.files, file);
   std::map<int, std::future<PicturePtr>> loading;
   QThreadPool pool;
-  for (const auto& [cover, file] : arguments.pictures) {
+  for (const auto& [cover, path] : paths) {
     const auto load = std::make_shared<std::packaged_task<PicturePtr()>>(
-        [&platform, path = WindowsPath(platform.files, file)] {
-          return platform.pictures.LoadPicture(path);
+        [&pictures = std::as_const(platform.pictures), file = arguments.pictures.at(cover), path = path] {
+          return Naming(file, path, [&] { return pictures.LoadPicture(path); });
         });
     loading.emplace(cover, load->get_future());
     pool.start([load] { (*load)(); });
   }
-  for (auto& [cover, picture] : loading) slots.Image1.at(static_cast<std::size_t>(cover - 1)) = picture.get();
+  for (auto& [cover, picture] : loading) {
+    try {
+      SlotOf(slots, cover) = picture.get();
+    } catch (const RuntimeError& error) {
+      if (error.Number() != ErrorNumber::InvalidPicture) throw;
+      bad[cover] = error.what();
+    }
+  }
 }
 
-void PrintCovers(const PrintArguments& arguments, Platform& platform) {
+// A picture whose damage lies behind its header shows it when it is painted.
+void FindUndecodable(const PrintArguments& arguments, CoverSlots& slots,
+                     const std::vector<PicturePtr>& undecodable, BadPictures& bad) {
+  for (const auto& [cover, file] : arguments.pictures) {
+    const PicturePtr& picture = SlotOf(slots, cover);
+    if (std::find(undecodable.begin(), undecodable.end(), picture) != undecodable.end()) {
+      bad[cover] = DamagedPicture(file).what();
+    }
+  }
+}
+
+// Tells which pictures are not on the sheet; all else is.
+ExitCode Tell(const BadPictures& bad) {
+  for (const auto& [cover, text] : bad) {
+    std::cerr << "morvane-print: copertina " << cover << ": " << text << '\n';
+  }
+  return bad.empty() ? kDone : kNotPrinted;
+}
+
+ExitCode PrintCovers(const PrintArguments& arguments, Platform& platform, const PdfFiles& pdf) {
   AppState state;
   CoverSlots slots;
   state.MaxCopertine = kMaxCovers;
@@ -96,12 +150,15 @@ void PrintCovers(const PrintArguments& arguments, Platform& platform) {
   if (state.NumCopertine == 0) InstallDefaultLayout(state);
   SetWorkspacePage(state);
   RequireCovers(arguments, state);
-  LoadPictures(arguments, platform, slots);
+  BadPictures bad;
+  LoadPictures(arguments, platform, slots, bad);
   if (!state.NomeLayout.empty()) platform.printer.JobTitle = state.NomeLayout;
   for (int copy = 1; copy <= arguments.copies; ++copy) {
     DisegnaFoglio(state, slots, platform.printer);
     platform.printer.EndDoc();
   }
+  FindUndecodable(arguments, slots, pdf.Undecodable, bad);
+  return Tell(bad);
 }
 
 void PrintContents(const PrintArguments& arguments, Platform& platform) {
@@ -114,7 +171,8 @@ void PrintContents(const PrintArguments& arguments, Platform& platform) {
     throw RuntimeError(ErrorNumber::InvalidPropertyValue, "Il carattere non è disponibile: " + contents.font);
   }
   Listing listing;
-  FindSubFolders(WindowsPath(platform.files, contents.folder), state, platform, listing);
+  const std::string folder = WindowsPath(platform.files, contents.folder);
+  Naming(contents.folder, folder, [&] { FindSubFolders(folder, state, platform, listing); });
   state.ElencoColonne = static_cast<std::int16_t>(contents.columns);
   LineCount lost = 0;
   for (int copy = 1; copy <= arguments.copies; ++copy) {
@@ -126,11 +184,11 @@ void PrintContents(const PrintArguments& arguments, Platform& platform) {
   if (lost > 0) std::cerr << "morvane-print: righe senza posto sul foglio: " << lost << '\n';
 }
 
-void Print(const PrintArguments& arguments) {
+ExitCode Print(const PrintArguments& arguments) {
   LocalFileSystem files("/", MountTable(), {});
   ConsoleWindows windows;
   Screen screen;
-  // Only a file that is not yet written can be given up when a picture turns out to be bad.
+  // A queue does not tell which pictures it went without.
   const PictureCheck check = arguments.pdf.empty() ? PictureCheck::Whole : PictureCheck::Header;
   QtPictureLoader pictures(files, OldFormatDecoderPath(), check);
   const QtTextMetrics metrics;
@@ -143,14 +201,12 @@ void Print(const PrintArguments& arguments) {
   QtLauncher launcher(files, {});
   QtHttpClient http;
   Platform platform{windows, screen, files, pictures, metrics, fonts, printer, launcher, http, AppInfo{}};
-  if (arguments.contents) {
-    PrintContents(arguments, platform);
-  } else {
-    PrintCovers(arguments, platform);
-  }
+  if (!arguments.contents) return PrintCovers(arguments, platform, pdf);
+  PrintContents(arguments, platform);
+  return kDone;
 }
 
-// Standard error is for the one line that says what went wrong.
+// Standard error is for the lines that say what went wrong.
 void DropToolkitMessages(QtMsgType, const QMessageLogContext&, const QString&) {}
 
 }  // namespace
@@ -167,8 +223,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     InstallFontStandIns();
-    Print(arguments);
-    return kDone;
+    return Print(arguments);
   } catch (const UsageError& error) {
     std::cerr << "morvane-print: " << error.what() << " (--help spiega l'uso)\n";
     return kWrongUsage;

@@ -32,7 +32,8 @@ const char* const kPrintHelp =
     "  --full-path      percorso completo dei files\n"
     "  --help           questo testo\n"
     "\n"
-    "Uscita: 0 stampato; 1 non stampato per colpa dei dati o della stampante; 2 uso errato.\n";
+    "Uscita: 0 stampato; 1 non stampato per colpa dei dati o della stampante, o stampato senza le\n"
+    "        immagini che non possono essere lette; 2 uso errato.\n";
 
 namespace {
 

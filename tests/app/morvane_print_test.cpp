@@ -48,17 +48,33 @@ TEST_F(MorvanePrintTest, TellsWhichInputIsBadAndPrintsNothing) {
   ExpectNotPrinted("manca.mvne", "manca.mvne");
   ExpectNotPrinted("rotto.mvne", "riga 1");
   ExpectNotPrinted("--picture 1=manca.jpg", "manca.jpg");
-  ExpectNotPrinted("--picture 1=rotta.jpg --picture 2=rotta.jpg", "rotta.jpg");
   ExpectNotPrinted("--picture 3=rotta.jpg", "non ha la copertina 3");
   ExpectNotPrinted("--contents manca", "manca");
   ExpectNotPrinted("--contents . --font Inesistente", "Inesistente");
 }
 
-// Its damage shows when it is painted.
-TEST_F(MorvanePrintTest, WritesNoSheetWithAPictureThatEndsBehindItsHeader) {
+// The damage of the first shows at loading, that of the second when it is painted.
+TEST_F(MorvanePrintTest, BadPicturesAreNamedAndAllElseIsPrinted) {
   using namespace std::string_literals;
-  Write("testa.gif", "GIF89a\2\0\2\0\x80\0\0\0\0\0\xFF\xFF\xFF,\0\0\0\0\2\0\2\0\0"s);
-  ExpectNotPrinted("--picture 2=testa.gif", "immagini è danneggiata");
+  Write("tre.mvne",
+        "Pagina=0\r\nCopertina1=0\r\nDistx1=20\r\nDisty1=20\r\nLarg1=50\r\nAlte1=40\r\n"
+        "Copertina2=0\r\nDistx2=20\r\nDisty2=70\r\nLarg2=50\r\nAlte2=40\r\n"
+        "Copertina3=0\r\nDistx3=20\r\nDisty3=120\r\nLarg3=50\r\nAlte3=40\r\n");
+  std::filesystem::create_directory(folder_.Path() + "/foto");
+  Write("foto/rotta.jpg", "\xFF\xD8\xFF\xE0 nessuna immagine");
+  const std::string gif = "GIF89a\2\0\2\0\x80\0\0\0\0\0\xFF\xFF\xFF,\0\0\0\0\2\0\2\0\0"s;
+  Write("testa.gif", gif);
+  Write("buona.gif", gif + "\x02\x03\x44\x8C\x05\0;"s);
+  const ProgramRun run = Print(
+      "tre.mvne --picture 1=foto/../foto/rotta.jpg --picture 2=testa.gif --picture 3=buona.gif --pdf "
+      "foglio.pdf");
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_EQ(run.errors,
+            "morvane-print: copertina 1: L'immagine 'foto/../foto/rotta.jpg' è danneggiata e non può essere "
+            "letta.\n"
+            "morvane-print: copertina 2: L'immagine 'testa.gif' è danneggiata e non può essere letta.\n");
+  const std::string countImages = "pdfimages -list '" + folder_.Path() + "/foglio.pdf' | grep -c image";
+  EXPECT_EQ(RunProgram("test $(" + countImages + ") = 1", folder_.Path()).exitCode, 0);
 }
 
 TEST_F(MorvanePrintTest, TellsHowManyLinesFoundNoPlace) {

@@ -128,9 +128,9 @@ class FaultyPictures : public PictureLoader {
  public:
   FaultyPictures(PictureLoader& pictures, Faults& faults) : pictures_(pictures), faults_(faults) {}
 
-  std::set<PicturePtr> Loaded;
+  mutable std::set<PicturePtr> Loaded;
 
-  PicturePtr LoadPicture(const std::string& path) override {
+  PicturePtr LoadPicture(const std::string& path) const override {
     faults_.Call("LoadPicture", ErrorNumber::InvalidPicture);
     return *Loaded.insert(pictures_.LoadPicture(path)).first;
   }

@@ -67,7 +67,7 @@ void RecordingPrinter::SendPage(const DrawingList& page, PageOrientation orienta
   Jobs.push_back({page, orientation, title});
 }
 
-PicturePtr TextPictures::LoadPicture(const std::string& path) {
+PicturePtr TextPictures::LoadPicture(const std::string& path) const {
   std::istringstream bytes(files_.ReadBytes(path));
   std::string magic;
   double width = 0;

@@ -53,9 +53,9 @@ class TextPictures : public PictureLoader {
  public:
   explicit TextPictures(const FileSystem& files) : files_(files) {}
 
-  std::vector<std::string> Loaded;
+  mutable std::vector<std::string> Loaded;
 
-  PicturePtr LoadPicture(const std::string& path) override;
+  PicturePtr LoadPicture(const std::string& path) const override;
 
  private:
   const FileSystem& files_;

@@ -79,20 +79,20 @@ LocalFileSystem::LocalFileSystem(std::string root, MountTable mounts, std::strin
 
 std::vector<std::string> LocalFileSystem::DriveRoots() const {
   std::vector<std::string> roots;
-  for (const Volume& volume : paths_.RefreshedMounts().Volumes()) {
+  for (const Volume& volume : paths_.CurrentVolumes()) {
     roots.push_back(std::string(1, volume.letter) + ":\\");
   }
   return roots;
 }
 
 DriveType LocalFileSystem::TypeOfDrive(const std::string& drive) const {
-  const Volume* volume = paths_.VolumeOf(drive);
-  return volume != nullptr ? volume->type : DriveType::NoRoot;
+  const auto volume = paths_.VolumeOf(drive);
+  return volume ? volume->type : DriveType::NoRoot;
 }
 
 std::string LocalFileSystem::VolumeLabel(const std::string& root) const {
-  const Volume* volume = paths_.VolumeOf(root);
-  return volume != nullptr ? paths_.Label(*volume) : "";
+  const auto volume = paths_.VolumeOf(root);
+  return volume ? paths_.Label(*volume) : "";
 }
 
 FolderReader LocalFileSystem::OpenFolder(const std::string& folder) const {

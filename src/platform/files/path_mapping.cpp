@@ -88,27 +88,29 @@ PathMapping::SplitPath PathMapping::Split(const std::string& path) {
   return split;
 }
 
-const Volume* PathMapping::VolumeWithLetter(char letter) const {
+std::optional<Volume> PathMapping::VolumeWithLetter(char letter) const {
+  const std::lock_guard lock(mountsMutex_);
   const Volume* volume = mounts_.Find(letter);
   if (volume == nullptr) {
     mounts_.Refresh();
     volume = mounts_.Find(letter);
   }
-  return volume;
+  return volume != nullptr ? std::optional(*volume) : std::nullopt;
 }
 
-const Volume* PathMapping::VolumeOf(const std::string& drive) const {
+std::optional<Volume> PathMapping::VolumeOf(const std::string& drive) const {
   return VolumeWithLetter(Split(drive).drive);
 }
 
-const MountTable& PathMapping::RefreshedMounts() const {
+std::vector<Volume> PathMapping::CurrentVolumes() const {
+  const std::lock_guard lock(mountsMutex_);
   mounts_.Refresh();
-  return mounts_;
+  return mounts_.Volumes();
 }
 
 std::optional<std::string> PathMapping::NativeRoot(char drive) const {
-  const Volume* volume = VolumeWithLetter(drive);
-  if (volume == nullptr) return std::nullopt;
+  const auto volume = VolumeWithLetter(drive);
+  if (!volume) return std::nullopt;
   return root_ + WithoutSlashAtEnd(volume->mountPoint);
 }
 
@@ -201,14 +203,14 @@ std::string PathMapping::ToNative(const std::string& path) const {
 }
 
 std::string PathMapping::FromNative(const std::string& nativePath) const {
-  mounts_.Refresh();
   const std::string normal = std::filesystem::path(nativePath).lexically_normal().string();
   const auto inside = Below(WithoutSlashAtEnd(normal), root_);
   if (!normal.starts_with('/') || !inside) return "";
 
+  const std::vector<Volume> volumes = CurrentVolumes();
   const Volume* volume = nullptr;
   std::string rest;
-  for (const Volume& candidate : mounts_.Volumes()) {
+  for (const Volume& candidate : volumes) {
     const auto below = Below(*inside, WithoutSlashAtEnd(candidate.mountPoint));
     if (!below || (volume != nullptr && candidate.mountPoint.size() <= volume->mountPoint.size())) continue;
     volume = &candidate;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,7 +19,8 @@ struct PathTarget {
 };
 
 // Turns paths of the Windows form into this system's and back. Each name is looked up: the exact one wins,
-// else the first that is equal without case. ".." never leads out of a drive.
+// else the first that is equal without case. ".." never leads out of a drive. Several threads may ask at
+// once.
 class PathMapping {
  public:
   // `root` is the native folder that stands for "/".
@@ -36,10 +38,10 @@ class PathMapping {
   std::string ToNative(const std::string& path) const;
   std::string FromNative(const std::string& nativePath) const;
 
-  // The drives as they are now.
-  const MountTable& RefreshedMounts() const;
-  // The volume of a drive ("C:" or a longer path); nullptr when it is not there.
-  const Volume* VolumeOf(const std::string& drive) const;
+  // The drives as they are now, in the order of their letters.
+  std::vector<Volume> CurrentVolumes() const;
+  // The volume of a drive ("C:" or a longer path); nothing when it is not there.
+  std::optional<Volume> VolumeOf(const std::string& drive) const;
   std::string Label(const Volume& volume) const { return mounts_.Label(volume); }
 
  private:
@@ -54,13 +56,14 @@ class PathMapping {
   };
 
   static SplitPath Split(const std::string& path);
-  const Volume* VolumeWithLetter(char letter) const;
+  std::optional<Volume> VolumeWithLetter(char letter) const;
   std::optional<std::string> NativeRoot(char drive) const;
   static std::optional<std::string> FindName(const std::string& folder, const std::string& name);
   static Walk Follow(const std::string& base, const std::vector<std::string>& names);
 
   std::string root_;
-  mutable MountTable mounts_;  // the machine's state, not this object's
+  mutable std::mutex mountsMutex_;
+  mutable MountTable mounts_;  // the machine's state, not this object's; only with the mutex
 };
 
 }  // namespace Morvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -26,7 +27,8 @@ struct DecodedPixels {
 using DecodedPicture = std::variant<DecodedSvg, DecodedPixels>;
 
 // Decodes a file's bytes (64 MB at most) in a process of its own, the program at decoderPath, which is given
-// two seconds. RuntimeError InvalidPicture: whatever goes wrong, in there or on the way.
-DecodedPicture DecodeOldFormat(const std::string& decoderPath, OldFormat format, const std::string& bytes);
+// two seconds. Nothing: whatever goes wrong, in there or on the way.
+std::optional<DecodedPicture> DecodeOldFormat(const std::string& decoderPath, OldFormat format,
+                                              const std::string& bytes);
 
 }  // namespace Morvane

@@ -13,18 +13,12 @@ using testing::HasSubstr;
 using testing::Not;
 
 DecodedPicture Decode(const std::string& bytes) {
-  return DecodeOldFormat(MORVANE_DECODER, FormatOf(bytes).value(), bytes);
+  return DecodeOldFormat(MORVANE_DECODER, FormatOf(bytes).value(), bytes).value();
 }
 
 void ExpectRefused(OldFormat format, const std::string& bytes) {
   const auto start = std::chrono::steady_clock::now();
-  try {
-    DecodeOldFormat(MORVANE_DECODER, format, bytes);
-    ADD_FAILURE() << "decoded";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.Number(), ErrorNumber::InvalidPicture);
-    EXPECT_THAT(error.what(), HasSubstr("Immagine non valida"));
-  }
+  EXPECT_FALSE(DecodeOldFormat(MORVANE_DECODER, format, bytes));
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
 }
 
@@ -100,16 +94,6 @@ TEST(DecodeOldFormat, RefusesHugeSizes) {
   std::string wmf = Samples::Wmf(0);
   wmf.replace(6, 10, Samples::Words({-32768, -32768, 32767, 32767, 1}));
   ExpectRefused(OldFormat::Wmf, wmf);
-}
-
-TEST(DecodeOldFormat, SaysThatTheDecoderIsMissing) {
-  try {
-    DecodeOldFormat("/nowhere/decoder", OldFormat::Emf, Samples::Emf(0));
-    ADD_FAILURE() << "decoded";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.Number(), ErrorNumber::InvalidPicture);
-    EXPECT_THAT(error.what(), HasSubstr("morvane-decode"));
-  }
 }
 
 }  // namespace

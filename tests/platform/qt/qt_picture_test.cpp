@@ -5,7 +5,11 @@
 #include <QElapsedTimer>
 #include <QImageWriter>
 #include <QPainter>
+#include <atomic>
+#include <fstream>
+#include <thread>
 
+#include "platform/files/local_file_system.h"
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/pictures/qt_picture.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
@@ -141,6 +145,28 @@ TEST_F(QtPictureTest, PhotoCutShortIsDrawnAsFarAsItGoes) {
   const std::string jpeg = Encoded(TwoHalves(640, 320), "jpg");
   const QImage image = Decoded(Load("foto.jpg", jpeg.substr(0, jpeg.size() * 3 / 4)), 64, 32);
   EXPECT_GT(qRed(image.pixel(10, 2)), 200);
+}
+
+TEST_F(QtPictureTest, LoadsManyAtOnceWhileVolumesComeAndGo) {
+  constexpr int kPictures = 20;
+  const std::string table = machine_.Root.Path() + "/mounts";
+  const LocalFileSystem files(machine_.Root.Path(), MountTable(table, ""), "");
+  const QtPictureLoader loader(files, "");
+  machine_.WriteFile("C:\\foto.png", Encoded(TwoHalves(64, 32), "png"));
+  std::atomic<int> loaded = 0;
+  std::vector<std::thread> threads;
+  for (int i = 0; i < kPictures; ++i) {
+    threads.emplace_back([&] {
+      for (int again = 0; again < 10; ++again) loader.LoadPicture("C:\\foto.png");
+      ++loaded;
+    });
+  }
+  for (int stick = 0; loaded < kPictures; stick = (stick + 1) % 20) {
+    std::ofstream(table, stick == 0 ? std::ios::trunc : std::ios::app)
+        << "9 1 8:" << stick << " / /media/" << stick << " rw - vfat /dev/sd" << stick << " rw\n";
+    EXPECT_EQ(files.DriveRoots().front(), "C:\\");
+  }
+  for (std::thread& thread : threads) thread.join();
 }
 
 TEST_F(QtPictureTest, MissingFileIsNotFound) {

@@ -89,7 +89,7 @@ class Painting {
     cache_.pictures.Prepare(wishes);
   }
 
-  bool Complete() const { return complete_; }
+  const std::vector<PicturePtr>& Undecodable() const { return undecodable_; }
 
  private:
   static QSize PaperDots(const QRectF& box) {
@@ -121,7 +121,7 @@ class Painting {
   void DrawPicture(const PicturePtr& picture, const QRectF& box, QSize pixels) {
     const QImage image = cache_.pictures.Image(picture, pixels, which_);
     if (image.isNull()) {
-      complete_ = false;
+      undecodable_.push_back(picture);
     } else {
       painter_.drawImage(box, image);
     }
@@ -129,7 +129,7 @@ class Painting {
 
   QPainter& painter_;
   PaintCache& cache_;
-  bool complete_ = true;
+  std::vector<PicturePtr> undecodable_;
   const Pixels which_;
   const bool onPaper_;
   const QTransform twips_;     // the world transform that was given
@@ -139,13 +139,14 @@ class Painting {
 
 }  // namespace
 
-bool PaintDrawing(QPainter& painter, const DrawingList& drawing, PaintCache& cache, Pixels pixels) {
+std::vector<PicturePtr> PaintDrawing(QPainter& painter, const DrawingList& drawing, PaintCache& cache,
+                                     Pixels pixels) {
   painter.save();
   Painting painting(painter, cache, pixels);
   painting.DecodeForPaper(drawing);
   for (const Shape& shape : drawing) std::visit(painting, shape);
   painter.restore();
-  return painting.Complete();
+  return painting.Undecodable();
 }
 
 }  // namespace Morvane

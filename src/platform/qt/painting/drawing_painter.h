@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "platform/drawing/drawing_list.h"
 #include "platform/qt/painting/text_lines.h"
 #include "platform/qt/pictures/qt_picture.h"
@@ -17,8 +19,8 @@ struct PaintCache {
 // Paints a drawing on the screen or on paper; the one painter of both. The painter must be scaled so that one
 // unit is one twip, with the surface's origin at 0,0; its state is the same afterwards. Hairlines are one
 // device pixel on a screen and 1/600 inch on paper. A picture that cannot be decoded now leaves its box as it
-// is; the result tells whether all could.
-bool PaintDrawing(QPainter& painter, const DrawingList& drawing, PaintCache& cache,
-                  Pixels pixels = Pixels::Exact);
+// is; the result names those that could not.
+std::vector<PicturePtr> PaintDrawing(QPainter& painter, const DrawingList& drawing, PaintCache& cache,
+                                     Pixels pixels = Pixels::Exact);
 
 }  // namespace Morvane

@@ -23,8 +23,8 @@ constexpr int kMostDecodedMegabytes = 1024;
 // Names for the user, what the reader calls the formats that may be read.
 constexpr std::array kFormats = {"jpeg", "jpg", "bmp", "gif", "ico", "cur", "png", "tiff", "tif", "webp"};
 
-[[noreturn]] void Refuse(const std::string& path, const std::string& reason) {
-  throw RuntimeError(ErrorNumber::InvalidPicture, "L'immagine '" + path + "' " + reason);
+RuntimeError Bad(const std::string& name, const std::string& reason) {
+  return {ErrorNumber::InvalidPicture, "L'immagine '" + name + "' " + reason};
 }
 
 // A device-independent bitmap is a bitmap file that lacks its first 14 bytes.
@@ -74,16 +74,15 @@ PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes, PictureC
   reader.setDecideFormatFromContent(true);
   const QByteArray format = reader.format();
   if (std::find(kFormats.begin(), kFormats.end(), format) == kFormats.end()) {
-    Refuse(path, "è di un formato sconosciuto.");
+    throw Bad(path, "è di un formato sconosciuto.");
   }
   const int index = format == "ico" || format == "cur" ? LargestImage(reader) : 0;
   const QSize size = reader.size();
-  if (size.isEmpty()) Refuse(path, "è danneggiata e non può essere letta.");
-  if (CostsTooMuch(bytes, format, size)) Refuse(path, "è troppo grande.");
+  if (size.isEmpty()) throw DamagedPicture(path);
+  if (CostsTooMuch(bytes, format, size)) throw Bad(path, "è troppo grande.");
   const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
   auto picture = std::make_shared<FilePicture>(bytes, size, turned, index);
-  if (check == PictureCheck::Whole && !picture->CanBeDecoded())
-    Refuse(path, "è danneggiata e non può essere letta.");
+  if (check == PictureCheck::Whole && !picture->CanBeDecoded()) throw DamagedPicture(path);
   return picture;
 }
 
@@ -101,34 +100,39 @@ PicturePtr FromPixels(const DecodedPixels& pixels) {
   return std::make_shared<PixelPicture>(std::move(image));
 }
 
+// Null when it cannot be decoded.
+PicturePtr DecodeOld(const std::string& decoderPath, OldFormat format, const std::string& bytes) {
+  const auto decoded = DecodeOldFormat(decoderPath, format, bytes);
+  if (!decoded) return nullptr;
+  const auto* svg = std::get_if<DecodedSvg>(&*decoded);
+  return svg ? FromSvg(*svg) : FromPixels(std::get<DecodedPixels>(*decoded));
+}
+
 }  // namespace
+
+RuntimeError DamagedPicture(const std::string& name) {
+  return Bad(name, "è danneggiata e non può essere letta.");
+}
 
 QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPath, PictureCheck check)
     : files_(files), decoderPath_(std::move(decoderPath)), check_(check) {
   QImageReader::setAllocationLimit(kMostDecodedMegabytes);
 }
 
-PicturePtr QtPictureLoader::LoadPicture(const std::string& path) {
+PicturePtr QtPictureLoader::LoadPicture(const std::string& path) const {
   if (QFileInfo(QString::fromStdString(files_.ToNative(path))).size() > kMostFileBytes) {
-    Refuse(path, "è troppo grande.");
+    throw Bad(path, "è troppo grande.");
   }
   const std::string bytes = files_.ReadBytes(path);
   if (const auto format = FormatOf(bytes)) {
-    const PicturePtr picture = DecodeOld(*format, bytes);
-    if (!picture) Refuse(path, "è danneggiata e non può essere letta.");
+    if (!QFileInfo(QString::fromStdString(decoderPath_)).isExecutable()) {
+      throw Bad(path, "non può essere letta: manca il programma 'morvane-decode'.");
+    }
+    PicturePtr picture = DecodeOld(decoderPath_, *format, bytes);
+    if (!picture) throw DamagedPicture(path);
     return picture;
   }
   return LoadPixels(path, WithBitmapFileHeader(QByteArray::fromStdString(bytes)), check_);
-}
-
-PicturePtr QtPictureLoader::DecodeOld(OldFormat format, const std::string& bytes) const {
-  try {
-    const DecodedPicture decoded = DecodeOldFormat(decoderPath_, format, bytes);
-    const auto* svg = std::get_if<DecodedSvg>(&decoded);
-    return svg ? FromSvg(*svg) : FromPixels(std::get<DecodedPixels>(decoded));
-  } catch (const RuntimeError&) {
-    return nullptr;
-  }
 }
 
 std::string OldFormatDecoderPath() {

@@ -5,8 +5,12 @@
 #include "platform/files/file_system.h"
 #include "platform/old_formats/old_format.h"
 #include "platform/picture.h"
+#include "platform/runtime_error.h"
 
 namespace Morvane {
+
+// What the user is told of a file, by its name, whose picture is damaged.
+RuntimeError DamagedPicture(const std::string& name);
 
 enum class PictureCheck {
   Whole,
@@ -22,12 +26,9 @@ class QtPictureLoader : public PictureLoader {
   // `decoderPath` is the native path of the decoder of old formats.
   QtPictureLoader(const FileSystem& files, std::string decoderPath, PictureCheck check = PictureCheck::Whole);
 
-  PicturePtr LoadPicture(const std::string& path) override;
+  PicturePtr LoadPicture(const std::string& path) const override;
 
  private:
-  // Null when it cannot be decoded.
-  PicturePtr DecodeOld(OldFormat format, const std::string& bytes) const;
-
   const FileSystem& files_;
   const std::string decoderPath_;
   const PictureCheck check_;

@@ -26,12 +26,13 @@ QPageLayout LayoutOf(SheetSize sheet, PageOrientation orientation) {
 
 }  // namespace
 
-void WritePdf(const std::string& nativePath, const DrawingList& drawing, PageOrientation orientation,
-              SheetSize sheet, const std::string& title) {
+std::vector<PicturePtr> WritePdf(const std::string& nativePath, const DrawingList& drawing,
+                                 PageOrientation orientation, SheetSize sheet, const std::string& title) {
   const RuntimeError failure(ErrorNumber::PrinterFailure,
                              "Impossibile scrivere il file '" + nativePath + "'.");
   QSaveFile file(QString::fromStdString(nativePath));
   if (!file.open(QIODevice::WriteOnly)) throw failure;
+  std::vector<PicturePtr> undecodable;
   {
     QPdfWriter writer(&file);
     writer.setCreator("Morvane");
@@ -42,13 +43,11 @@ void WritePdf(const std::string& nativePath, const DrawingList& drawing, PageOri
     if (!painter.begin(&writer)) throw failure;
     painter.scale(writer.logicalDpiX() / kTwipsPerInch, writer.logicalDpiY() / kTwipsPerInch);
     PaintCache cache;
-    if (!PaintDrawing(painter, drawing, cache)) {
-      throw RuntimeError(ErrorNumber::InvalidPicture,
-                         "Una delle immagini è danneggiata e non può essere letta.");
-    }
+    undecodable = PaintDrawing(painter, drawing, cache);
     painter.end();
   }
   if (!file.commit()) throw failure;
+  return undecodable;
 }
 
 }  // namespace Morvane
