@@ -20,15 +20,15 @@ class DialogFiles : public DialogTest {
 TEST_F(DialogFiles, NewFileTakesTheMeasuresOnShowOnlyFromCoverOne) {
   Press(dialog->Command2, "uno");
   EXPECT_EQ(dialog->List1.Text(), "uno");
-  EXPECT_EQ(dialog->Text1.Text(), "50");
-  EXPECT_EQ(dialog->Text4.Text(), "20");
+  EXPECT_EQ(Shown(dialog->Text1), "50");
+  EXPECT_EQ(Shown(dialog->Text4), "20");
 
   Select(0);
   Press(dialog->Command4);
   Press(dialog->Command2, "due");
   EXPECT_EQ(Listed(), (Rows{"a", "b", "due", "uno"}));
-  EXPECT_EQ(dialog->Text1.Text(), "100");
-  EXPECT_EQ(dialog->Text4.Text(), "250") << "off the sheet";
+  EXPECT_EQ(Shown(dialog->Text1), "100");
+  EXPECT_EQ(Shown(dialog->Text4), "250") << "off the sheet";
   EXPECT_EQ(state.NumCopertine, 1);
 }
 
@@ -51,7 +51,7 @@ TEST_F(DialogFiles, SaveAsKeepsTheSelectionAndRenamePromptsForTheOtherFile) {
 }
 
 TEST_F(DialogFiles, CancellingLeavesEverythingButTheFlagThatRenameHasCleared) {
-  Type(dialog->Text1, "9");
+  Enter(dialog->Text1, "9");
   machine.Windows.Inputs = {"", "b"};
   Press(dialog->Command16);
   Press(dialog->Command2, MsgBoxAnswer::Cancel);
@@ -63,6 +63,31 @@ TEST_F(DialogFiles, CancellingLeavesEverythingButTheFlagThatRenameHasCleared) {
   Press(dialog->Command14, "");
   EXPECT_EQ(state.LayoutModificato, 0);
   EXPECT_TRUE(FileHas("a", "Larg1=50"));
+}
+
+TEST_F(DialogFiles, EmptyAndPointedNamesAreLayoutsLikeAnyOther) {
+  WriteCovers("", {70});
+  WriteCovers(".celato", {80});
+  state.NomeLayout.clear();
+  Open();
+  EXPECT_EQ(Listed(), (Rows{"", ".celato", "a", "b"}));
+  EXPECT_EQ(Shown(dialog->Text1), "70");
+  Enter(dialog->Text1, "71");
+  Press(dialog->Command5);
+  EXPECT_TRUE(FileHas("", "Larg1=71"));
+  machine.Windows.Answers = {MsgBoxAnswer::Cancel};
+  Press(dialog->Command16, ".celato");
+  EXPECT_EQ(LastBox(), "Attenzione: La copertina '.celato' Esiste già, vuoi sovrascrivere il file?");
+  EXPECT_TRUE(FileHas(".celato", "Larg1=80"));
+}
+
+TEST_F(DialogFiles, AClickOnTheSelectedRowIsTheWayBackAfterSaveAs) {
+  Press(dialog->Command16, "c");
+  Enter(dialog->Text1, "9");
+  machine.Windows.Answers = {MsgBoxAnswer::No};
+  Select(0);
+  EXPECT_EQ(state.NomeLayout, "a");
+  EXPECT_EQ(Shown(dialog->Text1), "50");
 }
 
 TEST_F(DialogFiles, RefusedRenameAndDeleteTellWhyAndLeaveListFileAndName) {
@@ -78,13 +103,13 @@ TEST_F(DialogFiles, RefusedRenameAndDeleteTellWhyAndLeaveListFileAndName) {
 }
 
 TEST_F(DialogFiles, DeletingLoadsTheFirstThatIsLeftAndAsksAboutTheDeletedOne) {
-  Type(dialog->Text1, "9");
+  Enter(dialog->Text1, "9");
   machine.Files->Kill(PathOf("a"));
   machine.Windows.Answers = {MsgBoxAnswer::Ok, MsgBoxAnswer::Yes};
   Press(dialog->Command1);
   EXPECT_TRUE(LastBox().starts_with("Il file ' a ' è stato modificato"));
   EXPECT_EQ(Listed(), (Rows{"b"}));
-  EXPECT_EQ(dialog->Text1.Text(), "60");
+  EXPECT_EQ(Shown(dialog->Text1), "60");
 }
 
 TEST_F(DialogFiles, NameThatCannotBeAFileIsSavedNowhereAndTheRestGoesOn) {

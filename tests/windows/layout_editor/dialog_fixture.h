@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
+#include <QListView>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "platform/qt/views/view_text.h"
+#include "tests/hand/hand.h"
 #include "tests/support/test_machine.h"
 #include "windows/layout_editor/dialog.h"
 
@@ -36,41 +40,46 @@ class DialogTest : public ::testing::Test {
     WriteLayoutFile(name, lines);
   }
 
+  // What an earlier window was closed with goes with it.
   void Open() {
-    dialog = std::make_unique<Dialog>(state, machine.platform, slots, rnd);
-    dialog->form.EnsureLoaded();
+    hand = std::make_unique<Hand>(machine);
+    dialog = std::make_unique<Dialog>(state, hand->platform, slots, rnd);
+    hand->Show(dialog->form);
   }
 
-  void Press(CommandButton& button) {
-    machine.Windows.UserEvent([&] {
-      button.SetFocus();
-      button.PerformClick();
-    });
-  }
-  void Press(CommandButton& button, MsgBoxAnswer answer) {
+  void Press(const Control& control) { hand->Press(control); }
+  void Press(const Control& control, MsgBoxAnswer answer) {
     machine.Windows.Answers.push_back(answer);
-    Press(button);
+    Press(control);
   }
-  void Press(CommandButton& button, const std::string& input) {
+  void Press(const Control& control, const std::string& input) {
     machine.Windows.Inputs.push_back(input);
-    Press(button);
+    Press(control);
   }
   void Select(int index) {
-    machine.Windows.UserEvent([&] { dialog->List1.UserSelects(index); });
+    auto& list = Hand::See<QListView>(dialog->List1);
+    const QRect row = list.visualRect(list.model()->index(index, 0));
+    hand->Click(dialog->List1, ToTwips(row.center().x()), ToTwips(row.center().y()));
   }
-  void Type(TextBox& box, const std::string& text) {
-    machine.Windows.UserEvent([&] {
-      box.SetFocus();
-      box.SetText(text);
-      dialog->List1.SetFocus();
-    });
+  // Types and leaves the box.
+  void Enter(TextBox& box, const std::string& text) {
+    hand->Type(box, text);
+    hand->Key(Qt::Key_Return);
+  }
+  // In millimetres of the page.
+  void ClickPage(double x, double y, Qt::MouseButton button = Qt::LeftButton) {
+    const double twipsPerMm = dialog->Picture1.Width() / (state.Orientamento == 1 ? 297 : 210);
+    hand->Click(dialog->Picture1, x * twipsPerMm, y * twipsPerMm, button);
   }
 
   std::vector<std::string> Listed() const {
+    const QAbstractItemModel& list = *Hand::See<QListView>(dialog->List1).model();
     std::vector<std::string> rows;
-    for (int i = 0; i < dialog->List1.ListCount(); ++i) rows.push_back(dialog->List1.List(i));
+    for (int i = 0; i < list.rowCount(); ++i)
+      rows.push_back(list.index(i, 0).data().toString().toStdString());
     return rows;
   }
+  static std::string Shown(const TextBox& box) { return Hand::See<QLineEdit>(box).text().toStdString(); }
   bool FileHas(const std::string& name, const std::string& line) const {
     return machine.ReadFile(PathOf(name)).find(line + "\r\n") != std::string::npos;
   }
@@ -82,6 +91,7 @@ class DialogTest : public ::testing::Test {
   CoverSlots slots;
   Rnd rnd;
   std::unique_ptr<Dialog> dialog;
+  std::unique_ptr<Hand> hand;  // goes first, with its windows
 };
 
 using Rows = std::vector<std::string>;

@@ -1,3 +1,5 @@
+#include <QApplication>
+#include <QRadioButton>
 #include <random>
 
 #include "dialog_fixture.h"
@@ -6,7 +8,7 @@
 namespace Morvane {
 namespace {
 
-constexpr int kActions = 5000;
+constexpr int kActions = 2000;
 const std::string kTexts[] = {"12", "12.5", "7,25", "abc", "-3", "0", "1.99", "2", "250", "1e2", " 4 0", ""};
 const std::string kNames[] = {"a", "b", "c", "d", "e", "f"};
 
@@ -21,9 +23,18 @@ class DialogSession : public DialogTest, public ::testing::WithParamInterface<st
         {"b", {"Pagina=1", "Copertina1=0", "Copertina2=", "Copertina3=1", "Disty3=100", "Alte3=-2"}},
         {"c", {"Copertina1=0", "Distx1=25.4", "Larg1=121"}}};
     for (const auto& [name, lines] : model.files) WriteLayoutFile(name, lines);
-    model.boxes.fill("0");
     Open();
-    model.Select("a");
+    model.Open("a");
+  }
+
+  TextBox& Box(std::size_t measure) {
+    return *std::array{&dialog->Text1, &dialog->Text2, &dialog->Text4, &dialog->Text5}[measure];
+  }
+  // Before a click on another control takes effect, a box that has the keyboard loses it.
+  template <typename... Extra>
+  void PressAway(const Control& control, Extra... extra) {
+    model.LeaveBox();
+    Press(control, extra...);
   }
 
   int Pick(int count) { return std::uniform_int_distribution<int>(0, count - 1)(random); }
@@ -34,52 +45,86 @@ class DialogSession : public DialogTest, public ::testing::WithParamInterface<st
 
   void EditSomething() {
     const auto measure = static_cast<std::size_t>(Pick(4));
-    TextBox* const boxes[] = {&dialog->Text1, &dialog->Text2, &dialog->Text4, &dialog->Text5};
     CommandButton* const down[] = {&dialog->Command6, &dialog->Command8, &dialog->Command10,
                                    &dialog->Command12};
     CommandButton* const up[] = {&dialog->Command7, &dialog->Command9, &dialog->Command11,
                                  &dialog->Command13};
     OptionButton* const options[] = {&dialog->Option1, &dialog->Option2, &dialog->Option3, &dialog->Option4};
     const int option = Pick(4);
-    switch (Pick(9)) {
+    switch (Pick(11)) {
       case 0:
       case 1:
-        Press(*down[measure]);
+        PressAway(*down[measure]);
         return model.Step(measure, -1);
       case 2:
-        Press(*up[measure]);
+        PressAway(*up[measure]);
         return model.Step(measure, 1);
       case 3: {
         const std::string& text = kTexts[Pick(std::size(kTexts))];
-        Type(*boxes[measure], text);
-        return model.Leave(measure, text);
+        hand->Type(Box(measure), text);
+        return model.Type(measure, text);
       }
       case 4:
-        options[option]->PerformClick();
+        PressAway(*options[option]);
         return option < 2 ? model.ChoosePage(option) : model.ChooseShape(option - 2);
       case 5:
-        Press(dialog->Command17);
+        PressAway(dialog->Command17);
         return model.Add();
       case 6:
-        Press(dialog->Command18);
+        PressAway(dialog->Command18);
         return model.Remove();
       case 7:
-        Press(option == 0 ? dialog->Command3 : dialog->Command4);
+        PressAway(option == 0 ? dialog->Command3 : dialog->Command4);
         return model.Move(option == 0 ? -1 : 1);
+      case 8:
+        return PressKey();
+      case 9:
+        return WalkOn();
       default:
         return ClickPreview();
     }
   }
 
+  // Enter takes a measure over; elsewhere it presses a button, and Esc leaves the window: the next one opens
+  // on the layout that is the current one then.
+  void PressKey() {
+    if (model.focused) {
+      hand->Key(Qt::Key_Enter);
+      return model.Leave(*model.focused, model.boxes[*model.focused]);
+    }
+    if (Pick(4) != 0 || !model.files.contains(model.opened)) return;
+    hand->Key(Qt::Key_Escape);
+    ASSERT_TRUE(dialog->form.Unloaded());
+    Open();
+    model.Open(model.opened);
+  }
+
+  // Tab, and the arrow keys where the list has the keyboard.
+  void WalkOn() {
+    const bool inList = QApplication::focusWidget() == &Hand::See(dialog->List1);
+    const int row = dialog->List1.ListIndex() + 1;
+    if (inList && row < dialog->List1.ListCount()) {
+      ExpectAboutChanges();
+      hand->Key(Qt::Key_Down);
+      return model.Select(dialog->List1.List(row));
+    }
+    hand->Key(Qt::Key_Tab);
+    model.LeaveBox();
+    for (std::size_t measure = 0; measure < 4; ++measure) {
+      if (QApplication::focusWidget() == &Hand::See(Box(measure))) model.focused = measure;
+    }
+  }
+
   void ClickPreview() {
     std::uniform_real_distribution<double> part(0, 1);
-    const double x = part(random);
-    const double y = part(random);
-    dialog->Picture1.PerformMouseDown(MouseButton::Left, 0, x * dialog->Picture1.Width(),
-                                      y * dialog->Picture1.Height());
-    const double sides[] = {11906 / 1440.0, 16838 / 1440.0};
+    const int x = static_cast<int>(part(random) * dialog->Picture1.Width() / 15);
+    const int y = static_cast<int>(part(random) * dialog->Picture1.Height() / 15);
+    hand->Click(dialog->Picture1, x * 15, y * 15);
+    model.LeaveBox();
+    const double sides[] = {11905.5 / 1440, 16837.8 / 1440};
     const bool landscape = model.tables.Orientamento == 1;
-    model.Click(x * sides[landscape], y * sides[!landscape]);
+    model.Click(x * 15 / dialog->Picture1.Width() * sides[landscape],
+                y * 15 / dialog->Picture1.Height() * sides[!landscape]);
   }
 
   void UseAFile() {
@@ -89,16 +134,16 @@ class DialogSession : public DialogTest, public ::testing::WithParamInterface<st
       case 0:
         return SelectAny();
       case 1:
-        Press(dialog->Command5);
+        PressAway(dialog->Command5);
         return model.Save();
       case 2:
         if (exists) machine.Windows.Answers.push_back(MsgBoxAnswer::Ok);
-        Press(dialog->Command16, name);
+        PressAway(dialog->Command16, name);
         model.name = name;
         return model.Save();
       case 3:
         if (exists) machine.Windows.Answers.push_back(MsgBoxAnswer::Ok);
-        Press(dialog->Command2, name);
+        PressAway(dialog->Command2, name);
         return model.New(name);
       default:
         return exists && name != model.selected ? DeleteSelected() : RenameTo(name);
@@ -108,17 +153,20 @@ class DialogSession : public DialogTest, public ::testing::WithParamInterface<st
   void SelectAny() {
     const int row = Pick(dialog->List1.ListCount());
     const std::string entry = dialog->List1.List(row);
-    if (entry != model.selected) ExpectAboutChanges();
+    model.LeaveBox();
+    ExpectAboutChanges();
     Select(row);
     model.Select(entry);
   }
   void RenameTo(const std::string& name) {
+    model.LeaveBox();
     ExpectAboutChanges();
     Press(dialog->Command14, name);
     model.Rename(name);
   }
   void DeleteSelected() {
     machine.Windows.Answers.push_back(MsgBoxAnswer::Ok);
+    model.LeaveBox();
     ExpectAboutChanges();
     Press(dialog->Command1);
     model.files.erase(model.selected);
@@ -132,11 +180,11 @@ class DialogSession : public DialogTest, public ::testing::WithParamInterface<st
     ASSERT_EQ(state.NomeLayout, model.name);
     ASSERT_EQ(dialog->List1.Text(), model.selected);
     ASSERT_EQ(dialog->Label4.Caption(), model.caption);
-    const std::array<std::string, 4> boxes = {dialog->Text1.Text(), dialog->Text2.Text(),
-                                              dialog->Text4.Text(), dialog->Text5.Text()};
+    const std::array<std::string, 4> boxes = {Shown(dialog->Text1), Shown(dialog->Text2),
+                                              Shown(dialog->Text4), Shown(dialog->Text5)};
     ASSERT_EQ(boxes, model.boxes);
-    ASSERT_EQ(dialog->Option2.Value(), model.page == 1);
-    ASSERT_EQ(dialog->Option4.Value(), model.shape == 1);
+    ASSERT_EQ(Hand::See<QRadioButton>(dialog->Option2).isChecked(), model.page == 1);
+    ASSERT_EQ(Hand::See<QRadioButton>(dialog->Option4).isChecked(), model.shape == 1);
     ASSERT_TRUE(machine.Windows.Answers.empty());
   }
   void CompareFiles() {

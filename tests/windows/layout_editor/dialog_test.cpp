@@ -12,7 +12,7 @@ TEST_F(DialogTest, OpensOnTheFirstFileThenOnTheCurrentOneWhateverItsCase) {
   Open();
   EXPECT_EQ(Listed(), (Rows{"CD", "dvd"}));
   EXPECT_EQ(state.NomeLayout, "CD");
-  EXPECT_EQ(dialog->Text1.Text(), "121");
+  EXPECT_EQ(Shown(dialog->Text1), "121");
   EXPECT_EQ(dialog->Label4.Caption(), "Ogg.01");
   Select(1);
   Press(dialog->CancelButton);
@@ -34,12 +34,12 @@ TEST_F(DialogTest, WithoutTheCurrentFileNothingIsOnShowAndEditingWaits) {
   Open();
   EXPECT_EQ(dialog->List1.ListIndex(), -1);
   const LayoutTables before = state;
-  Type(dialog->Text1, "33");
+  Enter(dialog->Text1, "33");
   Press(dialog->Command7);
   Press(dialog->Command18);
   EXPECT_TRUE(static_cast<const LayoutTables&>(state) == before);
   EXPECT_EQ(state.CopCorrente, 0);
-  dialog->Option4.PerformClick();
+  Press(dialog->Option4);
   EXPECT_EQ(state.CopCorrente, 1) << "the shape options begin with cover 1";
 }
 
@@ -47,13 +47,13 @@ TEST_F(DialogTest, YesDiscardsTheChangesJustAsNoDoes) {
   WriteCovers("cd", {121});
   WriteCovers("dvd", {130});
   Open();
-  Type(dialog->Text1, "99");
+  Enter(dialog->Text1, "99");
   EXPECT_EQ(state.LayoutModificato, -1);
   machine.Windows.Answers = {MsgBoxAnswer::Yes};
   Select(1);
   EXPECT_EQ(LastBox(), "Il file ' cd ' è stato modificato, si desidera salvare le modifiche?");
   EXPECT_TRUE(FileHas("cd", "Larg1=121"));
-  EXPECT_EQ(dialog->Text1.Text(), "130");
+  EXPECT_EQ(Shown(dialog->Text1), "130");
   EXPECT_EQ(state.LayoutModificato, 0);
 }
 
@@ -69,7 +69,7 @@ TEST_F(DialogTest, UnreadableFileIsToldOfAndLeavesTheLayoutBeforeIt) {
   machine.Windows.Answers = {MsgBoxAnswer::No};
   Select(0);
   EXPECT_EQ(state.NomeLayout, "b");
-  EXPECT_EQ(dialog->Text1.Text(), "122");
+  EXPECT_EQ(Shown(dialog->Text1), "122");
   EXPECT_EQ(state.CopLarg[1], 12.2);
   EXPECT_TRUE(dialog->Option1.Value() && dialog->Option3.Value());
   EXPECT_EQ(state.LayoutModificato, 0);
@@ -102,24 +102,25 @@ TEST_F(DialogTest, PreviewTurnsWithThePageAndPicksTheLowestCoverByTheLeftButton)
   WriteCovers("a", {100, 50, 60});
   Open();
   EXPECT_NEAR(dialog->Picture1.Width(), 4155.0 * 210 / 297, 1e-6);
-  const auto click = [&](MouseButton button, double xMm, double yMm) {
-    dialog->Picture1.MouseDown(button, 0, xMm / 25.4, yMm / 25.4);
+  const auto click = [&](Qt::MouseButton button, double xMm, double yMm) {
+    ClickPage(xMm, yMm, button);
     return state.CopCorrente;
   };
-  dialog->Command4.PerformClick();
-  Type(dialog->Text4, "60");
-  dialog->Command4.PerformClick();
-  Type(dialog->Text4, "90");
-  EXPECT_EQ(click(MouseButton::Right, 100, 40), 3);
-  EXPECT_EQ(click(MouseButton::Left, 100, 40), 1);
-  EXPECT_EQ(click(MouseButton::Left, 125, 40), 3);
-  EXPECT_EQ(click(MouseButton::Left, 150, 40), 3) << "the edge is outside";
-  dialog->Picture1.MouseMove(0, 100 / 25.4, 40 / 25.4);
+  Press(dialog->Command4);
+  Enter(dialog->Text4, "60");
+  Press(dialog->Command4);
+  Enter(dialog->Text4, "90");
+  EXPECT_EQ(click(Qt::RightButton, 100, 40), 3);
+  EXPECT_EQ(click(Qt::LeftButton, 100, 40), 1);
+  EXPECT_EQ(click(Qt::LeftButton, 125, 40), 3);
+  EXPECT_EQ(click(Qt::ExtraButton1, 100, 40), 3);
+  const double twipsPerMm = dialog->Picture1.Width() / 210;
+  hand->Point(dialog->Picture1, 100 * twipsPerMm, 40 * twipsPerMm);
   EXPECT_EQ(dialog->Picture1.ToolTipText(), "Copertina n.1/3 clicca col mouse per modificare i parametri");
-  dialog->Picture1.MouseMove(0, 0, 0);
+  hand->Point(dialog->Picture1, 0, 0);
   EXPECT_EQ(dialog->Picture1.ToolTipText(), "Scegli la copertina da modificare quindi cliccala.");
 
-  dialog->Option2.PerformClick();
+  Press(dialog->Option2);
   EXPECT_EQ(dialog->Picture1.Width(), 4155);
   EXPECT_NEAR(dialog->Picture1.Height(), 4155.0 * 210 / 297, 1e-6);
 }

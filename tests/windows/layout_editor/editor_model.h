@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ struct EditorModel {
   int onShow = 0;
   bool modified = false;
   std::string name;
+  std::string opened;                  // the name that Esc goes back to
+  std::optional<std::size_t> focused;  // the box that has the keyboard
   std::string selected;
   std::string caption;
   std::array<std::string, 4> boxes;
@@ -41,6 +44,17 @@ struct EditorModel {
   static double ToTable(std::size_t measure, double mm) { return measure < 2 ? mm / 10 : mm / 10 / 2.54; }
   double Millimetres(std::size_t measure, int n) {
     return measure < 2 ? Cell(measure, n) * 10 : Cell(measure, n) * 10 * 2.54;
+  }
+
+  void Open(const std::string& entry) {
+    opened = name;
+    modified = false;
+    boxes.fill("0");
+    page = shape = -1;
+    caption = "Ogg.01";
+    onShow = 0;
+    focused.reset();
+    Select(entry);
   }
 
   void ChoosePage(int option) {
@@ -68,6 +82,16 @@ struct EditorModel {
     const double value = ToTable(measure, Val(text));
     if (Cell(measure, onShow) != value) modified = true;
     Cell(measure, onShow) = value;
+  }
+  // What is typed counts when the keyboard leaves the box.
+  void Type(std::size_t measure, const std::string& text) {
+    if (focused != measure) LeaveBox();
+    focused = measure;
+    boxes[measure] = text;
+  }
+  void LeaveBox() {
+    if (focused) Leave(*focused, boxes[*focused]);
+    focused.reset();
   }
   void Step(std::size_t measure, int direction) {
     const double mm = Val(boxes[measure]);
@@ -144,7 +168,6 @@ struct EditorModel {
     }
   }
   void Select(const std::string& entry) {
-    if (entry == selected) return;
     selected = entry;
     modified = false;
     name = entry;
@@ -159,7 +182,7 @@ struct EditorModel {
     Cell(0, 1) = Cell(1, 1) = 10;
     Cell(2, 1) = Cell(3, 1) = 25 / 2.54;
     Save();
-    Select(newName);
+    if (newName != selected) Select(newName);
   }
   // `to` is free, or the file's own name.
   void Rename(const std::string& to) {

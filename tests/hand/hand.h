@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QWidget>
+#include <string>
+
+#include "platform/platform.h"
+#include "platform/qt/desktop/qt_screen.h"
+#include "platform/qt/desktop/qt_window_system.h"
+#include "tests/support/test_machine.h"
+
+namespace Morvane {
+
+// Real windows, shown without a screen. Boxes are answered by the machine's script, and so are modal windows that the
+// script knows: it plays the user in them, and must hide or unload them.
+class HandWindows : public QtWindowSystem {
+ public:
+  HandWindows(FileSystem& files, ScriptedWindows& script) : QtWindowSystem(files), script_(script) {}
+
+  MsgBoxAnswer MsgBox(const std::string& text, MsgBoxButtons buttons, const std::string& title) override;
+  std::string InputBox(const std::string& prompt, const std::string& title, const std::string& defaultText) override;
+  void PopupMenu(const std::vector<MenuItem>& items) override { script_.PopupMenu(items); }
+  std::string BrowseForFolder(const std::string& title) override { return script_.BrowseForFolder(title); }
+
+ protected:
+  void RunModal(Form& form) override;
+
+ private:
+  ScriptedWindows& script_;
+};
+
+// A person at the keyboard and mouse of a machine. Controls are found in the window on the screen, by name; places
+// are twips from a control's corner.
+class Hand {
+ public:
+  explicit Hand(TestMachine& machine);
+
+  HandWindows windows;
+  Platform platform;
+
+  // The window as the program's first.
+  void Show(Form& form);
+
+  void Press(const Control& control);
+  void Click(const Control& control, double x, double y, Qt::MouseButton button = Qt::LeftButton,
+             Qt::KeyboardModifiers modifiers = {});
+  void Point(const Control& control, double x, double y);
+  // Clicks into the box and replaces its text.
+  void Type(const Control& box, const std::string& text);
+  // To what has the keyboard.
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+  void HoldDown(Qt::Key key);  // three repeats of a key that is held
+
+  template <typename Widget = QWidget>
+  static Widget& See(const Control& control) {
+    return dynamic_cast<Widget&>(Find(control));
+  }
+  static QWidget& See(const Form& form);
+  // Lets waiting events run.
+  static void Settle();
+
+ private:
+  static QWidget& Find(const Control& control);
+
+  const QtScreen screen_;
+};
+
+}  // namespace Morvane
