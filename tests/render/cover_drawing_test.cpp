@@ -66,6 +66,15 @@ TEST_F(CoverDrawing, RectangleLinesMoveTwoStepsUpAndLeftOfCentre) {
   ExpectBox(boxes[2].box, 0.955, 0.955, 3.027, 2.027);
 }
 
+TEST_F(CoverDrawing, ThickestOutlinesOfAllCoversEndAtTheSheet) {
+  state.SpessoreBordo = 32767;
+  state.NumCopertine = 100;
+  for (std::size_t n = 1; n <= 100; ++n) SetCover(n, 1, 1, 2, 1);
+  DisegnaCopertine(surface, 1, state, slots);
+  // The last line seen of each: its right edge lies 8 inches from the cover.
+  EXPECT_EQ(Drawn<BoxShape>().size(), 100U * 1000);
+}
+
 TEST_F(CoverDrawing, EllipseTakesItsRadiusFromTheWidthAlone) {
   state.CopForma[1] = 1;
   SetCover(1, 0, 0, 4, 2);

@@ -34,6 +34,59 @@ void ForEachLine(const std::string& text, Visitor visit) {
   }
 }
 
+// Wider than any printer's margin: its surface begins at the printable corner, and the sheet before that.
+constexpr double kMarginTwips = kTwipsPerInch;
+constexpr double kLongestText = 1e6;  // twips
+
+struct Sheet {
+  double left, top, right, bottom;  // twips
+};
+
+// False where a side is no number.
+bool Overlap(double from, double to, double low, double high) {
+  return (from <= high && to >= low) || (to <= high && from >= low);
+}
+
+bool Touches(const TwipsBox& box, const Sheet& sheet) {
+  return Overlap(box.left, box.left + box.width, sheet.left, sheet.right) &&
+         Overlap(box.top, box.top + box.height, sheet.top, sheet.bottom);
+}
+
+bool LiesInside(const Sheet& sheet, const TwipsBox& box) {
+  const auto [left, right] = std::minmax({box.left, box.left + box.width});
+  const auto [top, bottom] = std::minmax({box.top, box.top + box.height});
+  return left < sheet.left && top < sheet.top && right > sheet.right && bottom > sheet.bottom;
+}
+
+bool LiesInsideEllipse(const Sheet& sheet, const TwipsBox& box) {
+  const double x = std::max(std::abs(sheet.left - box.left - box.width / 2),
+                            std::abs(sheet.right - box.left - box.width / 2));
+  const double y = std::max(std::abs(sheet.top - box.top - box.height / 2),
+                            std::abs(sheet.bottom - box.top - box.height / 2));
+  return std::hypot(2 * x / box.width, 2 * y / box.height) < 1;
+}
+
+// Whether any of a shape lies on the sheet. A line around the whole sheet does not.
+struct Shows {
+  const Sheet sheet;
+
+  bool operator()(const LineShape& line) const {
+    return Touches({line.x1, line.y1, line.x2 - line.x1, line.y2 - line.y1}, sheet);
+  }
+  bool operator()(const BoxShape& box) const {
+    return Touches(box.box, sheet) && (box.filled || !LiesInside(sheet, box.box));
+  }
+  bool operator()(const EllipseShape& ellipse) const {
+    return Touches(ellipse.box, sheet) && !LiesInsideEllipse(sheet, ellipse.box);
+  }
+  bool operator()(const PictureShape& picture) const { return Touches(picture.box, sheet); }
+  // How far it goes is not worth measuring.
+  bool operator()(const TextShape& text) const {
+    return Overlap(text.left, text.left, sheet.left - kLongestText, sheet.right) &&
+           Overlap(text.top, text.top, sheet.top - kLongestText, sheet.bottom);
+  }
+};
+
 }  // namespace
 
 void DrawingSurface::SetSize(double widthTwips, double heightTwips) {
@@ -95,6 +148,8 @@ void DrawingSurface::SetFontSize(double points) {
 }
 
 void DrawingSurface::Add(Shape shape) {
+  const Sheet sheet{-kMarginTwips, -kMarginTwips, widthTwips_ + kMarginTwips, heightTwips_ + kMarginTwips};
+  if (!std::visit(Shows{sheet}, shape)) return;
   drawing_.push_back(std::move(shape));
   if (OnDrawn) OnDrawn();
 }

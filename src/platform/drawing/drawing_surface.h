@@ -14,7 +14,7 @@ enum class LineStyle { Line, Box, FilledBox };
 
 // The one drawing target of the system: a picture control of a window, which keeps what is drawn on it, or
 // the page of the printer. Coordinates are in the current scale and stay double precision until the device
-// turns them into dots.
+// turns them into dots. A shape of which nothing lies on the sheet is not kept.
 class DrawingSurface {
  public:
   explicit DrawingSurface(const TextMetrics& metrics) : metrics_(metrics) {}

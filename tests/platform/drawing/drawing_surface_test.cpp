@@ -11,15 +11,18 @@ namespace {
 
 class Surface : public ::testing::Test {
  protected:
-  Surface() { surface.SetSize(2880, 1440); }
+  Surface() {
+    surface.SetSize(2880, 1440);
+    machine.WritePicture("C:\\a.jpg", 100, 100);
+  }
 
   template <typename T>
   T Last() const {
     return std::get<T>(surface.Drawing().back());
   }
 
-  EvenTextMetrics metrics;
-  DrawingSurface surface{metrics};
+  TestMachine machine;
+  DrawingSurface surface{machine.Metrics};
 };
 
 TEST_F(Surface, UnitsAndUserScaleGiveTheSamePlaceInTwips) {
@@ -51,6 +54,30 @@ TEST_F(Surface, EllipseStretchesWithUnequalDirections) {
   EXPECT_EQ(Last<EllipseShape>().box, (TwipsBox{0, 0, 2880, 1440}));
   EXPECT_THROW(surface.Circle(0, 0, -1, {}), RuntimeError);
   EXPECT_THROW(surface.Circle(0, 0, 1, {}, -1), RuntimeError);
+}
+
+// In inches of a sheet of two by one; the margin of a printer lies to the left of and above 0,0.
+TEST_F(Surface, KeepsOnlyWhatLiesOnTheSheet) {
+  surface.SetScaleMode(ScaleMode::Inches);
+  surface.Line(-5, -5, 5, 5, LineStyle::Box);
+  surface.Line(5, 0, 9, 9, LineStyle::Box);
+  surface.Line(1e308, 0, 1e308, 1, LineStyle::Box);
+  surface.Line(0, -9, 2, -2);
+  surface.Circle(1, 0.5, 5, {});
+  surface.PaintPicture(machine.Pictures.LoadPicture("C:\\a.jpg"), 0, 4, 1, 1);
+  surface.CurrentY = -1e308;
+  surface.Print("x");
+  EXPECT_TRUE(surface.Drawing().empty());
+
+  surface.Line(-0.5, -0.5, 5, 5, LineStyle::Box);
+  surface.Line(-5, -5, 5, 5, LineStyle::FilledBox);
+  surface.Line(9, 0.5, -1e308, 0.5);
+  surface.Circle(1, 0.5, 0.9, {});
+  surface.Circle(1, 0.5, 3, {}, 0.2);
+  surface.PaintPicture(machine.Pictures.LoadPicture("C:\\a.jpg"), -1, -1, 1e308, 3);
+  surface.CurrentY = -0.1;
+  surface.Print("x");
+  EXPECT_EQ(surface.Drawing().size(), 7U);
 }
 
 TEST_F(Surface, PrintMovesDownAndBackToTheLeftEdge) {

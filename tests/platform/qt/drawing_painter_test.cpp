@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QProcess>
+#include <limits>
 
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/painting/font_stand_ins.h"
@@ -48,6 +49,21 @@ TEST(DrawingPainterTest, BoxLinesAreOneCrispPixelAtAnyPixelRatio) {
 TEST(DrawingPainterTest, ShapesOfNegativeSizeAreTheSame) {
   EXPECT_EQ(Painted({BoxShape{{900, 900, -700, -600}, {}, true}}, 80),
             Painted({BoxShape{{200, 300, 700, 600}, {}, true}}, 80));
+}
+
+TEST(DrawingPainterTest, ShapesMayReachBeyondAllNumbers) {
+  QImage red(8, 8, QImage::Format_RGB32);
+  red.fill(Qt::red);
+  const double far = std::numeric_limits<double>::infinity();
+  const QImage image =
+      Painted({PictureShape{{150, 150, far, 1e300}, std::make_shared<PixelPicture>(red)},
+               LineShape{300, 300, 1e300, 300, {}}, BoxShape{{150, 600, far, far}, {}, false}},
+              80);
+  EXPECT_EQ(image.pixelColor(9, 9), Qt::white);
+  EXPECT_EQ(image.pixelColor(10, 10), Qt::red);
+  EXPECT_EQ(image.pixelColor(79, 79), Qt::red);
+  EXPECT_EQ(image.pixelColor(70, 20), Qt::black);
+  EXPECT_EQ(image.pixelColor(10, 70), Qt::black);
 }
 
 TEST(DrawingPainterTest, LeavesThePainterAsItWas) {

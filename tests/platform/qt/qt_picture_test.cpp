@@ -2,6 +2,7 @@
 #include <sys/resource.h>
 
 #include <QBuffer>
+#include <QColorSpace>
 #include <QElapsedTimer>
 #include <QImageWriter>
 #include <QPainter>
@@ -132,12 +133,45 @@ TEST_F(QtPictureTest, BrokenAndHostileFilesAreRefusedSoonAndForLittleMemory) {
   ExpectRefused("gigante.bmp", giant);
 
   std::string scans = Encoded(QImage(8000, 8000, QImage::Format_Grayscale8), "jpg");
+  scans.resize(scans.size() - 2);
   for (int i = 0; i < 50; ++i) scans += "\xFF\xDA";
   ExpectRefused("passate.jpg", scans);
   EXPECT_LT(timer.elapsed(), kHostileMs);
   rusage usage;
   getrusage(RUSAGE_SELF, &usage);
   EXPECT_LT(usage.ru_maxrss, kHostileKilobytes);
+}
+
+// A phone appends its film to the photo: megabytes in which the start of a scan stands by chance.
+TEST_F(QtPictureTest, WhatFollowsAPhotoCostsNothing) {
+  const std::string photo = Encoded(TwoHalves(4000, 3000), "jpg");
+  std::string film = "....ftypmp42";
+  for (int i = 0; i < 500; ++i) film += std::string(1000, 'x') + "\xFF\xDA";
+  const PicturePtr picture = Load("foto.jpg", photo + film);
+  EXPECT_GT(qRed(Decoded(picture, 64, 32).pixel(10, 2)), 200);
+  // In front of the end the same is refused, whatever segment hides an end within it.
+  const std::string thumbnail("\xFF\xE1\x00\x06\xFF\xD8\xFF\xD9", 8);
+  ExpectRefused("passate.jpg",
+                "\xFF\xD8" + thumbnail + photo.substr(2, photo.size() - 4) + film + "\xFF\xD9");
+}
+
+TEST_F(QtPictureTest, DecodedPixelsAreSrgbWhateverTheProfile) {
+  QImage plain(64, 64, QImage::Format_RGB32);
+  plain.fill(qRgb(200, 60, 40));
+  for (const auto space : {QColorSpace::SRgb, QColorSpace::AdobeRgb, QColorSpace::DisplayP3}) {
+    QImage image = plain;
+    image.setColorSpace(QColorSpace::SRgb);
+    image.convertToColorSpace(space);
+    for (const char* format : {"jpg", "png", "tiff"}) {
+      const QColor seen = Decoded(Load("foto", Encoded(image, format)), 64, 64).pixelColor(30, 30);
+      EXPECT_NEAR(seen.red(), 200, 3) << format << space;
+      EXPECT_NEAR(seen.green(), 60, 3) << format << space;
+      EXPECT_NEAR(seen.blue(), 40, 3) << format << space;
+    }
+  }
+  const QImage grey = plain.convertToFormat(QImage::Format_Grayscale8);
+  EXPECT_NEAR(Decoded(Load("grigia.jpg", Encoded(grey, "jpg")), 64, 64).pixelColor(30, 30).red(),
+              grey.pixelColor(30, 30).red(), 2);
 }
 
 // What is missing of a photo stays grey; the rest can still be printed.

@@ -11,7 +11,10 @@
 namespace Morvane {
 namespace {
 
+constexpr int kMostPixels = 100000;  // that a picture is decoded to, each way
 constexpr double kPaperDotTwips = kTwipsPerInch / 600;
+// Far outside every device, and a number that each step of the toolkit can hold.
+constexpr double kFarthest = 1e7;
 constexpr double kFinestPixelsPerTwip = 600 / kTwipsPerInch;
 
 QColor ToQt(Color color) {
@@ -64,9 +67,9 @@ class Painting {
     const QRectF box = InPixels(shape.box);
     if (onPaper_) return DrawPicture(shape.picture, box, PaperDots(box));
     const QPoint corner(static_cast<int>(std::lround(box.left())), static_cast<int>(std::lround(box.top())));
-    const QSize size(AtLeastOne(std::round(box.right()) - corner.x()),
-                     AtLeastOne(std::round(box.bottom()) - corner.y()));
-    DrawPicture(shape.picture, QRectF(QRect(corner, size)), size);
+    const QSize size(std::max(static_cast<int>(std::lround(box.right())) - corner.x(), 1),
+                     std::max(static_cast<int>(std::lround(box.bottom())) - corner.y(), 1));
+    DrawPicture(shape.picture, QRectF(QRect(corner, size)), size.boundedTo({kMostPixels, kMostPixels}));
   }
 
   void operator()(const TextShape& text) {
@@ -98,7 +101,7 @@ class Painting {
   }
 
   static int AtLeastOne(double pixels) {
-    return static_cast<int>(std::clamp(std::ceil(pixels), 1.0, 100000.0));
+    return static_cast<int>(std::clamp(std::ceil(pixels), 1.0, double{kMostPixels}));
   }
 
   void UseHairline(Color color) {
@@ -109,13 +112,19 @@ class Painting {
 
   // The middle of the pixel that holds a place of the drawing; on paper the place itself.
   QPointF OnDot(QPointF twips) const {
-    if (onPaper_) return twips;
-    const QPointF pixels = toPixels_.map(twips);
+    const QPointF pixels = Near(toPixels_.map(twips));
+    if (onPaper_) return pixels;
     return {std::floor(pixels.x()) + 0.5, std::floor(pixels.y()) + 0.5};
   }
 
   QRectF InPixels(const TwipsBox& box) const {
-    return toPixels_.mapRect(QRectF(box.left, box.top, box.width, box.height).normalized());
+    return QRectF(Near(toPixels_.map(QPointF(box.left, box.top))),
+                  Near(toPixels_.map(QPointF(box.left + box.width, box.top + box.height))))
+        .normalized();
+  }
+
+  static QPointF Near(QPointF point) {
+    return {std::clamp(point.x(), -kFarthest, kFarthest), std::clamp(point.y(), -kFarthest, kFarthest)};
   }
 
   void DrawPicture(const PicturePtr& picture, const QRectF& box, QSize pixels) {

@@ -5,8 +5,16 @@
 
 namespace Morvane {
 
-// True when decoding the file could take more than two seconds or 1.5 GiB: more pixels than a camera makes,
-// or a JPEG whose scans go over them again and again. `format` is the image reader's name of it.
-bool CostsTooMuch(const QByteArray& bytes, const QByteArray& format, QSize size);
+// What of a JPEG file is its first picture: phones append films and further pictures.
+struct JpegExtent {
+  qsizetype end = 0;    // bytes from the start of the file
+  qsizetype scans = 0;  // passes over the pixels
+};
+
+JpegExtent ExtentOfJpeg(const QByteArray& bytes);
+
+// True when decoding a picture could take more than two seconds or 1.5 GiB: more pixels than a camera makes,
+// or a JPEG whose scans go over them again and again. Any other format has no scans.
+bool CostsTooMuch(QSize size, qsizetype jpegScans);
 
 }  // namespace Morvane

@@ -1,6 +1,7 @@
 #include "platform/qt/pictures/qt_picture.h"
 
 #include <QBuffer>
+#include <QColorSpace>
 #include <QImageReader>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -19,6 +20,13 @@ constexpr double kMostOverviewPixels = 512e3;  // 2 MB
 QImage Averaged(const QImage& image, QSize size) {
   if (image.isNull() || image.size() == size) return image;
   return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+// Screen and sheet carry no profile; a picture without one is sRGB already.
+QImage InSrgb(QImage image) {
+  const QColorSpace space = image.colorSpace();
+  if (space.isValid() && space != QColorSpace::SRgb) image.convertToColorSpace(QColorSpace::SRgb);
+  return image;
 }
 
 }  // namespace
@@ -62,7 +70,7 @@ QImage FilePicture::DecodeFile(QSize pixels) const {
   const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(size_);
   const bool mostOfIt = 2 * size.width() > size_.width() || 2 * size.height() > size_.height();
   if (!mostOfIt) reader.setScaledSize(size);
-  return Averaged(reader.read(), turned_ ? size.transposed() : size);
+  return InSrgb(Averaged(reader.read(), turned_ ? size.transposed() : size));
 }
 
 double PixelPicture::WidthTwips() const {

@@ -79,9 +79,11 @@ PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes, PictureC
   const int index = format == "ico" || format == "cur" ? LargestImage(reader) : 0;
   const QSize size = reader.size();
   if (size.isEmpty()) throw DamagedPicture(path);
-  if (CostsTooMuch(bytes, format, size)) throw Bad(path, "è troppo grande.");
+  const bool isJpeg = format == "jpeg" || format == "jpg";
+  const JpegExtent extent = isJpeg ? ExtentOfJpeg(bytes) : JpegExtent{bytes.size(), 0};
+  if (CostsTooMuch(size, extent.scans)) throw Bad(path, "è troppo grande.");
   const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
-  auto picture = std::make_shared<FilePicture>(bytes, size, turned, index);
+  auto picture = std::make_shared<FilePicture>(bytes.left(extent.end), size, turned, index);
   if (check == PictureCheck::Whole && !picture->CanBeDecoded()) throw DamagedPicture(path);
   return picture;
 }
