@@ -32,7 +32,8 @@ MsgBoxAnswer HandWindows::MsgBox(const std::string& text, MsgBoxButtons buttons,
   return script_.MsgBox(text, buttons, title);
 }
 
-std::string HandWindows::InputBox(const std::string& prompt, const std::string& title, const std::string& defaultText) {
+std::string HandWindows::InputBox(const std::string& prompt, const std::string& title,
+                                  const std::string& defaultText) {
   return script_.InputBox(prompt, title, defaultText);
 }
 
@@ -47,8 +48,8 @@ void HandWindows::RunModal(Form& form) {
 
 Hand::Hand(TestMachine& machine)
     : windows(*machine.Files, machine.Windows),
-      platform{windows,          machine.TheScreen,  *machine.Files,   machine.Pictures, machine.Metrics,
-               machine.Fonts,    machine.ThePrinter, machine.Launches, machine.Http,     machine.platform.app},
+      platform{windows,       machine.TheScreen,  *machine.Files,   machine.Pictures, machine.Metrics,
+               machine.Fonts, machine.ThePrinter, machine.Launches, machine.Http,     machine.platform.app},
       screen_(machine.TheScreen) {}
 
 void Hand::Show(Form& form) {
@@ -104,7 +105,8 @@ void Hand::Settle() {
 }
 
 QWidget& Hand::Find(const Control& control) {
-  QWidget* const found = See(control.Parent().OwnerForm()).findChild<QWidget*>(QString::fromStdString(control.Name()));
+  QWidget* const found =
+      See(control.Parent().OwnerForm()).findChild<QWidget*>(QString::fromStdString(control.Name()));
   if (found == nullptr) throw std::logic_error("no control " + control.Name());
   return *found;
 }

@@ -10,14 +10,15 @@
 
 namespace Morvane {
 
-// Real windows, shown without a screen. Boxes are answered by the machine's script, and so are modal windows that the
-// script knows: it plays the user in them, and must hide or unload them.
+// Real windows, shown without a screen. Boxes are answered by the machine's script, and so are modal windows
+// that the script knows: it plays the user in them, and must hide or unload them.
 class HandWindows : public QtWindowSystem {
  public:
   HandWindows(FileSystem& files, ScriptedWindows& script) : QtWindowSystem(files), script_(script) {}
 
   MsgBoxAnswer MsgBox(const std::string& text, MsgBoxButtons buttons, const std::string& title) override;
-  std::string InputBox(const std::string& prompt, const std::string& title, const std::string& defaultText) override;
+  std::string InputBox(const std::string& prompt, const std::string& title,
+                       const std::string& defaultText) override;
   void PopupMenu(const std::vector<MenuItem>& items) override { script_.PopupMenu(items); }
   std::string BrowseForFolder(const std::string& title) override { return script_.BrowseForFolder(title); }
 
@@ -28,8 +29,8 @@ class HandWindows : public QtWindowSystem {
   ScriptedWindows& script_;
 };
 
-// A person at the keyboard and mouse of a machine. Controls are found in the window on the screen, by name; places
-// are twips from a control's corner.
+// A person at the keyboard and mouse of a machine. Controls are found in the window on the screen, by name;
+// places are twips from a control's corner.
 class Hand {
  public:
   explicit Hand(TestMachine& machine);
@@ -40,15 +41,15 @@ class Hand {
   // The window as the program's first.
   void Show(Form& form);
 
-  void Press(const Control& control);
-  void Click(const Control& control, double x, double y, Qt::MouseButton button = Qt::LeftButton,
-             Qt::KeyboardModifiers modifiers = {});
-  void Point(const Control& control, double x, double y);
+  static void Press(const Control& control);
+  static void Click(const Control& control, double x, double y, Qt::MouseButton button = Qt::LeftButton,
+                    Qt::KeyboardModifiers modifiers = {});
+  static void Point(const Control& control, double x, double y);
   // Clicks into the box and replaces its text.
-  void Type(const Control& box, const std::string& text);
+  static void Type(const Control& box, const std::string& text);
   // To what has the keyboard.
-  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
-  void HoldDown(Qt::Key key);  // three repeats of a key that is held
+  static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+  static void HoldDown(Qt::Key key);  // three repeats of a key that is held
 
   template <typename Widget = QWidget>
   static Widget& See(const Control& control) {
