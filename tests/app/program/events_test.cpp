@@ -17,12 +17,14 @@ constexpr int kLongestWait = 2000;  // milliseconds
 
 // Takes the handler's place and does what a person does to reach it.
 template <typename... Arguments>
-void Reach(const std::string& event, std::function<void(Arguments...)>& handler, const std::function<void()>& means) {
+void Reach(const std::string& event, std::function<void(Arguments...)>& handler,
+           const std::function<void()>& means) {
   if (!handler) return;
   bool fired = false;
   handler = [&](Arguments...) { fired = true; };
   means();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return fired; }, kLongestWait)) << event << " is connected, and nothing that a person does fires it";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return fired; }, kLongestWait))
+      << event << " is connected, and nothing that a person does fires it";
   handler = nullptr;
 }
 
@@ -48,7 +50,8 @@ void ClickOtherThing(const Control& control) {
 
 void ReachBars(Control& control) {
   if (auto* const bar = dynamic_cast<Toolbar*>(&control)) {
-    Reach("ButtonClick", bar->ButtonClick, [&] { Hand::See(control).findChild<QToolButton*>("Front")->click(); });
+    Reach("ButtonClick", bar->ButtonClick,
+          [&] { Hand::See(control).findChild<QToolButton*>("Front")->click(); });
     Reach("ButtonMenuClick", bar->ButtonMenuClick, [&] {
       Hand::See(control).findChild<QToolButton*>("Contorno")->menu()->actions().front()->trigger();
     });
@@ -129,7 +132,8 @@ class Events : public ProgramTest, public testing::WithParamInterface<std::strin
 TEST_P(Events, OfEachConnectedHandlerCanBeFiredByAPerson) {
   Open(GetParam(), [](Form& form, QWidget& window) {
     for (Control* const control : form.AllControls()) {
-      const bool seen = control->Visible() && (control->Width() > 0 || dynamic_cast<Timer*>(control) != nullptr);
+      const bool seen =
+          control->Visible() && (control->Width() > 0 || dynamic_cast<Timer*>(control) != nullptr);
       if (seen) ReachEvents(*control);
     }
     ReachEvents(form, window);

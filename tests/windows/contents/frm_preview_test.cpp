@@ -3,14 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/support/test_machine.h"
+#include "tests/hand/hand.h"
 
 namespace Morvane {
 namespace {
 
 class ContentsWindow : public ::testing::Test {
  protected:
-  ContentsWindow() { window.form.BeginShow(); }
+  ContentsWindow() { hand.Show(window.form); }
 
   bool Shows(const std::string& text) const {
     for (const Shape& shape : window.Picture1.Surface.Drawing()) {
@@ -21,20 +21,19 @@ class ContentsWindow : public ::testing::Test {
   }
   void Read(const std::string& folder) {
     machine.Windows.Folders.push_back(folder);
-    machine.Windows.UserEvent([&] { window.Command2.PerformClick(); });
+    Hand::Press(window.Command2);
   }
-  void Type(const std::string& title) {
-    machine.Windows.UserEvent([&] { window.Text1.SetText(title); });
-  }
+  void Type(const std::string& title) { Hand::Type(window.Text1, title); }
   void Print(bool accepted) {
     machine.Device.Answers.push_back({accepted, 3});
-    machine.Windows.UserEvent([&] { window.Command3.PerformClick(); });
+    Hand::Press(window.Command3);
   }
 
   TestMachine machine;
   AppState state;
   int fontChoosers = 0;
-  FrmPreview window{state, machine.platform, {[&] { ++fontChoosers; }, [] { return std::string("ok"); }}};
+  Hand hand{machine};
+  FrmPreview window{state, hand.platform, {[&] { ++fontChoosers; }, [] { return std::string("ok"); }}};
 };
 
 TEST_F(ContentsWindow, OpensWithItsTitleTwoColumnsAndTheSheetInProportion) {
@@ -48,16 +47,16 @@ TEST_F(ContentsWindow, OpensWithItsTitleTwoColumnsAndTheSheetInProportion) {
 }
 
 TEST_F(ContentsWindow, ColumnsSurviveEverythingButAResizeAndAScan) {
-  window.Option1[3].PerformClick();
+  Hand::Press(window.Option1[3]);
   Type("Altro");
-  window.Check1.PerformClick();
-  window.Command4.PerformClick();
+  Hand::Press(window.Check1);
+  Hand::Press(window.Command4);
   EXPECT_EQ(fontChoosers, 1);
   EXPECT_EQ(state.ElencoColonne, 5);
   window.form.UserResized(9000, 8000);
   EXPECT_EQ(state.ElencoColonne, 2);
   EXPECT_TRUE(window.Option1[0].Value());
-  window.Option1[3].PerformClick();
+  Hand::Press(window.Option1[3]);
   machine.MakeFolder("C:\\R");
   Read("C:\\R");
   EXPECT_EQ(state.ElencoColonne, 2);
@@ -78,7 +77,7 @@ TEST_F(ContentsWindow, ReadingShowsTheListAfterAFolderOverTheLimitTooAndPathsOnD
   Read("C:\\R");
   EXPECT_TRUE(Shows("(C:\\R\\A)"));
   EXPECT_TRUE(Shows("a.txt"));
-  window.Check1.PerformClick();
+  Hand::Press(window.Check1);
   EXPECT_TRUE(Shows("C:\\R\\A\\a.txt"));
 }
 
@@ -137,7 +136,7 @@ TEST_F(ContentsWindow, ColumnsBreakAsOnPaperAtAnyFontSizeInWindowsOfAnySizeOnAny
     machine.Device.Sheet = sheet;
     for (const double height : {6750.0, 9876.0, 32000.0}) {
       window.form.UserResized(height * 4 / 3, height);
-      window.Option1[2].PerformClick();
+      Hand::Press(window.Option1[2]);
       for (const float size : sizes) {
         state.ElencoFontSize = size;
         state.ElencoFontItalic = static_cast<std::int16_t>(1 - state.ElencoFontItalic);
@@ -164,7 +163,7 @@ TEST_F(ContentsWindow, FailingPrintIsToldAndLeavesNothingOnTheNextPage) {
 }
 
 TEST_F(ContentsWindow, LabelOfTheTitleClosesTheWindowAsOkDoes) {
-  window.Label1.PerformClick();
+  Hand::Press(window.Label1);
   EXPECT_TRUE(window.form.Unloaded());
 }
 

@@ -2,27 +2,37 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/test_machine.h"
+#include <QApplication>
+#include <QExposeEvent>
+#include <QWindow>
+
+#include "tests/hand/hand.h"
 
 namespace Morvane {
 namespace {
 
 class FontChooser : public ::testing::Test {
  protected:
-  FontChooser() { window.form.BeginShow(); }
+  FontChooser() { hand.Show(window.form); }
 
   void Ok(const std::string& height = "8") {
-    window.Text1.SetText(height);
-    machine.Windows.UserEvent([&] { window.cmdOK.PerformClick(); });
+    Hand::Type(window.Text1, height);
+    Hand::Key(Qt::Key_Return);
   }
   void Select(const std::string& family) {
     state.ElencoFontName = family;
-    window.form.PerformPaint();
+    Uncover();
+  }
+  // Another window was over this one.
+  void Uncover() {
+    QExposeEvent uncovered(QRegion(0, 0, 9, 9));
+    QApplication::sendEvent(Hand::See(window.form).windowHandle(), &uncovered);
   }
 
   TestMachine machine;
   AppState state;
-  fONTEN window{state, machine.platform};
+  Hand hand{machine};
+  fONTEN window{state, hand.platform};
 };
 
 TEST_F(FontChooser, ListsTheFamiliesAlphabeticallyAndCountsOneMore) {
@@ -34,11 +44,11 @@ TEST_F(FontChooser, ListsTheFamiliesAlphabeticallyAndCountsOneMore) {
 TEST_F(FontChooser, RepaintGoesBackToTheFontInUse) {
   Select("Tahoma");
   EXPECT_EQ(window.TxtFontPreview.Text(), "Tahoma - aAbB 123 zZ");
-  window.Check3d1.PerformClick();
+  Hand::Press(window.Check3d1);
   EXPECT_EQ(window.TxtFontPreview.GetFont(), (Font{.name = "Tahoma", .size = 20, .italic = true}));
   window.LstFonts.UserSelects(0);
   EXPECT_EQ(window.TxtFontPreview.Text(), "Arial - aAbB 123 zZ");
-  window.form.PerformPaint();
+  Uncover();
   EXPECT_EQ(window.TxtFontPreview.Text(), "Tahoma - aAbB 123 zZ");
 }
 
@@ -53,7 +63,7 @@ TEST_F(FontChooser, NameInAnotherCaseSelectsNothingAndOkThenTakesArial) {
 
 TEST_F(FontChooser, OkHandsTheChoiceToListingAndPrinterAndHides) {
   Select("Verdana");
-  window.Check3d1.PerformClick();
+  Hand::Press(window.Check3d1);
   Ok("8.5");
   EXPECT_EQ(state.ElencoFontName, "Verdana");
   EXPECT_EQ(state.ElencoFontItalic, 1);
@@ -87,7 +97,7 @@ TEST_F(FontChooser, HeightIsKeptBetweenTwoAndTwentyFive) {
 TEST_F(FontChooser, FamilyThatCannotPrintBecomesArialAndKeepsTheBoxes) {
   machine.Fonts.NotForPrinting = {"Tahoma"};
   Select("Tahoma");
-  window.Check3d2.PerformClick();
+  Hand::Press(window.Check3d2);
   Ok();
   ASSERT_EQ(machine.Windows.Boxes.size(), 1U);
   EXPECT_EQ(machine.Windows.Boxes[0].text,
@@ -110,8 +120,8 @@ TEST_F(FontChooser, WithoutArialTheFailureIsToldAndTheWindowStays) {
 
 TEST_F(FontChooser, CancelWritesNothingAndKeepsTheBoxes) {
   state.ElencoFontSize = 9;
-  window.Check3d2.PerformClick();
-  window.cmdCancel.PerformClick();
+  Hand::Press(window.Check3d2);
+  Hand::Press(window.cmdCancel);
   EXPECT_EQ(state.ElencoFontSize, 9);
   EXPECT_EQ(state.ElencoFontBold, 0);
   EXPECT_EQ(window.Check3d2.Value(), 1);

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "core/web_addresses.h"
-#include "tests/support/test_machine.h"
+#include "tests/hand/hand.h"
 
 namespace Morvane {
 namespace {
@@ -171,6 +171,21 @@ TEST_F(InformationWindow, ClosingStopsTheTimersAndGivesThePointerBack) {
   EXPECT_EQ(machine.TheScreen.Pointer(), MousePointer::Default);
   EXPECT_FALSE(window.Timer1.Running());
   EXPECT_FALSE(window.TimerAnimazione.Running());
+}
+
+TEST_F(InformationWindow, EnterClosesItAtFirstAndAllButTheLeftButtonSlowTheText) {
+  Hand hand(machine);
+  Form3 seen(state, hand.platform);
+  hand.Show(seen.form);
+  Hand::Click(seen.Picture4, 900, 1500);
+  const int interval = seen.Timer1.Interval();
+  for (const auto button : {Qt::RightButton, Qt::MiddleButton, Qt::ExtraButton1}) {
+    Hand::Click(seen.Picture5, 900, 15, button);
+  }
+  EXPECT_EQ(seen.Timer1.Interval(), interval + 3);
+  Hand::Key(Qt::Key_Return);
+  EXPECT_TRUE(seen.form.Unloaded());
+  EXPECT_TRUE(machine.Launches.Opened.empty());
 }
 
 }  // namespace

@@ -4,23 +4,24 @@
 #include <gtest/gtest.h>
 
 #include "core/web_addresses.h"
-#include "tests/support/test_machine.h"
+#include "tests/hand/hand.h"
 
 namespace Morvane {
 namespace {
 
 class CoverSearch : public ::testing::Test {
  protected:
-  CoverSearch() { window.form.EnsureLoaded(); }
-
   // What is opened for a term and a kind, behind the site's root.
   std::string Search(const std::string& term, int kind = 0) {
-    Form4 open(state, machine.platform);
-    open.form.EnsureLoaded();
-    open.Text1.SetText(term);
-    open.List1.UserSelects(kind);
+    Hand hand(machine);
+    Form4 open(state, hand.platform);
+    hand.Show(open.form);
+    Hand::Press(open.List1);
+    for (int i = 0; i < 9; ++i) Hand::Key(Qt::Key_Up);
+    for (int i = 0; i < kind; ++i) Hand::Key(Qt::Key_Down);
+    Hand::Type(open.Text1, term);
     machine.Launches.Opened.clear();
-    open.Command1.PerformClick();
+    Hand::Key(Qt::Key_Return);
     EXPECT_TRUE(open.form.Unloaded());
     if (machine.Launches.Opened.size() != 1) return "opened nothing, or more than one";
     EXPECT_EQ(machine.Launches.Opened[0].show, 0);
@@ -31,7 +32,6 @@ class CoverSearch : public ::testing::Test {
 
   TestMachine machine;
   AppState state;
-  Form4 window{state, machine.platform};
 };
 
 TEST_F(CoverSearch, AddressHasTheTermTrimmedInLowerCaseUnescapedAndTheKind) {
@@ -42,11 +42,14 @@ TEST_F(CoverSearch, AddressHasTheTermTrimmedInLowerCaseUnescapedAndTheKind) {
 }
 
 TEST_F(CoverSearch, WithoutATermAsksForOneAndStaysOpen) {
-  window.List1.SetFocus();
-  window.Command1.PerformClick();
+  Hand hand(machine);
+  Form4 window(state, hand.platform);
+  hand.Show(window.form);
+  Hand::Press(window.List1);
+  Hand::Press(window.Command1);
   ASSERT_EQ(machine.Windows.Boxes.size(), 1U);
   EXPECT_EQ(machine.Windows.Boxes[0].text, "Inserire prima un argomento di ricerca");
-  EXPECT_EQ(window.form.FocusedControl(), &window.Text1);
+  EXPECT_TRUE(Hand::See(window.Text1).hasFocus());
   EXPECT_FALSE(window.form.Unloaded());
   EXPECT_TRUE(machine.Launches.Opened.empty());
 }
