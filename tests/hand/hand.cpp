@@ -93,6 +93,16 @@ void Hand::HoldDown(Qt::Key key) {
   Settle();
 }
 
+void Hand::Move(const Form& form, double left, double top) {
+  See(form).move(ToPixels(left), ToPixels(top));
+  Settle();
+}
+
+void Hand::Resize(const Form& form, double width, double height) {
+  See(form).resize(ToPixels(width), ToPixels(height));
+  Settle();
+}
+
 QWidget& Hand::See(const Form& form) {
   for (QWidget* const window : QApplication::topLevelWidgets()) {
     if (window->isVisible() && window->objectName().toStdString() == form.Name()) return *window;

@@ -50,6 +50,9 @@ class Hand {
   // To what has the keyboard.
   static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
   static void HoldDown(Qt::Key key);  // three repeats of a key that is held
+  // By the title bar and the edge of the window; twips of its place and of its inside.
+  static void Move(const Form& form, double left, double top);
+  static void Resize(const Form& form, double width, double height);
 
   template <typename Widget = QWidget>
   static Widget& See(const Control& control) {

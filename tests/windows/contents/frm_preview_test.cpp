@@ -53,7 +53,7 @@ TEST_F(ContentsWindow, ColumnsSurviveEverythingButAResizeAndAScan) {
   Hand::Press(window.Command4);
   EXPECT_EQ(fontChoosers, 1);
   EXPECT_EQ(state.ElencoColonne, 5);
-  window.form.UserResized(9000, 8000);
+  Hand::Resize(window.form, 9000, 8000);
   EXPECT_EQ(state.ElencoColonne, 2);
   EXPECT_TRUE(window.Option1[0].Value());
   Hand::Press(window.Option1[3]);
@@ -63,10 +63,11 @@ TEST_F(ContentsWindow, ColumnsSurviveEverythingButAResizeAndAScan) {
   EXPECT_FALSE(window.Option1[3].Value());
 }
 
-TEST_F(ContentsWindow, SmallWindowSnapsBackAndLogoFollowsTheEdge) {
-  window.form.UserResized(3000, 2000);
-  EXPECT_EQ(window.form.Width(), 8250);
-  EXPECT_EQ(window.form.Height(), 6750);
+TEST_F(ContentsWindow, SmallWindowSnapsBackWhereItStandsAndLogoFollowsTheEdge) {
+  Hand::Move(window.form, 450, 300);
+  Hand::Resize(window.form, 3000, 2000);
+  EXPECT_EQ(Hand::See(window.form).pos(), QPoint(30, 20));
+  EXPECT_EQ(Hand::See(window.form).size(), QSize(8250 / 15, 6750 / 15));
   EXPECT_EQ(window.Picture2.Left(), 8250 - 1800 - 100);
   EXPECT_DOUBLE_EQ(window.Picture1.Height(), 6750 - 60 - 500);
 }
@@ -93,7 +94,7 @@ TEST_F(ContentsWindow, FolderThatCannotBeReadIsToldAndTheNextScanWorks) {
 
 TEST_F(ContentsWindow, TitleThatFitsNoSizeIsToldOnceAndCanBeShortened) {
   Type(std::string(300, 'x'));
-  Type(std::string(299, 'x'));
+  Hand::Key(Qt::Key_Backspace);
   EXPECT_EQ(machine.Windows.Boxes.size(), 1U);
   EXPECT_EQ(window.Text1.Text().size(), 299U);
   Type("breve");
@@ -135,7 +136,7 @@ TEST_F(ContentsWindow, ColumnsBreakAsOnPaperAtAnyFontSizeInWindowsOfAnySizeOnAny
   for (const SheetSize& sheet : {SheetSize{11905.5, 16837.8}, {12240, 15840}}) {
     machine.Device.Sheet = sheet;
     for (const double height : {6750.0, 9876.0, 32000.0}) {
-      window.form.UserResized(height * 4 / 3, height);
+      Hand::Resize(window.form, height * 4 / 3, height);
       Hand::Press(window.Option1[2]);
       for (const float size : sizes) {
         state.ElencoFontSize = size;
