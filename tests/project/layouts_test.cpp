@@ -20,8 +20,8 @@ namespace Morvane {
 namespace {
 
 const std::filesystem::path kProject = MORVANE_SOURCE_DIR;
-constexpr double kMargin = 8;       // millimetres from each side of the sheet
-constexpr double kFooterRoom = 10;  // millimetres above cover 1
+constexpr double kMargin = 8;      // millimetres on each side that a printer may not reach
+constexpr double kFooterRoom = 8;  // millimetres above cover 1: the footer line stands 0.3 inch above it
 constexpr double kRounding = 1e-9;
 
 std::string Contents(const std::filesystem::path& path) {
@@ -63,7 +63,8 @@ struct Cover {
 };
 
 bool Apart(const Cover& a, const Cover& b) {
-  return a.right <= b.left || b.right <= a.left || a.bottom <= b.top || b.bottom <= a.top;
+  return std::max(a.left, b.left) > std::min(a.right, b.right) - kRounding ||
+         std::max(a.top, b.top) > std::min(a.bottom, b.bottom) - kRounding;
 }
 
 bool IsHoleOf(const Cover& hole, const Cover& disc) {
@@ -102,19 +103,27 @@ TEST_P(ShippedLayout, IsByteForByteWhatTheEditorWouldWrite) {
   EXPECT_EQ(ComposeLayout(state, EditRow{}), bytes);
 }
 
-TEST_P(ShippedLayout, LiesInsideTheSheetWithRoomForTheFooter) {
-  const double width = state.Orientamento == 1 ? 297 : 210;
-  const double height = state.Orientamento == 1 ? 210 : 297;
+// Positions count from the corner that the printer reaches, so both margins are lost on the far side. What
+// lies in the middle of the rest, to the millimetre, has as much room on each side as there is; above, the
+// footer comes first.
+TEST_P(ShippedLayout, LiesInTheMiddleOfWhatAPrinterWithWideMarginsReaches) {
+  const bool landscape = state.Orientamento == 1;
+  const double width = (landscape ? 297 : 210) - 2 * kMargin;
+  const double height = (landscape ? 210 : 297) - 2 * kMargin;
   const std::vector<Cover> covers = Covers();
+  Cover all = covers[0];
   for (const Cover& cover : covers) {
     EXPECT_LT(cover.left, cover.right);
     EXPECT_LT(cover.top, cover.bottom);
-    EXPECT_GE(cover.left, kMargin - kRounding);
-    EXPECT_GE(cover.top, kMargin - kRounding);
-    EXPECT_LE(cover.right, width - kMargin + kRounding);
-    EXPECT_LE(cover.bottom, height - kMargin + kRounding);
+    all = {false, std::min(all.left, cover.left), std::min(all.top, cover.top),
+           std::max(all.right, cover.right), std::max(all.bottom, cover.bottom)};
   }
-  EXPECT_GE(covers[0].top, kFooterRoom);
+  EXPECT_GE(all.left, -kRounding);
+  EXPECT_GE(covers[0].top, kFooterRoom - kRounding);
+  EXPECT_LE(all.right, width + kRounding);
+  EXPECT_LE(all.bottom, height + kRounding);
+  EXPECT_NEAR(all.left, width - all.right, 1 + kRounding);
+  EXPECT_NEAR(all.top, std::max(kFooterRoom, height - all.bottom), 1 + kRounding);
 }
 
 TEST_P(ShippedLayout, HasNoCoverOverAnotherButAHoleInItsDisc) {

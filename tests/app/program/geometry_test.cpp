@@ -142,6 +142,13 @@ TEST_P(EveryWindow, LiesAsDesignedWithReadableTexts) {
   });
 }
 
+TEST_F(ProgramTest, EditorShowsEveryLayoutsNameWhole) {
+  Open("Dialog", [](Form&, QWidget& window) {
+    const auto* list = window.findChild<QListView*>();
+    EXPECT_LE(list->sizeHintForColumn(0), list->viewport()->width());
+  });
+}
+
 INSTANTIATE_TEST_SUITE_P(Program, EveryWindow, testing::ValuesIn(kAllWindows),
                          [](const auto& window) { return window.param; });
 
