@@ -3,11 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAction>
+#include <QMenu>
+#include <QTest>
+#include <QToolButton>
 #include <deque>
 #include <utility>
 
 #include "core/web_addresses.h"
-#include "tests/support/test_machine.h"
+#include "tests/hand/hand.h"
 
 namespace Morvane {
 namespace {
@@ -23,7 +27,7 @@ using Texts = std::vector<std::string>;
 // The main window with its neighbours played: each opened window, launch, box and end is one line of the log.
 class MainWindow : public ::testing::Test {
  protected:
-  void Start() { machine.Windows.ShowMain(window.form); }
+  void Start() { hand.Show(window.form); }
 
   WindowOpeners Openers() {
     const auto opener = [this](const char* name) { return [this, name] { Opened(name); }; };
@@ -44,15 +48,24 @@ class MainWindow : public ::testing::Test {
   // As every modal window does: the main one is activated again by a queued event.
   void Opened(const std::string& name) {
     shown.push_back(name);
-    machine.Windows.Post([this] { window.form.PerformActivate(); });
+    hand.windows.Post([this] { window.form.PerformActivate(); });
   }
 
-  void User(const std::function<void()>& event) { machine.Windows.UserEvent(event); }
-
   void Choose(const std::string& entry) {
-    MenuItem& item = window.form.Menu(entry);
-    ASSERT_TRUE(item.Click) << entry;
-    User(item.Click);
+    auto* const action = Hand::See(window.form).findChild<QAction*>(QString::fromStdString(entry));
+    ASSERT_TRUE(action) << entry;
+    action->trigger();
+    Hand::Settle();
+  }
+
+  QToolButton& Tool(const std::string& key) {
+    return *Hand::See(window.Toolbar1).findChild<QToolButton*>(QString::fromStdString(key));
+  }
+
+  // Left of the arrow, where a button has one.
+  void PressTool(const std::string& key) {
+    QTest::mouseClick(&Tool(key), Qt::LeftButton, {}, {5, 15});
+    Hand::Settle();
   }
 
   // What happened since the last look.
@@ -70,7 +83,7 @@ class MainWindow : public ::testing::Test {
       EXPECT_TRUE(dialog.restricted);
       log.push_back("print");
     }
-    if (machine.Windows.Ended()) log.push_back("end");
+    if (hand.windows.Ended()) log.push_back("end");
     return log;
   }
 
@@ -86,15 +99,13 @@ class MainWindow : public ::testing::Test {
 
   void Use(const std::string& layout) {
     nextLayout = layout;
-    User([&] { window.Command1_Click(); });
+    PressTool("Settaogg");
   }
 
-  void ClickPage(double xInches, double yInches, MouseButton button = MouseButton::Left) {
+  void ClickPage(double xInches, double yInches, Qt::MouseButton button = Qt::LeftButton) {
     const DrawingSurface& page = window.Picture1.Surface;
-    User([&] {
-      window.Picture1.PerformMouseDown(button, 0, xInches / page.ScaleWidth() * page.Width(),
-                                       yInches / page.ScaleHeight() * page.Height());
-    });
+    Hand::Click(window.Picture1, xInches / page.ScaleWidth() * page.Width(),
+                yInches / page.ScaleHeight() * page.Height(), button);
   }
 
   template <typename T>
@@ -110,7 +121,8 @@ class MainWindow : public ::testing::Test {
   Texts shown;
   std::deque<std::string> picks;
   std::string nextLayout;
-  Form1 window{state, machine.platform, slots, Openers()};
+  Hand hand{machine};
+  Form1 window{state, hand.platform, slots, Openers()};
 };
 
 class MainWindowStart : public MainWindow {
@@ -142,21 +154,21 @@ TEST_F(MainWindowStart, TakesTheSettingsFile) {
 }
 
 TEST_F(MainWindowStart, StandsAtMost300TwipsBelowTheTopAndNeverAboveIt) {
-  const auto topOn = [&](double screenHeight) {
-    machine.TheScreen.Height = screenHeight;
-    window.Form_Load();
-    EXPECT_EQ(window.form.Left(), 300);
-    return window.form.Top();
-  };
-  EXPECT_EQ(topOn(window.form.Height() - 100), 0);
-  EXPECT_EQ(topOn(window.form.Height() + 200), 100);
-  EXPECT_EQ(topOn(50000), 300);
+  const double height = window.form.Height();
+  for (const auto& [screen, top] : {std::pair(height - 100, 0), {height + 240, 120}, {50000, 300}}) {
+    machine.TheScreen.Height = screen;
+    Form1 another(state, hand.platform, slots, Openers());
+    another.form.EnsureLoaded();
+    EXPECT_EQ(another.form.Left(), 300);
+    EXPECT_EQ(another.form.Top(), top);
+  }
 }
 
 TEST_F(MainWindowStart, AsksOnlyAboutANewerVersion) {
   for (const char* body : {"260\n", "261", "<html>x", "", "99\n"}) {
     Serve(body);
-    window.Form_Load();
+    Form1 another(state, hand.platform, slots, Openers());
+    another.form.EnsureLoaded();
     EXPECT_THAT(machine.Windows.Boxes, IsEmpty()) << body;
   }
   Serve("2601\n");
@@ -169,7 +181,7 @@ TEST_F(MainWindowStart, AsksOnlyAboutANewerVersion) {
             "E' disponibile su Internet la nuova versione 2.6.0 del programma.\r\n"
             "Si desidera scaricala ed installarla adesso? ");
   EXPECT_THAT(machine.Launches.Opened, IsEmpty());
-  EXPECT_THAT(machine.Windows.ShownForms, ElementsAre("Form1"));
+  EXPECT_TRUE(Hand::See(window.form).isVisible());
 }
 
 TEST_F(MainWindowStart, YesOpensTheDownloadPageAndEndsTheProgram) {
@@ -179,8 +191,8 @@ TEST_F(MainWindowStart, YesOpensTheDownloadPageAndEndsTheProgram) {
   EXPECT_THAT(machine.Windows.Boxes[0].text, HasSubstr("nuova versione 2.6.1 del"));
   ASSERT_THAT(machine.Launches.Opened, SizeIs(1));
   EXPECT_EQ(machine.Launches.Opened[0].target, WebAddresses::kDownloadPage);
-  EXPECT_TRUE(machine.Windows.Ended());
-  EXPECT_THAT(machine.Windows.ShownForms, IsEmpty());
+  EXPECT_TRUE(hand.windows.Ended());
+  EXPECT_ANY_THROW(Hand::See(window.form)) << "it came into sight";
 }
 
 class Workspace : public MainWindow {
@@ -198,11 +210,13 @@ TEST_F(Workspace, PageKeepsTheProportionsOfA4AndFollowsTheHeightAlone) {
   EXPECT_DOUBLE_EQ(window.Picture1.Width(), 6195.0 / 297 * 210);
   Use("Orizzontale");
   EXPECT_DOUBLE_EQ(window.Picture1.Width(), 6195.0 / 210 * 297);
-  window.form.UserResized(2000, 5190);
-  EXPECT_DOUBLE_EQ(window.Picture1.Height(), 4050);
-  EXPECT_DOUBLE_EQ(window.Picture1.Width(), 4050.0 / 210 * 297);
-  EXPECT_DOUBLE_EQ(window.StatusBar1.Width(), 2000);
-  EXPECT_DOUBLE_EQ(window.StatusBar1.Top() + window.StatusBar1.Height(), 5190);
+  Hand::Resize(window.form, 2010, 5190);
+  const double inside = window.form.ClientHeight();
+  EXPECT_LT(inside, 5190);
+  EXPECT_DOUBLE_EQ(window.Picture1.Height(), inside - 1140);
+  EXPECT_DOUBLE_EQ(window.Picture1.Width(), (inside - 1140) / 210 * 297);
+  const QWidget& bar = Hand::See(window.StatusBar1);
+  EXPECT_EQ(bar.mapTo(bar.window(), bar.rect().bottomRight()), bar.window()->rect().bottomRight());
 }
 
 TEST_F(Workspace, OddOrientationIsLandscapeForThePageAndThePaperButPortraitForTheDrawing) {
@@ -218,7 +232,7 @@ TEST_F(Workspace, OddOrientationIsLandscapeForThePageAndThePaperButPortraitForTh
 
 TEST_F(Workspace, WindowTooLowLeavesThePageAsItWasAndDrawsIt) {
   window.Picture1.Surface.Cls();
-  window.form.UserResized(2000, 1000);
+  Hand::Resize(window.form, 2000, 1000);
   EXPECT_DOUBLE_EQ(window.Picture1.Height(), 6195);
   EXPECT_EQ(CountDrawn<TextShape>(), 1U);
 }
@@ -226,7 +240,8 @@ TEST_F(Workspace, WindowTooLowLeavesThePageAsItWasAndDrawsIt) {
 TEST_F(Workspace, MinimisingKeepsThePageButRunsTheOtherRules) {
   state.NumCopertine = 0;
   window.Picture1.Surface.Cls();
-  window.form.UserChangedState(WindowState::Minimized);
+  Hand::See(window.form).showMinimized();
+  Hand::Settle();
   EXPECT_EQ(state.NumCopertine, 2);
   EXPECT_EQ(CountDrawn<TextShape>(), 0U);
 }
@@ -235,13 +250,15 @@ TEST_F(Workspace, OneCoverDisablesTheSecondImageUntilThereAreTwo) {
   WriteLayout("Una", 1);
   WriteLayout("Due", 2);
   Use("Una");
-  EXPECT_FALSE(window.form.Menu("ManuCarF").enabled);
+  EXPECT_FALSE(Tool("Back").isEnabled());
   TakeLog();
-  User([&] { window.Toolbar1.UserPresses("Back"); });
+  PressTool("Back");
+  Choose("ManuCarF");
   EXPECT_THAT(TakeLog(), IsEmpty());
   Use("Due");
-  EXPECT_TRUE(window.form.Menu("ManuCarF").enabled);
-  EXPECT_TRUE(window.Toolbar1.Button("Back").enabled);
+  PressTool("Back");
+  Choose("ManuCarF");
+  EXPECT_THAT(TakeLog(), ElementsAre("Dialog", "frmAbout", "frmAbout"));
 }
 
 TEST_F(Workspace, ClickInACoverLoadsItsSlot) {
@@ -256,7 +273,7 @@ TEST_F(Workspace, ClickInACoverLoadsItsSlot) {
 TEST_F(Workspace, OnlyALeftClickStrictlyInsideCounts) {
   ClickPage(0.5, 0.5);
   window.Picture1_MouseDown(MouseButton::Left, state.CopDistx[1], 2);
-  ClickPage(2, 2, MouseButton::Right);
+  ClickPage(2, 2, Qt::RightButton);
   EXPECT_THAT(shown, IsEmpty());
 }
 
@@ -278,7 +295,7 @@ TEST_F(Workspace, CancelLeavesTheSlotAndDrawsThePage) {
   Choose("MenuCarb");
   const PicturePtr before = slots.Image1[0];
   window.Picture1.Surface.Cls();
-  window.Imma(0);
+  Choose("MenuCarb");
   EXPECT_EQ(slots.Image1[0], before);
   EXPECT_EQ(CountDrawn<PictureShape>(), 1U);
 }
@@ -300,8 +317,8 @@ TEST_F(Workspace, UnreadablePictureLeavesTheSlotAndIsToldExceptByBack) {
 TEST_F(Workspace, PicturesStayWithTheirCoverNumbersWhenTheLayoutChanges) {
   WriteLayout("Una", 1);
   picks = {"C:\\uno.jpg", "C:\\due.jpg"};
-  window.Front();
-  window.Back();
+  PressTool("Front");
+  PressTool("Back");
   EXPECT_EQ(CountDrawn<PictureShape>(), 2U);
   Use("Una");
   EXPECT_EQ(CountDrawn<PictureShape>(), 1U);
@@ -315,7 +332,7 @@ TEST_F(Workspace, ActivationReadsTheFileAgainSoThatUnsavedChangesAreGone) {
   Use("Una");
   state.CopLarg[1] = 99;
   state.NumCopertine = 7;
-  window.form.PerformActivate();
+  Choose("menuabout");
   EXPECT_NEAR(state.CopLarg[1], 5.08, 1e-9);
   EXPECT_EQ(state.NumCopertine, 1);
 }
@@ -324,7 +341,7 @@ TEST_F(Workspace, UnreadableLayoutIsToldOnceAndThePageIsStillDrawn) {
   WriteLayout("Rotta", 1, "99999");
   WriteLayout("Buona", 1);
   Use("Rotta");
-  window.form.PerformActivate();
+  Choose("menuabout");
   EXPECT_THAT(machine.Windows.Boxes, SizeIs(1));
   EXPECT_EQ(CountDrawn<TextShape>(), 1U);
   Use("Buona");
@@ -335,6 +352,13 @@ TEST_F(Workspace, UnreadableLayoutIsToldOnceAndThePageIsStillDrawn) {
 class Commands : public MainWindow {
  protected:
   Commands() { Start(); }
+
+  void PickOutline(const QString& thickness) {
+    for (QAction* const entry : Tool("Contorno").menu()->actions()) {
+      if (entry->text() == thickness) entry->trigger();
+    }
+    Hand::Settle();
+  }
 };
 
 struct Command {
@@ -387,7 +411,7 @@ TEST_F(Commands, EveryToolbarButtonHasItsEffect) {
   machine.Device.Answers = {{}};
   EXPECT_THAT(window.Toolbar1.Buttons, SizeIs(17));
   for (const Command& command : commands) {
-    User([&] { window.Toolbar1.UserPresses(command.name); });
+    PressTool(command.name);
     EXPECT_THAT(TakeLog(), ElementsAre(StartsWith(command.effect))) << command.name;
   }
 }
@@ -396,11 +420,12 @@ TEST_F(Commands, PanelsAndPicturesHaveTheirEffects) {
   const char* const effects[] = {"Dialog", "Form3", "Form4"};
   ASSERT_THAT(window.StatusBar1.Panels, SizeIs(3));
   for (std::size_t i = 0; i < 3; ++i) {
-    User([&] { window.StatusBar1.UserClicks(window.StatusBar1.Panels[i]); });
+    Hand::See(window.StatusBar1).findChildren<QToolButton*>().at(static_cast<int>(i))->click();
+    Hand::Settle();
     EXPECT_THAT(TakeLog(), ElementsAre(effects[i]));
   }
-  window.Picture2.PerformClick();
-  window.Picture7.PerformClick();
+  Hand::Press(window.Picture2);
+  Hand::Press(window.Picture7);
   EXPECT_THAT(TakeLog(), ElementsAre("open " + std::string(WebAddresses::kMakerSite),
                                      HasSubstr("/it/xclick/business=")));
 }
@@ -408,11 +433,11 @@ TEST_F(Commands, PanelsAndPicturesHaveTheirEffects) {
 TEST_F(Commands, FirstAndSecondImageGoToTheirSlots) {
   machine.WritePicture("C:\\uno.jpg", 100, 100);
   picks = {"C:\\uno.jpg"};
-  User([&] { window.Toolbar1.UserPresses("Back"); });
+  PressTool("Back");
   EXPECT_FALSE(slots.Image1[0]);
   EXPECT_TRUE(slots.Image1[1]);
   picks = {"C:\\uno.jpg"};
-  User([&] { window.Toolbar1.UserPresses("Front"); });
+  PressTool("Front");
   EXPECT_TRUE(slots.Image1[0]);
 }
 
@@ -420,7 +445,8 @@ TEST_F(Commands, PrintsTheLayoutWithItsOrientation) {
   WriteLayout("Orizzontale", 2, "1");
   Use("Orizzontale");
   machine.Device.Answers = {{.accepted = true, .copies = 2}};
-  Choose("menusta");
+  QTest::keyClick(&Hand::See(window.form), Qt::Key_S, Qt::ControlModifier);
+  Hand::Settle();
   ASSERT_THAT(machine.Device.Jobs, SizeIs(2));
   EXPECT_EQ(machine.Device.Jobs[0].orientation, PageOrientation::Landscape);
   EXPECT_EQ(machine.Device.Jobs[0].title, "Orizzontale");
@@ -430,7 +456,7 @@ TEST_F(Commands, OutlineButtonTogglesAndDrawsEachTime) {
   state.SpessoreBordo = 1;
   const auto press = [&] {
     window.Picture1.Surface.Cls();
-    User([&] { window.Toolbar1.UserPresses("Contorno"); });
+    PressTool("Contorno");
     EXPECT_EQ(CountDrawn<TextShape>(), 1U);
     return CountDrawn<BoxShape>();
   };
@@ -439,15 +465,15 @@ TEST_F(Commands, OutlineButtonTogglesAndDrawsEachTime) {
 }
 
 TEST_F(Commands, OutlineThicknessShowsOnlyWhileOutlinesAreOnAndIsNotSaved) {
-  User([&] { window.Toolbar1.UserPresses("Contorno"); });
-  User([&] { window.Toolbar1.UserPicks("Linea media"); });
+  PressTool("Contorno");
+  PickOutline("Linea media");
   EXPECT_EQ(state.SpessoreBordo, 3);
   EXPECT_EQ(CountDrawn<BoxShape>(), 0U);
-  User([&] { window.Toolbar1.UserPresses("Contorno"); });
+  PressTool("Contorno");
   EXPECT_EQ(CountDrawn<BoxShape>(), 12U);
-  User([&] { window.Toolbar1.UserPicks("Linea grossa"); });
+  PickOutline("Linea grossa");
   EXPECT_EQ(CountDrawn<BoxShape>(), 20U);
-  User([&] { window.Toolbar1.UserPicks("Linea fine"); });
+  PickOutline("Linea fine");
   EXPECT_EQ(CountDrawn<BoxShape>(), 4U);
   EXPECT_FALSE(machine.Files->FileExists("C:\\Morvane\\morvane.ini"));
 }
@@ -460,7 +486,8 @@ TEST_F(Commands, MissingSiblingToolIsToldAndTheProgramGoesOn) {
 }
 
 TEST_F(Commands, CloseBoxEndsTheProgramWithoutAQuestion) {
-  window.form.UnloadForm();
+  Hand::See(window.form).close();
+  Hand::Settle();
   EXPECT_THAT(TakeLog(), ElementsAre("end"));
 }
 
