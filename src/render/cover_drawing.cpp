@@ -14,6 +14,8 @@ constexpr double kPassoBordo = 0.009;  // inches between successive outline line
 constexpr double kFooterSize = 9;      // points on paper
 constexpr double kFooterLeft = 1;      // inches
 constexpr double kFooterRise = 0.3;    // inches above the top of cover 1
+constexpr double kMarkWidth = 0.06;    // inches
+constexpr int kMarkColor = 13;
 
 struct Cover {
   double x, y, w, h;  // inches
@@ -47,7 +49,7 @@ void DrawEllipse(DrawingSurface& objPrint, const Cover& cover, int lines, Color 
 
 void DrawOutlines(DrawingSurface& objPrint, const AppState& state) {
   for (int n = 1; n <= state.NumCopertine; ++n) {
-    const Color color = QBColor(n == state.CopCorrente ? 13 : 0);
+    const Color color = QBColor(n == state.CopCorrente ? kMarkColor : 0);
     const bool rectangle = state.CopForma[static_cast<std::size_t>(n)].value_or(0) == 0;
     (rectangle ? DrawRectangle : DrawEllipse)(objPrint, CoverBox(state, n), state.SpessoreBordo, color);
   }
@@ -82,6 +84,17 @@ void DisegnaCopertine(DrawingSurface& objPrint, double ratio, AppState& state, c
   // On a screen the outlines stand on top of the pictures, too; on paper a picture may cover a neighbour's.
   if (state.SuSchermo != 0 && slots.outlinesOn) DrawOutlines(objPrint, state);
   DrawFooter(objPrint, state, ratio);
+}
+
+void MarkCover(DrawingSurface& objPrint, const AppState& state, int n) {
+  const auto [x, y, w, h] = CoverBox(state, n);
+  const auto strip = [&](double x1, double y1, double x2, double y2) {
+    objPrint.Line(x1, y1, x2, y2, LineStyle::FilledBox, QBColor(kMarkColor));
+  };
+  strip(x, y, x + w, y + kMarkWidth);
+  strip(x, y + h - kMarkWidth, x + w, y + h);
+  strip(x, y, x + kMarkWidth, y + h);
+  strip(x + w - kMarkWidth, y, x + w, y + h);
 }
 
 bool CoverHolds(const AppState& state, int n, double x, double y) {

@@ -22,6 +22,9 @@ struct CoverSlots {
 // CopAltePollici.
 void DisegnaCopertine(DrawingSurface& objPrint, double ratio, AppState& state, const CoverSlots& slots);
 
+// Frames the box of cover n, n from 1, on a surface on which the covers were just drawn.
+void MarkCover(DrawingSurface& objPrint, const AppState& state, int n);
+
 // The covers whose box holds the point strictly inside, by the sizes of the last drawing; an ellipse counts
 // with its whole box. Inches of the page; n from 1. The hit tests of the workspace and of the layout preview
 // share it.

@@ -9,4 +9,17 @@ PictureBox::PictureBox(Container& parent, std::string name, const TextMetrics& m
   Surface.OnDrawn = [this] { Notify(ViewChange::Drawing); };
 }
 
+bool PictureBox::PerformDragOver(double xTwips, double yTwips) {
+  return Enabled() && DragOver && DragOver(EventX(xTwips), EventY(yTwips));
+}
+
+void PictureBox::PerformDragLeave() {
+  if (DragLeave) DragLeave();
+}
+
+void PictureBox::PerformDrop(const std::vector<DroppedPicture>& pictures, double xTwips, double yTwips) {
+  PerformDragLeave();
+  if (Enabled() && Drop) Drop(pictures, EventX(xTwips), EventY(yTwips));
+}
+
 }  // namespace Morvane

@@ -1,9 +1,20 @@
 #pragma once
 
+#include <functional>
+#include <string>
+#include <vector>
+
 #include "platform/controls/control.h"
 #include "platform/drawing/drawing_surface.h"
+#include "platform/picture.h"
 
 namespace Morvane {
+
+// A picture that comes from another program's window: a file, or the picture alone as a web page gives it.
+struct DroppedPicture {
+  std::string nativePath;  // of this system; empty without a file
+  PicturePtr picture;      // null with a file
+};
 
 // A drawing surface in a window: it keeps what is drawn on it, and its mouse events come in the surface's
 // scale. It can hold other controls, which move within it.
@@ -12,6 +23,18 @@ class PictureBox : public Control, public Container {
   PictureBox(Container& parent, std::string name, const TextMetrics& metrics);
 
   DrawingSurface Surface;
+
+  // Pictures that are dragged over the box and dropped on it, in the surface's scale; none are accepted
+  // without a handler. DragOver tells whether they may be dropped there; DragLeave comes at the end, before
+  // Drop, too. Files come in the order of their names.
+  std::function<bool(double x, double y)> DragOver;
+  std::function<void()> DragLeave;
+  std::function<void(const std::vector<DroppedPicture>& pictures, double x, double y)> Drop;
+
+  // What the user does, fed in by the view.
+  bool PerformDragOver(double xTwips, double yTwips);
+  void PerformDragLeave();
+  void PerformDrop(const std::vector<DroppedPicture>& pictures, double xTwips, double yTwips);
 
   Form& OwnerForm() override { return Parent().OwnerForm(); }
   bool PaperBackground() const { return paperBackground_; }

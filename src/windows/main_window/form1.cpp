@@ -76,6 +76,11 @@ Form1::Form1(AppState& state, Platform& platform, CoverSlots& slots, WindowOpene
   Picture1.MouseDown = [this](MouseButton button, int, double x, double y) {
     Picture1_MouseDown(button, x, y);
   };
+  Picture1.DragOver = [this](double x, double y) { return Picture1_DragOver(x, y); };
+  Picture1.DragLeave = [this] { Picture1_DragLeave(); };
+  Picture1.Drop = [this](const std::vector<DroppedPicture>& pictures, double x, double y) {
+    Picture1_Drop(pictures, x, y);
+  };
   Check1.Click = [this] { Check1_Click(); };
   Command1.Click = [this] { Command1_Click(); };
   Picture2.Click = [this] { OpenAddress(WebAddresses::kMakerSite); };
@@ -150,6 +155,7 @@ void Form1::Ridisegna() {
   state_.SuSchermo = 1;
   const double ratio = ImpostaPagina(Picture1.Surface, state_, platform_.printer);
   DisegnaCopertine(Picture1.Surface, ratio, state_, slots_);
+  if (marked_ > 0) MarkCover(Picture1.Surface, state_, marked_);
 }
 
 void Form1::Imma(int indi) {
@@ -180,6 +186,56 @@ void Form1::Picture1_MouseDown(MouseButton button, double x, double y) {
   for (int n = 1; n <= state_.NumCopertine; ++n) {
     if (CoverHolds(state_, n, x, y) && button == MouseButton::Left) Imma(n - 1);
   }
+}
+
+// Where covers overlap, the one that is drawn last lies on top.
+int Form1::LastCoverAt(double x, double y) const {
+  int n = state_.NumCopertine;
+  while (n > 0 && !CoverHolds(state_, n, x, y)) --n;
+  return std::max(n, 0);
+}
+
+void Form1::Mark(int cover) {
+  if (std::exchange(marked_, cover) != cover) Ridisegna();
+}
+
+bool Form1::Picture1_DragOver(double x, double y) {
+  Mark(LastCoverAt(x, y));
+  return marked_ > 0;
+}
+
+void Form1::Picture1_DragLeave() {
+  Mark(0);
+}
+
+// A picture that cannot be read costs its own cover alone; all of them are told together at the end.
+void Form1::Picture1_Drop(const std::vector<DroppedPicture>& pictures, double x, double y) {
+  const int first = LastCoverAt(x, y);
+  if (first == 0) return;
+  std::string unreadable;
+  const std::size_t fit =
+      std::min(pictures.size(), static_cast<std::size_t>(state_.NumCopertine - first + 1));
+  for (std::size_t i = 0; i < fit; ++i) {
+    try {
+      slots_.Image1.at(static_cast<std::size_t>(first - 1) + i) = Load(pictures[i]);
+    } catch (const RuntimeError& error) {
+      unreadable += (unreadable.empty() ? "" : "\r\n") + std::string(error.what());
+    }
+  }
+  Ridisegna();
+  if (!unreadable.empty()) platform_.windows.MsgBox(unreadable);
+}
+
+PicturePtr Form1::Load(const DroppedPicture& dropped) const {
+  if (dropped.picture) return dropped.picture;
+  const std::string path = platform_.files.FromNative(dropped.nativePath);
+  if (path.empty()) {
+    throw RuntimeError(ErrorNumber::BadFileName,
+                       "L'immagine '" + dropped.nativePath +
+                           "' non si può usare: sta fuori dalle unità note o il suo "
+                           "nome contiene una barra rovesciata.");
+  }
+  return platform_.pictures.LoadPicture(path);
 }
 
 void Form1::Check1_Click() {

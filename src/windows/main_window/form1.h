@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "core/app_state.h"
 #include "core/layout_files.h"
@@ -52,6 +53,9 @@ class Form1 {
   void Back();
 
   void Picture1_MouseDown(MouseButton button, double x, double y);
+  bool Picture1_DragOver(double x, double y);
+  void Picture1_DragLeave();
+  void Picture1_Drop(const std::vector<DroppedPicture>& pictures, double x, double y);
   void Check1_Click();
   void Command1_Click();
   void Toolbar1_ButtonMenuClick(const std::string& text);
@@ -64,12 +68,16 @@ class Form1 {
   void PlaceBars();
   void CambiaContorno();
   void OpenAddress(std::string_view address);
+  int LastCoverAt(double x, double y) const;
+  void Mark(int cover);
+  PicturePtr Load(const DroppedPicture& dropped) const;
 
   AppState& state_;
   Platform& platform_;
   CoverSlots& slots_;
   WindowOpeners openers_;
   LayoutHandles handles_;
+  int marked_ = 0;                // the cover that a dragged picture would fall into; 0 for none
   std::string unreadableLayout_;  // the layout whose reading failed last, so that it is told once
 };
 

@@ -67,15 +67,17 @@ int LargestImage(QImageReader& reader) {
   return largest;
 }
 
+bool IsKnown(const QByteArray& format) {
+  return std::find(kFormats.begin(), kFormats.end(), format) != kFormats.end();
+}
+
 PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes, PictureCheck check) {
   QBuffer buffer;
   buffer.setData(bytes);
   QImageReader reader(&buffer);
   reader.setDecideFormatFromContent(true);
   const QByteArray format = reader.format();
-  if (std::find(kFormats.begin(), kFormats.end(), format) == kFormats.end()) {
-    throw Bad(path, "è di un formato sconosciuto.");
-  }
+  if (!IsKnown(format)) throw Bad(path, "è di un formato sconosciuto.");
   const int index = format == "ico" || format == "cur" ? LargestImage(reader) : 0;
   const QSize size = reader.size();
   if (size.isEmpty()) throw DamagedPicture(path);
@@ -114,6 +116,19 @@ PicturePtr DecodeOld(const std::string& decoderPath, OldFormat format, const std
 
 RuntimeError DamagedPicture(const std::string& name) {
   return Bad(name, "è danneggiata e non può essere letta.");
+}
+
+bool StartsPicture(const QByteArray& bytes) {
+  if (FormatOf(bytes.toStdString())) return true;
+  QBuffer buffer;
+  buffer.setData(WithBitmapFileHeader(bytes));
+  QImageReader reader(&buffer);
+  reader.setDecideFormatFromContent(true);
+  return IsKnown(reader.format());
+}
+
+PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes) {
+  return LoadPixels(name, bytes, PictureCheck::Whole);
 }
 
 QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPath, PictureCheck check)

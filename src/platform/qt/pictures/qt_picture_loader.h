@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <string>
 
 #include "platform/files/file_system.h"
@@ -16,6 +17,13 @@ enum class PictureCheck {
   Whole,
   Header  // for a picture that is painted once and at once: damage behind the header shows there
 };
+
+// Whether a file that begins with these bytes is of a format that can be loaded.
+bool StartsPicture(const QByteArray& bytes);
+
+// The picture in the bytes of a file of the newer formats, decoded once. RuntimeError InvalidPicture, told by
+// the name.
+PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes);
 
 // Loads picture files by what their bytes say, not by their names: JPEG, BMP (also run-length encoded, also
 // without a file header), GIF, ICO, CUR, PNG, TIFF, WebP; EMF, WMF and IFF through the decoder program. A

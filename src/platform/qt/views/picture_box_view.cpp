@@ -1,10 +1,15 @@
 #include "platform/qt/views/picture_box_view.h"
 
+#include <QApplication>
 #include <QPainter>
+#include <QPointer>
 #include <QRegion>
+#include <utility>
+#include <vector>
 
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/pictures/artwork.h"
+#include "platform/qt/views/dragged_pictures.h"
 #include "platform/qt/views/small_views.h"
 #include "platform/qt/views/view_text.h"
 
@@ -14,6 +19,16 @@ namespace {
 constexpr double kMostKeptPixels = 16e6;  // of a moving strip
 constexpr int kSettledMilliseconds = 150;
 constexpr QColor kPaperEdge(160, 160, 160);
+
+// The picture stays where it comes from: never moved, whatever the other program proposes.
+bool Takes(QDropEvent& event) {
+  for (const Qt::DropAction action : {Qt::CopyAction, Qt::LinkAction}) {
+    if (!event.possibleActions().testFlag(action)) continue;
+    event.setDropAction(action);
+    return true;
+  }
+  return false;
+}
 
 }  // namespace
 
@@ -28,6 +43,7 @@ void PictureBoxView::MirrorAppearance() {
   ControlView::MirrorAppearance();
   widget_.setFocusPolicy(IsLink() ? Qt::StrongFocus : Qt::ClickFocus);
   widget_.setAttribute(Qt::WA_OpaquePaintEvent, model_.PaperBackground());
+  widget_.setAcceptDrops(model_.Drop != nullptr);
   MirrorDrawing();
 }
 
@@ -37,9 +53,52 @@ void PictureBoxView::MirrorDrawing() {
 }
 
 bool PictureBoxView::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::Paint) return ControlView::eventFilter(watched, event);
-  Paint();
-  return true;
+  switch (event->type()) {
+    case QEvent::Paint:
+      Paint();
+      return true;
+    case QEvent::DragEnter:
+      DragEntered(static_cast<QDragEnterEvent&>(*event));
+      return true;
+    case QEvent::DragMove:
+      DragMoved(static_cast<QDragMoveEvent&>(*event));
+      return true;
+    case QEvent::DragLeave:
+      Feed([this] { model_.PerformDragLeave(); });
+      return true;
+    case QEvent::Drop:
+      Dropped(static_cast<QDropEvent&>(*event));
+      return true;
+    default:
+      return ControlView::eventFilter(watched, event);
+  }
+}
+
+// Nothing is dropped behind a window that waits for its answer. What is accepted once is told of each move.
+void PictureBoxView::DragEntered(QDragEnterEvent& event) {
+  const QWidget* const modal = QApplication::activeModalWidget();
+  const bool reachable = modal == nullptr || modal == widget_.window();
+  if (!reachable || !Takes(event) || !HoldsPicture(*event.mimeData())) return event.ignore();
+  DragMoved(event);
+  event.accept();
+}
+
+void PictureBoxView::DragMoved(QDragMoveEvent& event) {
+  bool welcome = false;
+  const QPointF place = event.position();
+  Feed([&] { welcome = model_.PerformDragOver(ToTwips(place.x()), ToTwips(place.y())); });
+  event.setAccepted(welcome && Takes(event));
+}
+
+// The other program waits until the event has been taken, so what may ask the user comes after it.
+void PictureBoxView::Dropped(QDropEvent& event) {
+  if (!Takes(event)) return event.ignore();
+  event.accept();
+  std::vector<DroppedPicture> pictures;
+  Feed([&] { pictures = PicturesIn(*event.mimeData()); });
+  Context().windows.Post([view = QPointer(this), pictures = std::move(pictures), place = event.position()] {
+    if (view) view->model_.PerformDrop(pictures, ToTwips(place.x()), ToTwips(place.y()));
+  });
 }
 
 // A strip that moves within another box is kept as pixels, so that a step of it draws nothing anew. A page is

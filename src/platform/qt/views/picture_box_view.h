@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QDragEnterEvent>
+#include <QDragMoveEvent>
+#include <QDropEvent>
 #include <QPixmap>
 #include <QTimer>
 #include <QWidget>
@@ -26,6 +29,9 @@ class PictureBoxView : public ControlView {
 
  private:
   void Paint();
+  void DragEntered(QDragEnterEvent& event);
+  void DragMoved(QDragMoveEvent& event);
+  void Dropped(QDropEvent& event);
   void Draw(QPainter& painter);
   void DrawEdge(QPainter& painter);
   bool CanKeep() const;
