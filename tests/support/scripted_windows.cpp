@@ -25,6 +25,7 @@ void ScriptedWindows::UserEvent(const std::function<void()>& handler) {
 MsgBoxAnswer ScriptedWindows::MsgBox(const std::string& text, MsgBoxButtons buttons,
                                      const std::string& title) {
   Boxes.push_back({text, buttons, title});
+  if (AfterBox) AfterBox();
   if (buttons == MsgBoxButtons::Ok) return MsgBoxAnswer::Ok;
   if (Answers.empty()) {
     ADD_FAILURE() << "unexpected question: " << text;

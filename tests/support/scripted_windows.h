@@ -34,6 +34,8 @@ class ScriptedWindows : public WindowSystem {
   // Plays the user in the next popup menu: the name of the entry to choose, empty for Esc.
   std::deque<std::string> MenuChoices;
 
+  std::function<void()> AfterBox;  // what else the user does before going on
+
   std::vector<Box> Boxes;
   std::vector<Prompt> Prompts;
   std::vector<std::string> ShownForms;

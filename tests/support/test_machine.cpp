@@ -103,14 +103,14 @@ TemporaryFolder::~TemporaryFolder() {
 
 TestMachine::TestMachine()
     : Files(std::make_unique<LocalFileSystem>(
-          Root.Path(), MountTable{Root.Path() + "/no-mounts", Root.Path() + "/no-labels"},
-          Root.Path() + "/Desktop")),
+          Root.Path(), MountTable{Root.Path() + "/mountinfo", Root.Path() + "/no-labels"},
+          Root.Path() + "/home/u/Scrivania")),
       ThePrinter(Device, Metrics, Fonts),
       Pictures(*Files),
       platform{Windows, TheScreen,  *Files,   Pictures, Metrics,
                Fonts,   ThePrinter, Launches, Http,     AppInfo{.path = "C:\\Morvane"}} {
   MakeFolder("C:\\Morvane");
-  MakeFolder("C:\\Desktop");
+  MakeFolder("C:\\home\\u\\Scrivania");
 }
 
 void TestMachine::WriteFile(const std::string& windowsPath, const std::string& bytes) {

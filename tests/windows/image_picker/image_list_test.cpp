@@ -1,5 +1,6 @@
 #include "windows/image_picker/image_list.h"
 
+#include <filesystem>
 #include <fstream>
 
 #include "picker_machine.h"
@@ -49,9 +50,9 @@ TEST(Preview, ReachesOneLimitAndKeepsProportions) {
 
 class ImageListTest : public PickerTest {
  protected:
-  void List(const std::string& folder) {
-    window.lblPath.SetCaption(folder);
-    window.Command4.PerformClick();
+  void List(const std::string& node) {
+    if (!window.form.Visible()) Open();
+    ClickNode(node);
   }
 };
 
@@ -61,7 +62,7 @@ TEST_F(ImageListTest, ShowsPicturesInOrderAndSelectsTheFirst) {
   machine.WriteFile("C:\\Foto\\.nascosta.jpg", "");
   machine.WriteFile("C:\\Foto\\testo.txt", "");
   machine.MakeFolder("C:\\Foto\\cartella.jpg");
-  List("C:\\Foto\r\n");
+  List("Foto");
 
   EXPECT_EQ(state.CartellaImmagini, "C:\\Foto\\");
   EXPECT_THAT(Rows(), ElementsAre("A.bmp", "b.JPG"));
@@ -80,27 +81,28 @@ TEST_F(ImageListTest, SelectsTheNameConfirmedBeforeInAnyFolder) {
     machine.WritePicture(name, 100, 100);
   }
   state.ImmaginePrecedente = "C:\\Altrove\\b.jpg";
-  List("C:\\Foto");
+  List("Foto");
   EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\b.jpg");
-  EXPECT_EQ(pictures.Loaded.size(), 2U);  // the first row's picture too
+  EXPECT_EQ(machine.Pictures.Loaded.size(), 2U);  // the first row's picture too
 
   state.ImmaginePrecedente = "b2.JPG";
-  List("C:\\Foto");
+  List("Foto");
   EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\a.jpg");
 }
 
 TEST_F(ImageListTest, WithoutANewPictureThePreviewKeepsTheOneBefore) {
   machine.WritePicture("C:\\Foto\\a.jpg", 15000, 7500);
   machine.WriteFile("C:\\Foto\\b.jpg", "rovinata");
-  List("C:\\Foto");
+  List("Foto");
   const PicturePtr before = window.Image1.GetPicture();
-  window.List1.UserSelects(1);
+  ClickRow(window, 1);
   EXPECT_EQ(window.Image1.GetPicture(), before);
   EXPECT_FLOAT_EQ(static_cast<float>(window.Image1.Height()), 1852.5F);
   EXPECT_TRUE(window.Image1.Visible());
   EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\b.jpg");
 
-  List("C:\\Manca");
+  std::filesystem::remove_all(machine.Root.Path() + "/Foto");
+  Hand::Press(window.Command4);
   EXPECT_THAT(Rows(), IsEmpty());
   EXPECT_EQ(window.Label17.Caption(), "N. 0");
   EXPECT_EQ(window.Image1.GetPicture(), before);
@@ -111,7 +113,7 @@ TEST_F(ImageListTest, RowsEndAt9999AndTheCountGoesOn) {
   machine.MakeFolder("C:\\Molte");
   const std::string folder = machine.Root.Path() + "/Molte/";
   for (int i = 0; i < 12000; ++i) std::ofstream(folder + std::to_string(i) + ".gif");
-  List("C:\\Molte");
+  List("Molte");
   EXPECT_EQ(window.List1.ListCount(), 9999);
   EXPECT_EQ(window.Label17.Caption(), "N. 12000");
   EXPECT_EQ(state.ListaImmagini[0], "");

@@ -3,36 +3,23 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <QTest>
+#include <QTreeView>
 #include <string>
 #include <vector>
 
 #include "core/app_state.h"
-#include "platform/files/local_file_system.h"
-#include "tests/support/test_machine.h"
+#include "tests/hand/hand.h"
 #include "windows/image_picker/frm_about.h"
 
 namespace Morvane {
 
-// A user who does something after each message.
-class ActingWindows : public ScriptedWindows {
- public:
-  std::function<void()> AfterBox;
-
-  MsgBoxAnswer MsgBox(const std::string& text, MsgBoxButtons buttons, const std::string& title) override {
-    const MsgBoxAnswer answer = ScriptedWindows::MsgBox(text, buttons, title);
-    if (AfterBox) AfterBox();
-    return answer;
-  }
-};
-
-// A made-up machine: a disk C: with the desktop in C:\home\u\Scrivania; other drives as a test mounts them.
+// The picker on a disk C: with the desktop in C:\\home\\u\\Scrivania; other drives as a test mounts them.
 class PickerTest : public ::testing::Test {
  protected:
-  PickerTest() {
-    machine.MakeFolder("C:\\home\\u\\Scrivania");
-    state.AppPath = "C:\\Morvane\\";
-  }
+  using Texts = std::vector<std::string>;
+
+  PickerTest() { state.AppPath = "C:\\Morvane\\"; }
 
   void Mount(const std::string& device, const std::string& fileSystem, const std::string& folder) {
     mounts_ += "1 1 " + std::to_string(++mountCount_) + ":0 / " + folder + " rw - " + fileSystem + " " +
@@ -41,40 +28,67 @@ class PickerTest : public ::testing::Test {
     machine.WriteFile("C:\\mountinfo", mounts_);
   }
 
-  std::vector<std::string> TextsBelow(const std::string& key) {
-    std::vector<std::string> texts;
-    for (const TreeNode* node : window.tvwdirtree.Find(key)->Children()) texts.push_back(node->Text());
+  void Open() { hand.Show(window.form); }
+
+  static QTreeView& Tree(const frmAbout& picker) { return Hand::See<QTreeView>(picker.tvwdirtree); }
+
+  // The first node of this text, by the rows from the top.
+  static QModelIndex Node(const frmAbout& picker, const std::string& text) {
+    const QAbstractItemModel& nodes = *Tree(picker).model();
+    const auto found = nodes.match(nodes.index(0, 0), Qt::DisplayRole, QString::fromStdString(text), 1,
+                                   Qt::MatchExactly | Qt::MatchCaseSensitive | Qt::MatchRecursive);
+    if (found.empty()) throw std::logic_error("no node " + text);
+    return found.front();
+  }
+  QModelIndex Node(const std::string& text) const { return Node(window, text); }
+
+  Texts Below(const std::string& text) const {
+    const QModelIndex node = Node(text);
+    Texts texts;
+    for (int row = 0; row < node.model()->rowCount(node); ++row) {
+      texts.push_back(node.model()->index(row, 0, node).data().toString().toStdString());
+    }
     return texts;
   }
 
-  void ClickNode(const std::string& key) { window.tvwdirtree.UserClicks(*window.tvwdirtree.Find(key)); }
+  static void ClickNode(const frmAbout& picker, const std::string& text) { ClickAt(picker, text, 5); }
+  void ClickNode(const std::string& text) const { ClickNode(window, text); }
+  // The triangle before the node, which opens and closes it.
+  void Toggle(const std::string& text) const { ClickAt(window, text, -10); }
 
-  std::vector<std::string> Rows() const {
-    std::vector<std::string> rows;
-    for (int i = 0; i < window.List1.ListCount(); ++i) rows.push_back(window.List1.List(i));
-    return rows;
+  static Texts Rows(const frmAbout& picker) {
+    const QAbstractItemModel& rows = *Hand::See<QAbstractItemView>(picker.List1).model();
+    Texts texts;
+    for (int i = 0; i < rows.rowCount(); ++i)
+      texts.push_back(rows.index(i, 0).data().toString().toStdString());
+    return texts;
+  }
+  Texts Rows() const { return Rows(window); }
+
+  static void ClickRow(const frmAbout& picker, int row, Qt::MouseButton button = Qt::LeftButton) {
+    auto& list = Hand::See<QAbstractItemView>(picker.List1);
+    const QModelIndex index = list.model()->index(row, 0);
+    list.scrollTo(index);
+    QTest::mouseClick(list.viewport(), button, {}, list.visualRect(index).center());
+    Hand::Settle();
   }
 
   TestMachine machine;
-  LocalFileSystem files{machine.Root.Path(), MountTable(machine.Root.Path() + "/mountinfo", ""),
-                        machine.Root.Path() + "/home/u/Scrivania"};
-  TextPictures pictures{files};
-  ActingWindows windows;
-  Platform platform{windows,
-                    machine.TheScreen,
-                    files,
-                    pictures,
-                    machine.Metrics,
-                    machine.Fonts,
-                    machine.ThePrinter,
-                    machine.Launches,
-                    machine.Http,
-                    AppInfo{.path = "C:\\Morvane"}};
   AppState state;
   int contentsLoads = 0;
-  frmAbout window{state, platform, [this] { ++contentsLoads; }};
+  Hand hand{machine};
+  frmAbout window{state, hand.platform, [this] { ++contentsLoads; }};
 
  private:
+  static void ClickAt(const frmAbout& picker, const std::string& text, int x) {
+    QTreeView& tree = Tree(picker);
+    const QModelIndex node = Node(picker, text);
+    tree.scrollTo(node);
+    const QRect row = tree.visualRect(node);
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, {row.left() + x, row.center().y()});
+    Hand::Settle();
+  }
+
   std::string mounts_;
   int mountCount_ = 0;
 };
