@@ -140,7 +140,7 @@ class FaultyPictures : public PictureLoader {
   Faults& faults_;
 };
 
-// Its user prints two copies whenever asked.
+// Its user prints two copies whenever asked, upright where that is the user's choice.
 class FaultyPrinter : public PrinterDevice {
  public:
   FaultyPrinter(RecordingPrinter& printer, Faults& faults) : printer_(printer), faults_(faults) {}
@@ -151,6 +151,7 @@ class FaultyPrinter : public PrinterDevice {
   }
   PrintDialogAnswer ShowDialog(const PrintDialogRequest& request, PageOrientation& orientation) override {
     faults_.Call("ShowDialog", ErrorNumber::PrinterFailure);
+    orientation = PageOrientation::Portrait;
     printer_.Answers = {{.accepted = true, .copies = 2}};
     return printer_.ShowDialog(request, orientation);
   }
