@@ -57,9 +57,10 @@ void FolderScan(benchmark::State& run) {
   Disc& disc = DiscOf(run.range(0));
   AppState state;
   Listing list;
+  const Platform& machine = disc.machine.platform;
   for (auto _ : run) {
     state.ElencoRighe = 0;
-    FindSubFolders("C:\\Disco", state, disc.machine.platform, list);
+    FindSubFolders("C:\\Disco", state, {machine.files, machine.screen, machine.windows}, list);
   }
   run.counters["lines"] = static_cast<double>(list.ListCount());
 }

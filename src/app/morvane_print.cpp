@@ -172,7 +172,9 @@ void PrintContents(const PrintArguments& arguments, Platform& platform) {
   }
   Listing listing;
   const std::string folder = WindowsPath(platform.files, contents.folder);
-  Naming(contents.folder, folder, [&] { FindSubFolders(folder, state, platform, listing); });
+  Naming(contents.folder, folder, [&] {
+    FindSubFolders(folder, state, {platform.files, platform.screen, platform.windows}, listing);
+  });
   state.ElencoColonne = static_cast<std::int16_t>(contents.columns);
   LineCount lost = 0;
   for (int copy = 1; copy <= arguments.copies; ++copy) {

@@ -1,9 +1,7 @@
 #include "windows/contents/folder_scan.h"
 
-#include <algorithm>
-#include <exception>
 #include <unordered_map>
-#include <utility>
+#include <vector>
 
 #include "core/listing_font.h"
 #include "platform/files/file_error.h"
@@ -16,69 +14,70 @@ constexpr const char* kBrowserTitle = "Apertura CD/Cartella da stampare";
 constexpr const char* kTooManyFiles =
     "Numero massimo di files/cartelle visualizzabili : 1000, il programma ignorerà i files in piu'";
 
+// The path of something in a folder; a drive's root brings its own backslash.
+std::string PathBelow(const std::string& folder, const std::string& name) {
+  return folder.ends_with('\\') ? folder + name : folder + '\\' + name;
+}
+
 class FolderScan {
  public:
-  FolderScan(AppState& state, Platform& platform, Listing& list, int limit)
-      : state_(state), platform_(platform), list_(list), limit_(limit) {}
+  FolderScan(AppState& state, const ScanMachine& machine, Listing& list, int limit)
+      : state_(state), machine_(machine), list_(list), limit_(limit) {}
 
-  void Run(const std::string& fold) {
-    list_.Begin(fold);
-    LinesOf(fold);
-    if (failure_) std::rethrow_exception(failure_);
+  // Reached once more, by a link, a folder has the lines that it had the first time. It has none while it is
+  // still being read: so a link to a folder above it ends in a heading, and no walk is endless.
+  void List(const std::string& fold) {
+    const std::string identity = machine_.files.FolderIdentity(fold);
+    const auto known = read_.find(identity);
+    if (known != read_.end()) return list_.Repeat(known->second.lines, known->second.path, fold);
+    FolderEntries entries = machine_.files.ReadFolder(fold);
+    read_[identity] = {fold, {}};
+    const LineCount first = list_.ListCount();
+    ListEntries(fold, entries);
+    read_[identity].lines = {first, list_.ListCount()};
   }
 
  private:
-  // Reached once more, by a link, a folder has the lines that it had the first time. They are nullptr while
-  // it is still being read: so a link to a folder above it ends in a heading, and no walk is endless.
-  const FolderBlock* LinesOf(const std::string& fold) {
-    std::string identity;
-    FolderEntries entries;
-    try {
-      identity = platform_.files.FolderIdentity(fold);
-      const auto known = blocks_.find(identity);
-      if (known != blocks_.end()) return known->second;
-      entries = platform_.files.ReadFolder(fold);
-    } catch (const RuntimeError&) {
-      // A failure ends the scan in the way of the limit, so that the list keeps what was read before.
-      failure_ = std::current_exception();
-      return nullptr;
-    }
-    blocks_.emplace(identity, nullptr);
-    FolderBlock& block = list_.NewBlock();
-    ListEntries(fold, std::move(entries), block);
-    return blocks_[identity] = &block;
-  }
+  struct ReadFolder {
+    std::string path;
+    Listing::Range lines;
+  };
 
-  void ListEntries(const std::string& fold, FolderEntries entries, FolderBlock& block) {
+  void ListEntries(const std::string& fold, const FolderEntries& entries) {
+    std::vector<ReadFolder> inside;
     for (const std::string& name : entries.folders) {
-      block.AddSubFolder(name, LinesOf(PathBelow(fold, name)));
-      if (Stopped()) return;
+      const std::string path = PathBelow(fold, name);
+      list_.Add("(" + path + ")");
+      const LineCount first = list_.ListCount();
+      List(path);
+      if (state_.ElencoRighe > limit_) return;
+      inside.push_back({path, {first, list_.ListCount()}});
     }
-    platform_.screen.SetMousePointer(MousePointer::Hourglass);
-    // Every sub-folder is listed twice at each level. This is meant. The second time finds what the first one
-    // found, so no limit is passed in it: the first time would have ended the scan there.
-    block.RepeatSubFolders();
-    if (!entries.folders.empty()) platform_.screen.SetMousePointer(MousePointer::Default);
-    ListFiles(std::move(entries.files), block);
+    machine_.screen.SetMousePointer(MousePointer::Hourglass);
+    // The second reading of each sub-folder, without headings, finds what the first one found: lists keep
+    // their lines, and so their breaks.
+    for (const ReadFolder& folder : inside) list_.Repeat(folder.lines, folder.path, folder.path);
+    if (!entries.folders.empty()) machine_.screen.SetMousePointer(MousePointer::Default);
+    ListFiles(fold, entries.files);
   }
 
-  void ListFiles(std::vector<std::string> names, FolderBlock& block) {
-    const auto listed = std::min(names.size(), static_cast<std::size_t>(limit_) + 1);
-    names.resize(listed);
-    block.AddFiles(std::move(names));
-    state_.ElencoRighe = static_cast<std::int16_t>(listed);
-    if (!Stopped()) return platform_.screen.SetMousePointer(MousePointer::Default);
-    platform_.windows.MsgBox(kTooManyFiles);
+  void ListFiles(const std::string& fold, const std::vector<std::string>& names) {
+    state_.ElencoRighe = 0;
+    for (const std::string& name : names) {
+      list_.Add(PathBelow(fold, name));
+      if (++state_.ElencoRighe > limit_) {
+        machine_.windows.MsgBox(kTooManyFiles);
+        return;
+      }
+    }
+    machine_.screen.SetMousePointer(MousePointer::Default);
   }
-
-  bool Stopped() const { return failure_ || state_.ElencoRighe > limit_; }
 
   AppState& state_;
-  Platform& platform_;
+  const ScanMachine& machine_;
   Listing& list_;
   int limit_;
-  std::unordered_map<std::string, const FolderBlock*> blocks_;
-  std::exception_ptr failure_;
+  std::unordered_map<std::string, ReadFolder> read_;  // by identity
 };
 
 // As the folder itself tells its path: without a backslash at the end, unless it is a drive's root.
@@ -108,18 +107,20 @@ void Leggifile(AppState& state, Platform& platform, Listing& List1) {
   state.ElencoColonne = 2;
   List1.Clear();
   try {
-    FindSubFolders(fold, state, platform, List1);
+    FindSubFolders(fold, state, {platform.files, platform.screen, platform.windows}, List1);
   } catch (const RuntimeError&) {
     platform.screen.SetMousePointer(MousePointer::Default);
     throw;
   }
 }
 
-void FindSubFolders(const std::string& fold, AppState& state, Platform& platform, Listing& List1, int limit) {
+void FindSubFolders(const std::string& fold, AppState& state, const ScanMachine& machine, Listing& List1,
+                    int limit) {
   if (state.ElencoRighe > limit) return;
   RepairListingFont(state);
   state.ElencoColonne = 2;
-  FolderScan(state, platform, List1, limit).Run(fold);
+  List1.Clear();
+  FolderScan(state, machine, List1, limit).List(fold);
 }
 
 }  // namespace Morvane

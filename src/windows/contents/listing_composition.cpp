@@ -1,6 +1,8 @@
 #include "windows/contents/listing_composition.h"
 
-#include <optional>
+#include <algorithm>
+#include <cstddef>
+#include <vector>
 
 #include "core/number_text.h"
 #include "core/text.h"
@@ -102,22 +104,23 @@ class Composition {
   }
 
   LineCount DrawListing() {
-    const std::optional<LineCount> resume = FillPanel(kFront, 0);
+    std::size_t drawn = FillPanel(kFront, 0);
     Wipe(kFront.clearBehind, kFront.clearTop, kFront.clearBottom);
-    if (!resume) return 0;
-    page_.CurrentY = kBack.firstLine;
-    const std::optional<LineCount> lost = FillPanel(kBack, *resume);
-    return lost ? sheet_.List1.ListCount() - *lost : 0;
+    if (drawn <= sheet_.List1.Kept().size()) {
+      page_.CurrentY = kBack.firstLine;
+      drawn = FillPanel(kBack, drawn);
+    }
+    return sheet_.List1.ListCount() - std::min(drawn, sheet_.List1.Kept().size());
   }
 
-  // The index of the first line that found no place, if the panel got full. The step past the last line is
-  // meant: it breaks the column when the list ends just where the column does.
-  std::optional<LineCount> FillPanel(const Panel& panel, LineCount from) {
-    const LineCount count = sheet_.List1.ListCount();
+  // The index of the first line that found no place, or one past the end of the list, which has a step of its
+  // own: it breaks the column when the list ends just where the column does.
+  std::size_t FillPanel(const Panel& panel, std::size_t from) {
+    const std::vector<std::string>& lines = sheet_.List1.Kept();
     const double lineHeight = page_.TextHeight("J");
     int column = 0;
     std::int16_t elencoX = ToInteger16(panel.firstColumn);
-    for (LineCount i = from; i <= count; ++i) {
+    for (std::size_t i = from; i <= lines.size(); ++i) {
       if (page_.CurrentY + lineHeight > panel.bottom) {
         if (++column >= state_.ElencoColonne) {
           Wipe(panel.clearBehind, panel.clearTop, panel.clearBottom);
@@ -126,9 +129,9 @@ class Composition {
         elencoX = BeginColumn(panel, column);
       }
       page_.CurrentX = elencoX;
-      PrintListLine(panel, sheet_.List1.List(i));
+      if (i < lines.size()) PrintListLine(panel, lines[i]);
     }
-    return std::nullopt;
+    return lines.size() + 1;
   }
 
   // Nothing shortens a line: the white box wipes what stands beyond its column. Returns the left edge.

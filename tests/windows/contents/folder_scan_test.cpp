@@ -69,11 +69,7 @@ struct PlainScan {
 
 class FolderScanTest : public ::testing::Test {
  protected:
-  std::vector<std::string> Lines() const {
-    std::vector<std::string> lines;
-    for (LineCount i = 0; i < List1.ListCount(); ++i) lines.push_back(List1.List(i));
-    return lines;
-  }
+  const std::vector<std::string>& Lines() const { return List1.Kept(); }
   void Scan(const std::string& folder) {
     machine.Windows.Folders.push_back(folder);
     state.ElencoRighe = 0;
@@ -82,9 +78,7 @@ class FolderScanTest : public ::testing::Test {
 
   TestMachine machine;
   TreeFiles files;
-  Platform onTree{
-      machine.Windows,    machine.TheScreen, files,        machine.Pictures, machine.Metrics, machine.Fonts,
-      machine.ThePrinter, machine.Launches,  machine.Http, AppInfo{}};
+  const ScanMachine scan{files, machine.TheScreen, machine.Windows};
   AppState state;
   Listing List1;
 };
@@ -115,7 +109,7 @@ TEST_F(FolderScanTest, GivesTheListOfThePlainRuleOnAnyTreeAndReadsEachFolderOnce
 
     machine.Windows.Boxes.clear();
     state.ElencoRighe = 0;
-    FindSubFolders("D:\\Disco", state, onTree, List1, limit);
+    FindSubFolders("D:\\Disco", state, scan, List1, limit);
 
     ASSERT_EQ(Lines(), plain.lines) << "round " << round;
     ASSERT_EQ(static_cast<int>(machine.Windows.Boxes.size()), plain.messages);
@@ -154,11 +148,11 @@ TEST_F(FolderScanTest, CancelKeepsListAndColumns) {
 
 TEST_F(FolderScanTest, AThousandFilesPassAndOneMoreGivesTheMessageAndKeepsTheHourglass) {
   files.tree["D:"] = {{}, std::vector<std::string>(1000, "f")};
-  FindSubFolders("D:", state, onTree, List1);
+  FindSubFolders("D:", state, scan, List1);
   EXPECT_TRUE(machine.Windows.Boxes.empty());
   EXPECT_EQ(List1.ListCount(), 1000U);
   files.tree["D:"].files.resize(1002);
-  FindSubFolders("D:", state, onTree, List1);
+  FindSubFolders("D:", state, scan, List1);
   ASSERT_EQ(machine.Windows.Boxes.size(), 1U);
   EXPECT_EQ(machine.Windows.Boxes[0].text,
             "Numero massimo di files/cartelle visualizzabili : 1000, il programma ignorerà i files in piu'");
@@ -170,7 +164,7 @@ TEST_F(FolderScanTest, FolderThatCannotBeReadIsNamedAndTheListStaysAsFarAsItGot)
   files.tree["D:"] = {{"A", "B", "C"}, {"r"}};
   files.tree["D:\\A"] = {{}, {"a"}};
   try {
-    FindSubFolders("D:", state, onTree, List1);
+    FindSubFolders("D:", state, scan, List1);
     FAIL() << "no error";
   } catch (const RuntimeError& error) {
     EXPECT_THAT(error.what(), HasSubstr("D:\\B"));
@@ -195,41 +189,21 @@ TEST_F(FolderScanTest, LinkToAFolderAboveIsListedAndNotEntered) {
                                    "(C:\\R\\Z\\qui)", "(C:\\R\\Z\\su)", "C:\\R\\Z\\a"));
 }
 
-// A chain of folders of one file each, the innermost first: 2 n + 2 lines each, n those of the one below.
-void BuildChain(Listing& list, int depth) {
-  list.Begin("C:");
-  std::vector<FolderBlock*> chain;
-  for (int i = 0; i <= depth; ++i) chain.push_back(&list.NewBlock());
-  for (auto block = chain.rbegin(); block != chain.rend(); ++block) {
-    if (block != chain.rbegin()) (*block)->AddSubFolder("d", *std::prev(block));
-    (*block)->RepeatSubFolders();
-    (*block)->AddFiles({"f"});
-  }
-}
-
-TEST(ListingTest, CountsAndFindsLinesOfADeepDiscExactly) {
-  Listing list;
-  BuildChain(list, 40);
-  const LineCount count = 3 * (LineCount{1} << 40) - 2;
-  EXPECT_EQ(list.ListCount(), count);
-  EXPECT_EQ(list.List(0), "(C:\\d)");
-  EXPECT_EQ(list.List(count - 1), "C:\\f");
-  EXPECT_EQ(list.List(count - 2), "C:\\d\\f");
-  const LineCount below = (count - 2) / 2;  // lines of the sub-folder, listed behind its heading and again
-  EXPECT_EQ(list.List(below), "C:\\d\\f");
-  EXPECT_EQ(list.List(below + 1), "(C:\\d\\d)");
-  EXPECT_EQ(list.List(1 + below / 3), list.List(1 + below + below / 3));
-  EXPECT_EQ(list.List(count), "");
-}
-
-TEST(ListingTest, BeyondTheLargestCountTheLinesBelowItAreStillFound) {
-  Listing list;
-  BuildChain(list, 200);
-  EXPECT_EQ(list.ListCount(), kMostLines);
-  EXPECT_EQ(list.List(1), "(C:\\d\\d)");
-  EXPECT_NE(list.List(kMostLines - 1), "");
-  list.Clear();
-  EXPECT_EQ(list.ListCount(), 0U);
+TEST_F(FolderScanTest, FoldersInEachOtherAreCountedExactlyAndOnlySoManyLinesAreKept) {
+  const auto scanChain = [&](int depth) {
+    files.tree.clear();
+    std::string folder = "C:";
+    for (int i = 0; i < depth; ++i, folder += "\\d") files.tree[folder] = {{"d"}, {"f"}};
+    files.tree[folder] = {{}, {"f"}};
+    FindSubFolders("C:", state, scan, List1);
+    EXPECT_EQ(List1.Kept().size(), kKeptLines);
+    EXPECT_EQ(List1.Kept()[0], "(C:\\d)");
+    EXPECT_EQ(List1.Kept()[1], "(C:\\d\\d)");
+  };
+  scanChain(40);
+  EXPECT_EQ(List1.ListCount(), 3 * (LineCount{1} << 40) - 2);
+  scanChain(200);
+  EXPECT_EQ(List1.ListCount(), kMostLines);
 }
 
 }  // namespace

@@ -127,10 +127,7 @@ std::vector<std::string> ColumnStarts(const DrawingList& drawing) {
 }
 
 TEST_F(ContentsWindow, ColumnsBreakAsOnPaperAtAnyFontSizeInWindowsOfAnySizeOnAnySheet) {
-  std::vector<std::string> lines;
-  for (int i = 0; i < 1500; ++i) lines.push_back((i % 9 == 0 ? "(" : "") + std::to_string(i));
-  window.List1.Begin("");
-  window.List1.NewBlock().AddFiles(lines);
+  for (int i = 0; i < 1500; ++i) window.List1.Add((i % 9 == 0 ? "(" : "") + std::to_string(i));
   std::vector<float> sizes = {2.8F, 10.3F, 20.6F};  // a column is full to 0.003 mm
   for (float size = 2; size <= 25; ++size) sizes.push_back(size);
   for (const SheetSize& sheet : {SheetSize{11905.5, 16837.8}, {12240, 15840}}) {

@@ -25,8 +25,8 @@ class ListingComposition : public ::testing::Test {
   }
 
   void Fill(const std::vector<std::string>& lines) {
-    list.Begin("");
-    list.NewBlock().AddFiles(lines);
+    list.Clear();
+    for (const std::string& line : lines) list.Add(line);
   }
   void FillNumbered(int count) {
     std::vector<std::string> lines;
