@@ -16,6 +16,15 @@ void PreparePage(AppState& state, Printer& printer) {
   state.SuSchermo = 0;
 }
 
+// A dialog that fails leaves its one copy to be printed; only a cancel prints nothing.
+PrintDialogAnswer AskBeforePrinting(Printer& printer) {
+  try {
+    return printer.ShowDialog({.restricted = true});
+  } catch (const RuntimeError&) {
+    return {.accepted = true};
+  }
+}
+
 }  // namespace
 
 void DisegnaFoglio(AppState& state, const CoverSlots& slots, Printer& printer) {
@@ -24,9 +33,7 @@ void DisegnaFoglio(AppState& state, const CoverSlots& slots, Printer& printer) {
 }
 
 void Stampa(AppState& state, const CoverSlots& slots, Printer& printer) {
-  // A dialog that fails leaves its one copy to be printed; only a cancel prints nothing.
-  PrintDialogAnswer answer{.accepted = true};
-  ResumeNext([&] { answer = printer.ShowDialog({.restricted = true}); });
+  const PrintDialogAnswer answer = AskBeforePrinting(printer);
   if (!answer.accepted) return;
   PreparePage(state, printer);
   for (int copy = 1; copy <= answer.copies; ++copy) {
