@@ -9,21 +9,18 @@ source tools/desktop
 
 picker="Morvane - Scelta immagine"
 editor="Apertura file copertine"
-convert -size 600x600 xc:'#c02020' -quality 95 "$home/Foto/rosso.jpg"
+mkdir "$home/Desktop"
+convert -size 600x600 xc:'#c02020' -quality 95 "$home/Desktop/rosso.jpg"
 
 # print_to NAME: prints from the main window; with no printer installed the job becomes the file Documenti/NAME.pdf.
 print_to() {
   window Morvane
-  xdotool windowfocus "$id" key ctrl+s
+  xdotool key ctrl+s
   window Stampa
-  sleep 0.3
   xdotool key Return
   gone Stampa
-  for _ in $(seq 100); do
-    [[ -s "$home/Documenti/$1.pdf" ]] && break
-    sleep 0.1
-  done
   sheet="$home/Documenti/$1.pdf"
+  await "the sheet" pdfinfo "$sheet"
 }
 
 # expect_red X Y WIDTH HEIGHT: the red picture on the sheet, in millimetres; 0.05 for sizes, 0.10 for the place.
@@ -46,34 +43,29 @@ expect_red() {
 
 start
 click Morvane 1700 2600 # inside cover 1
-window "$picker"
-open_folder "$home/Foto"
-xdotool key Tab
+click "$picker" 1500 700 # the desktop, with its one picture
 click "$picker" 8000 780
 gone "$picker"
 print_to Morvane
 expect_red 25 25 121 121
-grep -q '^FileFolder=C:\\.*Foto' "$home/Programmi/morvane.ini"
+grep -q '^FileFolder=C:\\.*Desktop' "$home/Programmi/morvane.ini"
 
 # A disc's cover, one millimetre wider and two further right, under a name of its own.
 window Morvane
-xdotool windowfocus "$id" key ctrl+p
+xdotool key ctrl+p
 click "$editor" 800 600
-xdotool type --delay 30 "CD - Fronte"
-sleep 0.3
+xdotool type --delay 15 "CD - Fronte"
 click "$editor" 4725 6090
 click "$editor" 6825 6090
 click "$editor" 6825 6090
 xdotool key alt+n
-sleep 0.7
+window Morvane
 xdotool key ctrl+a
 xdotool type --delay 15 "Prova di strada"
 xdotool key Return
-sleep 0.5
-[[ -s "$home/Programmi/Prova di strada.mvne" ]]
+await "the new layout" test -s "$home/Programmi/Prova di strada.mvne"
 click "$editor" 7600 660
 gone "$editor"
-sleep 0.5
 left=$(($(tr -d '\r' <"$home/Programmi/CD - Fronte e retro.mvne" | sed -n 's/^Distx1=//p') + 2))
 top=$(tr -d '\r' <"$home/Programmi/CD - Fronte e retro.mvne" | sed -n 's/^Disty1=//p')
 print_to "Prova di strada"
@@ -81,21 +73,20 @@ expect_red "$left" "$top" 122 121
 
 # A third cover for it, then another name, then away with it.
 window Morvane
-xdotool windowfocus "$id" key ctrl+p
+xdotool key ctrl+p
 click "$editor" 1860 6060
 click "$editor" 7600 3930
-grep -q '^Larg3=50' "$home/Programmi/Prova di strada.mvne"
+await "the third cover" grep -q '^Larg3=50' "$home/Programmi/Prova di strada.mvne"
 click "$editor" 7600 3000
 window "Rinomina un file di copertine"
 xdotool key ctrl+a
 xdotool type --delay 15 "Altra prova"
 xdotool key Return
-gone "Rinomina un file di copertine"
-[[ -s "$home/Programmi/Altra prova.mvne" && ! -e "$home/Programmi/Prova di strada.mvne" ]]
+await "the new name" test -s "$home/Programmi/Altra prova.mvne"
+[[ ! -e "$home/Programmi/Prova di strada.mvne" ]]
 click "$editor" 7600 2535
-sleep 0.5
+window Morvane
 xdotool key Return
-sleep 0.5
-[[ ! -e "$home/Programmi/Altra prova.mvne" ]]
+await "the end of the layout" test ! -e "$home/Programmi/Altra prova.mvne"
 leave "$editor"
 stop
