@@ -90,3 +90,29 @@ xdotool key Return
 await "the end of the layout" test ! -e "$home/Programmi/Altra prova.mvne"
 leave "$editor"
 stop
+
+# Where numbers have a comma: a width typed with a point is shown, and saved when its cover is not on show, with a comma,
+# and a comma ends a number when the layout is read.
+mkdir "$home/locale"
+localedef -i it_IT -f UTF-8 "$home/locale/it_IT.UTF-8"
+start LOCPATH="$home/locale" LC_ALL=it_IT.UTF-8
+xdotool key ctrl+p
+click "$editor" 800 600
+xdotool type --delay 15 "CD - Fronte"
+click "$editor" 4200 5625
+xdotool key ctrl+a
+xdotool type --delay 15 93.7
+xdotool key Return
+click "$editor" 4350 3300 # the other cover
+click "$editor" 7600 3930
+await "the width with a comma" grep -q '^Larg1=93,7' "$home/Programmi/CD - Fronte e retro.mvne"
+click "$editor" 7600 660
+gone "$editor"
+window Morvane
+click Morvane 1700 2600
+click "$picker" 1500 700
+click "$picker" 8000 780
+gone "$picker"
+print_to "CD - Fronte e retro"
+expect_red 44 24 93 121
+stop
