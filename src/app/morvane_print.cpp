@@ -218,7 +218,7 @@ int main(int argc, char** argv) {
   try {
     const PrintArguments arguments = ParsePrintArguments(std::vector<std::string>(argv + 1, argv + argc));
     if (arguments.help) {
-      std::cout << kPrintHelp;
+      std::cout << PrintHelp();
       return kDone;
     }
     // No window is ever shown, so no display is needed.

@@ -41,6 +41,7 @@ PrintArguments ParsePrintArguments(std::span<const std::string> arguments);
 // The file of one copy: with copies above 1, "-1", "-2" ... before the extension.
 std::string PdfNameOfCopy(const std::string& pdf, int copy, int copies);
 
-extern const char* const kPrintHelp;
+// The usage, Italian.
+std::string PrintHelp();
 
 }  // namespace Morvane
