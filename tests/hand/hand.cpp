@@ -1,6 +1,6 @@
 #include "tests/hand/hand.h"
 
-#include <QAbstractScrollArea>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
@@ -101,6 +101,34 @@ void Hand::Move(const Form& form, double left, double top) {
 void Hand::Resize(const Form& form, double width, double height) {
   See(form).resize(ToPixels(width), ToPixels(height));
   Settle();
+}
+
+std::vector<std::string> Hand::Rows(const Control& list, const QModelIndex& below) {
+  const QAbstractItemModel& model = *See<QAbstractItemView>(list).model();
+  std::vector<std::string> rows;
+  for (int i = 0; i < model.rowCount(below); ++i)
+    rows.push_back(model.index(i, 0, below).data().toString().toStdString());
+  return rows;
+}
+
+QModelIndex Hand::Row(const Control& list, const std::string& text) {
+  const QAbstractItemModel& model = *See<QAbstractItemView>(list).model();
+  const auto found = model.match(model.index(0, 0), Qt::DisplayRole, QString::fromStdString(text), 1,
+                                 Qt::MatchExactly | Qt::MatchCaseSensitive | Qt::MatchRecursive);
+  if (found.empty()) throw std::logic_error("no row " + text);
+  return found.front();
+}
+
+void Hand::ClickRow(const Control& list, const QModelIndex& row, int x, Qt::MouseButton button) {
+  auto& view = See<QAbstractItemView>(list);
+  view.scrollTo(row);
+  const QRect place = view.visualRect(row);
+  QTest::mouseClick(view.viewport(), button, {}, {place.left() + x, place.center().y()});
+  Settle();
+}
+
+void Hand::ClickRow(const Control& list, int row, Qt::MouseButton button) {
+  ClickRow(list, See<QAbstractItemView>(list).model()->index(row, 0), 5, button);
 }
 
 QWidget& Hand::See(const Form& form) {

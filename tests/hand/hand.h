@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QModelIndex>
 #include <QWidget>
 #include <string>
+#include <vector>
 
 #include "platform/platform.h"
 #include "platform/qt/desktop/qt_screen.h"
@@ -53,6 +55,15 @@ class Hand {
   // By the title bar and the edge of the window; twips of its place and of its inside.
   static void Move(const Form& form, double left, double top);
   static void Resize(const Form& form, double width, double height);
+
+  // The rows of a list, or of a tree below a row, as they are read.
+  static std::vector<std::string> Rows(const Control& list, const QModelIndex& below = {});
+  // The first row of this text, from the top.
+  static QModelIndex Row(const Control& list, const std::string& text);
+  // Pixels from the row's left edge; a tree's triangle lies before it.
+  static void ClickRow(const Control& list, const QModelIndex& row, int x = 5,
+                       Qt::MouseButton button = Qt::LeftButton);
+  static void ClickRow(const Control& list, int row, Qt::MouseButton button = Qt::LeftButton);
 
   template <typename Widget = QWidget>
   static Widget& See(const Control& control) {

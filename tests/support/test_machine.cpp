@@ -103,7 +103,7 @@ TemporaryFolder::~TemporaryFolder() {
 
 TestMachine::TestMachine()
     : Files(std::make_unique<LocalFileSystem>(
-          Root.Path(), MountTable{Root.Path() + "/mountinfo", Root.Path() + "/no-labels"},
+          Root.Path(), MountTable{Root.Path() + "/mountinfo", Root.Path() + "/by-label"},
           Root.Path() + "/home/u/Scrivania")),
       ThePrinter(Device, Metrics, Fonts),
       Pictures(*Files),

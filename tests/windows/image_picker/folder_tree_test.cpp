@@ -1,98 +1,77 @@
 #include "windows/image_picker/folder_tree.h"
 
-#include <filesystem>
-#include <map>
+#include <QTreeView>
 #include <utility>
 
-#include "picker_machine.h"
+#include "picker_fixture.h"
 #include "platform/files/local_file_system.h"
 
 namespace Morvane {
-
 namespace {
 
-using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using ::testing::Not;
 
-// Drives of every type, empty, and no desktop folder; it records which drives were asked for more than their
-// type.
-class DrivesWithoutFolders : public LocalFileSystem {
+// Empty drives A:, B: and so on, of types that no mount of this system gives, too; it notes the drives that
+// were asked for more than their type.
+class Drives : public LocalFileSystem {
  public:
-  using Drives = std::vector<std::pair<std::string, int>>;
+  explicit Drives(std::vector<int> types)
+      : LocalFileSystem("/", MountTable("", ""), ""), types_(std::move(types)) {}
 
-  DrivesWithoutFolders(const std::string& root, Drives drives)
-      : LocalFileSystem(root, MountTable("", ""), ""), drives_(std::move(drives)) {}
-
-  mutable std::vector<std::string> Touched;
+  mutable std::string asked;
 
   std::vector<std::string> DriveRoots() const override {
     std::vector<std::string> roots;
-    for (const auto& [drive, type] : drives_) roots.push_back(drive + "\\");
+    for (std::size_t i = 0; i < types_.size(); ++i) roots.push_back(std::string(1, char('A' + i)) + ":\\");
     return roots;
   }
   DriveType TypeOfDrive(const std::string& drive) const override {
-    for (const auto& [name, type] : drives_) {
-      if (name == drive) return static_cast<DriveType>(type);
-    }
-    return DriveType::Unknown;
+    return static_cast<DriveType>(types_.at(static_cast<std::size_t>(drive[0] - 'A')));
   }
   std::string VolumeLabel(const std::string& root) const override {
-    Touched.push_back(root);
+    asked += root[0];
     return root == "D:\\" ? "MIEI DATI" : "";
   }
   std::string FirstSubFolder(const std::string& folder,
                              const std::function<bool(const std::string&)>&) const override {
-    Touched.push_back(folder);
+    asked += folder[0];
     return "";
   }
 
  private:
-  Drives drives_;
+  std::vector<int> types_;
 };
 
-std::vector<std::string> ChildTexts(TreeView& tree, const std::string& key) {
-  std::vector<std::string> texts;
-  for (const TreeNode* node : tree.Find(key)->Children()) texts.push_back(node->Text());
-  return texts;
-}
-
-TEST_F(PickerTest, EachTypeOfDriveHasItsTextAndImage) {
-  const DrivesWithoutFolders::Drives drivesByType = {{"B:", 6}, {"A:", 2}, {"D:", 3}, {"E:", 0},
-                                                     {"F:", 4}, {"G:", 5}, {"H:", 1}, {"I:", 2}};
-  DrivesWithoutFolders drives(machine.Root.Path(), drivesByType);
-  TreeView& tree = window.tvwdirtree;
+TEST_F(PickerTest, EachTypeOfDriveHasItsTextAndImageAndNoFloppyIsWaitedFor) {
+  const Drives drives({6, 2, 5, 3, 0, 4, 1});
+  Form form({.name = "Form1", .caption = ""});
+  TreeView tree(form, "tree");
   EXPECT_EQ(BuildTree(tree, state, machine.TheScreen, drives, [] {}), "D:");
-
-  const std::map<std::string, std::pair<std::string, std::string>> expected = {
-      {"B:", {"(B:)", "desktop"}}, {"A:", {"Floppy (A:)", "floppy"}}, {"D:", {"Miei Dati (D:)", "hard"}},
-      {"E:", {"(E:)", "hard"}},    {"F:", {" (F:)", "net"}},          {"G:", {" (G:)", "cdrom"}},
-      {"H:", {" (H:)", "hard"}},   {"I:", {"Floppy (I:)", "floppy"}},
-  };
-  for (const auto& [drive, look] : expected) {
-    EXPECT_EQ(tree.Find(drive)->Text(), look.first);
-    EXPECT_EQ(tree.Find(drive)->Image(), look.second) << drive;
-  }
-  EXPECT_THAT(ChildTexts(tree, "desk"), ElementsAre("Risorse del computer"));
-  // No wait for a medium that is not there.
-  EXPECT_THAT(drives.Touched, Not(Contains("A:\\")));
-  EXPECT_THAT(drives.Touched, Not(Contains("I:\\")));
+  Texts looks;
+  for (const TreeNode* drive : tree.Find("root")->Children()) looks.push_back(drive->Text() + drive->Image());
+  EXPECT_THAT(looks, ElementsAre("(A:)desktop", "Floppy (B:)floppy", " (C:)cdrom", "Miei Dati (D:)hard",
+                                 "(E:)hard", " (F:)net", " (G:)hard"));
+  EXPECT_EQ(drives.asked, "CCDDFFGG");
 }
 
 TEST_F(PickerTest, TheTreeOpensWithTheFirstDrivesFoldersInView) {
   machine.MakeFolder("C:\\mY pHOTOS\\vacanze");
   Mount("/dev/sr0", "iso9660", "/media/disco");
+  Mount("/dev/sdb1", "vfat", "/media/u/chiave");
+  machine.MakeFolder("C:\\by-label");
+  std::filesystem::create_symlink("../../sdb1", machine.Root.Path() + "/by-label/MARE");
   Open();
   EXPECT_THAT(Below("Desktop"), ElementsAre("Risorse del computer", "Scrivania"));
-  EXPECT_THAT(Below("Risorse del computer"), ElementsAre(" (C:)", "Disco (D:)"));
-  EXPECT_TRUE(Tree(window).isExpanded(Node(" (C:)")));
-  EXPECT_THAT(Below(" (C:)"), ElementsAre("Home", "Media", "Morvane", "My Photos"));
-  const TreeNode& photos = *window.tvwdirtree.Find("C:\\My Photos");
-  EXPECT_EQ(photos.Image(), "closed");
-  EXPECT_EQ(photos.SelectedImage(), "open");
+  EXPECT_THAT(Below("Risorse del computer"), ElementsAre(" (C:)", " (D:)", "Mare (E:)"));
+  EXPECT_TRUE(Hand::See<QTreeView>(picker->tvwdirtree).isExpanded(Node(" (C:)")));
+  EXPECT_THAT(Below(" (C:)"), ElementsAre("By-label", "Home", "Media", "Morvane", "My Photos"));
   EXPECT_THAT(Below("My Photos"), ElementsAre("Vacanze"));
-  EXPECT_THAT(Below("Disco (D:)"), IsEmpty());
+  EXPECT_THAT(Below(" (D:)"), IsEmpty());
+  const TreeNode& photos = *picker->tvwdirtree.Find("C:\\My Photos");
+  EXPECT_EQ(photos.Image() + photos.SelectedImage(), "closedopen");
+  EXPECT_EQ(picker->tvwdirtree.Find("C:\\home\\u\\Scrivania")->SelectedImage(), "open")
+      << "it was the last node when the first folder of C: came again";
   EXPECT_EQ(state.CartellaDesktop, "C:\\home\\u\\Scrivania");
   EXPECT_EQ(contentsLoads, 1);
   EXPECT_EQ(machine.TheScreen.Pointer(), MousePointer::Default);
@@ -102,57 +81,60 @@ TEST_F(PickerTest, AFloppyHasNoButtonUntilAClickReadsIt) {
   Mount("/dev/fd0", "vfat", "/media/floppy");
   machine.MakeFolder("C:\\media\\floppy\\FOTO");
   Open();
-  const std::string floppy = Below("Risorse del computer").at(0);
-  EXPECT_THAT(Below(floppy), IsEmpty());
-  EXPECT_FALSE(Tree(window).isExpanded(Node(" (C:)")));  // the fourth node is then a drive
-
-  ClickNode(floppy);
+  EXPECT_THAT(Below("Floppy (A:)"), IsEmpty());
+  EXPECT_FALSE(Hand::See<QTreeView>(picker->tvwdirtree).isExpanded(Node(" (C:)")))
+      << "the fourth node is then a drive";
+  ClickNode("Floppy (A:)");
   machine.MakeFolder("C:\\media\\floppy\\Album");
-  ClickNode(floppy);
-  EXPECT_THAT(Below(floppy), ElementsAre("Foto", "Album"));  // in the order they came
+  ClickNode("Floppy (A:)");
+  EXPECT_THAT(Below("Floppy (A:)"), ElementsAre("Foto", "Album")) << "in the order they came";
 }
 
-TEST_F(PickerTest, OpeningANodeReadsOneLevelEachTime) {
+TEST_F(PickerTest, OpeningANodeReadsOneLevelEachTimeAndTheAsteriskNoMore) {
   machine.MakeFolder("C:\\dati\\b\\c\\d");
   Open();
-  EXPECT_THAT(Below("B"), IsEmpty());
   Toggle("Dati");
   EXPECT_THAT(Below("Dati"), ElementsAre("B"));
   EXPECT_THAT(Below("B"), ElementsAre("C"));
   EXPECT_THAT(Below("C"), IsEmpty());
-
   machine.MakeFolder("C:\\dati\\a");
+  std::filesystem::create_directory_symlink(".", machine.Root.Path() + "/dati/a/anello");
   std::filesystem::remove_all(machine.Root.Path() + "/dati/b");
   Toggle("Dati");
   Toggle("Dati");
-  EXPECT_THAT(Below("Dati"), ElementsAre("A", "B"));  // new ones come, deleted ones stay
+  EXPECT_THAT(Below("Dati"), ElementsAre("A", "B")) << "new ones come, deleted ones stay";
   ClickNode("B");
-  EXPECT_EQ(window.Label17.Caption(), "N. 0");
+  EXPECT_EQ(picker->Label17.Caption(), "N. 0");
+  ClickNode("A");
+  Hand::Key(Qt::Key_Asterisk);
+  EXPECT_THAT(Below("A"), ElementsAre("Anello"));
+  EXPECT_THAT(Below("Anello"), ElementsAre("Anello"));
+  EXPECT_THAT(Hand::Rows(picker->tvwdirtree, Node("Anello").model()->index(0, 0, Node("Anello"))), IsEmpty());
 }
 
-// The key that opens everything below stops at what is in view; a press that slides to another row does
-// nothing.
-TEST_F(PickerTest, KeysAndSlidesReadNoMoreThanWhatIsShown) {
-  machine.MakeFolder("C:\\dati\\b");
-  std::filesystem::create_directory_symlink(".", machine.Root.Path() + "/dati/b/anello");
+TEST_F(PickerTest, HighlightPathAndListAgreeWhateverClickComes) {
+  WritePhotos({"a.jpg"});
   Open();
-  ClickNode("Dati");
-  Hand::Key(Qt::Key_Asterisk);
-  EXPECT_THAT(Below("Dati"), ElementsAre("B"));
-  EXPECT_THAT(Below("B"), ElementsAre("Anello"));
-  EXPECT_THAT(Below("Anello"), IsEmpty());
-
-  const QRect from = Tree(window).visualRect(Node("Dati"));
-  const QRect to = Tree(window).visualRect(Node("Morvane"));
-  QWidget* const rows = Tree(window).viewport();
-  QTest::mousePress(rows, Qt::LeftButton, {}, from.center());
-  QTest::mouseMove(rows, to.center());
-  QTest::mouseRelease(rows, Qt::LeftButton, {}, to.center());
+  ClickNode("Foto");
+  auto& tree = Hand::See<QTreeView>(picker->tvwdirtree);
+  const QPoint photos = tree.visualRect(Node("Foto")).center();
+  const QPoint other = tree.visualRect(Node("Morvane")).center();
+  for (const auto& [from, to] : {std::pair(photos, other), std::pair(other, photos)}) {
+    QTest::mousePress(tree.viewport(), Qt::LeftButton, {}, from);
+    QMouseEvent slide(QEvent::MouseMove, to, tree.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                      {});
+    QApplication::sendEvent(tree.viewport(), &slide);
+    QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, to);
+  }
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::ControlModifier, photos);
+  QTest::mouseClick(tree.viewport(), Qt::RightButton, {}, other);
   Hand::Settle();
-  EXPECT_EQ(Tree(window).currentIndex(), Node("Dati"));
-  QTest::mouseClick(rows, Qt::LeftButton, Qt::ControlModifier, from.center());
-  EXPECT_TRUE(Tree(window).selectionModel()->isSelected(Node("Dati")));
-  EXPECT_EQ(window.lblPath.Caption(), "C:\\Dati\r\n");
+  EXPECT_THAT(tree.selectionModel()->selectedIndexes(), ElementsAre(Node("Foto")));
+  EXPECT_EQ(picker->lblPath.Caption(), "C:\\Foto\r\n");
+  EXPECT_THAT(Rows(), ElementsAre("a.jpg"));
+  Hand::Key(Qt::Key_Down);
+  EXPECT_EQ(picker->lblPath.Caption(), "C:\\Home\r\n");
+  EXPECT_THAT(Rows(), IsEmpty());
 }
 
 // Letters that do not come back from upper case would make a key that names no folder.
@@ -167,43 +149,30 @@ TEST_F(PickerTest, FolderOfAnyFirstLetterCanBeOpened) {
   }
 }
 
-TEST_F(PickerTest, ARefusedFolderLeavesItsSelectedImageToTheNodeAddedLast) {
-  machine.MakeFolder("C:\\dati\\b");
-  TreeView& tree = window.tvwdirtree;
-  tree.Add("", "C:\\Dati", "Dati", "closed");
-  tree.Add("C:\\Dati", "C:\\Dati\\B", "B", "closed");
-  tree.Add("", "altro", "Altro", "closed");
-  AddSubFolders(tree, "C:\\Dati", *machine.Files);
-  EXPECT_EQ(tree.NodeCount(), 3);
-  EXPECT_EQ(tree.Find("altro")->SelectedImage(), "open");
-  EXPECT_EQ(tree.Find("C:\\Dati\\B")->SelectedImage(), "closed");
+TEST_F(PickerTest, FolderNamedDeskIsNoPlaceholder) {
+  for (const char* folder : {"uno\\desk", "due\\Desk", "tre\\desk", "tre\\testo"}) {
+    machine.MakeFolder(std::string("C:\\") + folder);
+  }
+  Open();
+  EXPECT_THAT(Below("Uno"), IsEmpty());
+  EXPECT_THAT(Below("Due"), ElementsAre("Desk"));
+  EXPECT_THAT(Below("Tre"), ElementsAre("Testo"));
+  Toggle("Tre");
+  EXPECT_THAT(Below("Tre"), ElementsAre("Desk", "Testo"));
 }
 
-TEST_F(PickerTest, AFolderNamedDeskGivesNoButton) {
-  machine.MakeFolder("C:\\uno\\desk");
-  machine.MakeFolder("C:\\due\\Desk");
-  machine.MakeFolder("C:\\tre\\desk");
-  machine.MakeFolder("C:\\tre\\altro");
-  EXPECT_EQ(FirstSubFolder("C:\\Uno", *machine.Files), "");
-  EXPECT_EQ(FirstSubFolder("C:\\Due", *machine.Files), "Desk");
-  EXPECT_EQ(FirstSubFolder("C:\\Manca", *machine.Files), "");
-  EXPECT_EQ(FirstSubFolder("", *machine.Files), "");
-
-  window.tvwdirtree.Add("", "C:\\Tre", "Tre", "closed");
-  AddSubFolders(window.tvwdirtree, "C:\\Tre", *machine.Files);
-  EXPECT_THAT(ChildTexts(window.tvwdirtree, "C:\\Tre"), ElementsAre("Altro", "Desk"));
-}
-
-TEST_F(PickerTest, FoldersThatDifferInCaseAloneAreOneNode) {
-  machine.MakeFolder("C:\\dati\\FOTO\\prima");
-  machine.MakeFolder("C:\\dati\\foto\\seconda");
-  window.tvwdirtree.Add("", "C:\\Dati", "Dati", "closed");
-  AddSubFolders(window.tvwdirtree, "C:\\Dati", *machine.Files);
-  EXPECT_THAT(ChildTexts(window.tvwdirtree, "C:\\Dati"), ElementsAre("Foto"));
-  EXPECT_THAT(ChildTexts(window.tvwdirtree, "C:\\Dati\\Foto"),
-              ElementsAre(FirstSubFolder("C:\\Dati\\Foto", *machine.Files)));
+TEST_F(PickerTest, FoldersThatDifferInCaseAloneAreOneNodeWhichLeadsWhereItsKeyDoes) {
+  machine.WritePicture("C:\\dati\\Foto\\giusta\\a.jpg", 100, 100);
+  machine.WritePicture("C:\\dati\\FOTO\\altra\\b.jpg", 100, 100);
+  machine.WritePicture("C:\\dati\\foto\\ultima\\c.jpg", 100, 100);
+  Open();
+  Toggle("Dati");
+  EXPECT_THAT(Below("Dati"), ElementsAre("Foto"));
+  EXPECT_THAT(Below("Foto"), ElementsAre("Giusta"));
+  Toggle("Foto");
+  ClickNode("Giusta");
+  EXPECT_THAT(Rows(), ElementsAre("a.jpg"));
 }
 
 }  // namespace
-
 }  // namespace Morvane

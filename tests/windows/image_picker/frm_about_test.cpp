@@ -1,126 +1,111 @@
 #include "windows/image_picker/frm_about.h"
 
-#include <memory>
-
-#include "picker_machine.h"
+#include "picker_fixture.h"
 #include "platform/controls/window_slot.h"
 
 namespace Morvane {
-
 namespace {
 
+// The picker as the main window shows it.
 class FrmAboutTest : public PickerTest {
  protected:
   FrmAboutTest() {
-    machine.WritePicture("C:\\Foto\\a.jpg", 100, 100);
-    machine.WritePicture("C:\\Foto\\b.jpg", 100, 100);
-    state.FileFolder = "c:\\";
+    WritePhotos({"a.jpg", "b.jpg"});
+    hand = std::make_unique<Hand>(machine);
   }
+  ~FrmAboutTest() override { hand.reset(); }
 
   // Opens the picker; `act` plays the user.
-  void Use(std::function<void(frmAbout&)> act) {
-    machine.Windows.Modal["frmAbout"].push_back([this, act](Form&) { act(slot.Get()); });
-    slot.ShowModal(hand.windows);
+  void Use(const std::function<void(frmAbout&)>& act) {
+    machine.Windows.Modal["frmAbout"].push_back([&](Form&) { act(slot.Get()); });
+    slot.ShowModal(hand->windows);
+  }
+  static void ChooseRow(frmAbout& window, int row) {
+    Hand::ClickRow(window.tvwdirtree, Hand::Row(window.tvwdirtree, "Foto"));
+    Hand::ClickRow(window.List1, row);
   }
 
-  static void ChooseRow(frmAbout& picker, int row) {
-    ClickNode(picker, "Foto");
-    ClickRow(picker, row);
-  }
-
-  WindowSlot<frmAbout> slot{[this] { return std::make_unique<frmAbout>(state, hand.platform, [] {}); }};
+  WindowSlot<frmAbout> slot{[this] { return std::make_unique<frmAbout>(state, hand->platform, [] {}); }};
 };
 
-TEST_F(FrmAboutTest, OkSavesTheFolderAndComesBackAsItWas) {
-  Use([](frmAbout& picker) {
-    ChooseRow(picker, 1);
-    Hand::Press(picker.Command1);
-  });
-  EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\b.jpg");
-  EXPECT_EQ(state.ImmaginePrecedente, "C:\\Foto\\b.jpg");
-  EXPECT_EQ(state.FileFolder, "C:\\Foto");
-  EXPECT_THAT(machine.ReadFile("C:\\Morvane\\morvane.ini"), ::testing::HasSubstr("FileFolder=C:\\Foto\r\n"));
-  Use([](frmAbout& picker) {
-    EXPECT_EQ(picker.List1.ListIndex(), 1);
-    EXPECT_NE(picker.Image1.GetPicture(), nullptr);
-    Hand::Press(picker.Image1);
-  });
-}
-
-TEST_F(FrmAboutTest, CancelChoosesNothingAndStartsAfresh) {
-  Use([](frmAbout& picker) {
-    ChooseRow(picker, 1);
-    Hand::Key(Qt::Key_Escape);
-  });
-  EXPECT_EQ(state.ImmagineScelta, "");
-  EXPECT_EQ(state.FileFolder, "c:\\");
-  Use([](frmAbout& picker) {
-    EXPECT_THAT(Rows(picker), ::testing::IsEmpty());
-    Hand::Press(picker.Command2);
-  });
-}
-
-TEST_F(FrmAboutTest, TheTitleBarKeepsTheRowSelectedLast) {
-  Use([](frmAbout& picker) {
-    ChooseRow(picker, 1);
-    Hand::See(picker.form).close();
-  });
-  EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\b.jpg");
-  EXPECT_EQ(state.ImmaginePrecedente, "");
-  EXPECT_EQ(state.FileFolder, "c:\\");
-  EXPECT_FALSE(machine.Files->FileExists("C:\\Morvane\\morvane.ini"));
-  EXPECT_EQ(slot.Get().List1.ListCount(), 0);
-}
-
-TEST_F(FrmAboutTest, EnterDoubleClickAndMenuChooseTheRow) {
+TEST_F(FrmAboutTest, EachWayToChooseSavesTheFolderAndComesBackAsItWas) {
   using Way = std::function<void(frmAbout&)>;
   const std::vector<Way> ways = {
+      [](frmAbout& window) { Hand::Press(window.Command1); },
+      [](frmAbout& window) { Hand::Press(window.Image1); },
       [](frmAbout&) { Hand::Key(Qt::Key_Return); },
-      [](frmAbout& picker) {
-        auto& list = Hand::See<QAbstractItemView>(picker.List1);
+      [](frmAbout& window) {
+        auto& list = Hand::See<QAbstractItemView>(window.List1);
         QTest::mouseDClick(list.viewport(), Qt::LeftButton, {},
                            list.visualRect(list.currentIndex()).center());
       },
-      [this](frmAbout& picker) {
+      [this](frmAbout& window) {
         machine.Windows.MenuChoices = {"menusele"};
-        ClickRow(picker, 0, Qt::RightButton);
+        Hand::ClickRow(window.List1, 0, Qt::RightButton);
       },
   };
   for (const Way& way : ways) {
-    state.ImmaginePrecedente.clear();
-    Use([&](frmAbout& picker) {
-      ChooseRow(picker, 0);
-      way(picker);
+    state.ImmagineScelta = state.ImmaginePrecedente = state.FileFolder = "";
+    Use([&](frmAbout& window) {
+      ChooseRow(window, 1);
+      way(window);
     });
-    EXPECT_EQ(state.ImmaginePrecedente, "C:\\Foto\\a.jpg");
-    EXPECT_GT(slot.Get().List1.ListCount(), 0);
+    EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\b.jpg");
+    EXPECT_EQ(state.ImmaginePrecedente, "C:\\Foto\\b.jpg");
+    EXPECT_THAT(machine.ReadFile("C:\\Morvane\\morvane.ini"),
+                ::testing::HasSubstr("FileFolder=C:\\Foto\r\n"));
+    machine.Files->Kill("C:\\Morvane\\morvane.ini");
+  }
+  Use([](frmAbout& window) {
+    EXPECT_TRUE(Hand::See<QAbstractItemView>(window.List1).selectionModel()->isRowSelected(1));
+    EXPECT_NE(window.Image1.GetPicture(), nullptr);
+    Hand::Press(window.Command1);
+  });
+}
+
+TEST_F(FrmAboutTest, CancelChoosesNothingTheTitleBarTheRowSelectedLastAndBothStartAfresh) {
+  const std::pair<std::function<void(frmAbout&)>, std::string> ways[] = {
+      {[](frmAbout&) { Hand::Key(Qt::Key_Escape); }, ""},
+      {[](frmAbout& window) { Hand::Press(window.Command2); }, ""},
+      {[](frmAbout& window) { Hand::See(window.form).close(); }, "C:\\Foto\\b.jpg"},
+  };
+  for (const auto& [way, chosen] : ways) {
+    Use([&](frmAbout& window) {
+      EXPECT_THAT(Hand::Rows(window.List1), ::testing::IsEmpty());
+      ChooseRow(window, 1);
+      way(window);
+    });
+    EXPECT_EQ(state.ImmagineScelta, chosen);
+    EXPECT_EQ(state.ImmaginePrecedente, "");
+    EXPECT_EQ(state.FileFolder, "c:\\");
+    EXPECT_FALSE(machine.Files->FileExists("C:\\Morvane\\morvane.ini"));
   }
 }
 
-TEST_F(FrmAboutTest, ThePathOfAClickedNodeFillsTheLabel) {
+TEST_F(PickerTest, ThePathOfAClickedNodeFillsTheLabel) {
   const std::string longName(60, 'x');
   machine.MakeFolder("C:\\" + longName);
   machine.WritePicture("C:\\radice.jpg", 100, 100);
+  WritePhotos({"a.jpg", "b.jpg"});
   Open();
-  EXPECT_EQ(window.lblPath.Caption(), "");
+  const std::pair<std::string, std::string> paths[] = {
+      {"Foto", "C:\\Foto\r\n"},  // one line: kept at the top of the label
+      {"X" + longName.substr(1), "C:\\X" + longName.substr(1)},
+      {"Desktop", "C:\\home\\u\\Scrivania"},
+      {"Risorse del computer", ""},
+  };
+  EXPECT_EQ(picker->lblPath.Caption(), "");
+  for (const auto& [node, path] : paths) {
+    ClickNode(node);
+    EXPECT_EQ(picker->lblPath.Caption(), path);
+  }
+  EXPECT_EQ(state.ImmagineScelta, "\\radice.jpg") << "no path lists the root of the current drive";
   ClickNode("Foto");
-  EXPECT_EQ(window.lblPath.Caption(), "C:\\Foto\r\n");  // one line: kept at the top of the label
   EXPECT_EQ(state.CartellaAlbero, "C:\\Foto");
-  EXPECT_EQ(state.CartellaImmagini, "C:\\Foto\\");
-  ClickNode("X" + longName.substr(1));
-  EXPECT_EQ(window.lblPath.Caption(), "C:\\X" + longName.substr(1));
-  ClickNode("Desktop");
-  EXPECT_EQ(window.lblPath.Caption(), "C:\\home\\u\\Scrivania");
-  ClickNode("Risorse del computer");
-  EXPECT_EQ(window.lblPath.Caption(), "");
-  EXPECT_EQ(state.ImmagineScelta, "\\radice.jpg");  // no path lists the root of the current drive
-
-  ClickNode("Foto");
   Toggle(" (C:)");
-  EXPECT_EQ(window.lblPath.Caption(), "C:\r\n");
-  EXPECT_EQ(window.List1.ListCount(), 2);  // the list waits for a click
+  EXPECT_EQ(picker->lblPath.Caption(), "C:\r\n");
+  EXPECT_EQ(Rows().size(), 2U) << "the list waits for a click";
 }
 
 }  // namespace
-
 }  // namespace Morvane

@@ -1,11 +1,8 @@
 #include "windows/image_picker/image_file_operations.h"
 
-#include <filesystem>
-
-#include "picker_machine.h"
+#include "picker_fixture.h"
 
 namespace Morvane {
-
 namespace {
 
 using ::testing::ElementsAre;
@@ -14,19 +11,19 @@ using ::testing::IsEmpty;
 class ImageFileTest : public PickerTest {
  protected:
   ImageFileTest() {
-    for (const char* name : {"a.jpg", "b.jpg", "c.jpg"}) machine.WritePicture(kFolder + name, 100, 100);
+    WritePhotos({"a.jpg", "b.jpg", "c.jpg"});
     Open();
     ClickNode("Foto");
-    ClickRow(window, 1);
+    ClickRow(1);
   }
 
+  // Anywhere in the list: it acts on the selected row.
   void RightClick(std::deque<std::string> choices) {
     machine.Windows.MenuChoices = std::move(choices);
-    Hand::Click(window.List1, 100, 600, Qt::RightButton);  // anywhere in the list
+    Hand::Click(picker->List1, 100, 600, Qt::RightButton);
     EXPECT_THAT(machine.Windows.MenuChoices, IsEmpty());
   }
-
-  const std::string kFolder = "C:\\Foto\\";
+  Texts OnDisk() const { return machine.Files->PlainFiles("C:\\Foto"); }
 };
 
 TEST_F(ImageFileTest, RenamingKeepsTheRowsPlaceAndFollowsTheFile) {
@@ -35,10 +32,9 @@ TEST_F(ImageFileTest, RenamingKeepsTheRowsPlaceAndFollowsTheFile) {
   EXPECT_EQ(machine.Windows.Prompts[0].title, "Rinomina un file di immagine");
   EXPECT_EQ(machine.Windows.Prompts[0].defaultText, "b.jpg");
   EXPECT_THAT(Rows(), ElementsAre("a.jpg", "z.txt", "c.jpg"));
+  EXPECT_THAT(OnDisk(), ElementsAre("a.jpg", "c.jpg", "z.txt"));
   EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\z.txt");
   EXPECT_EQ(machine.Pictures.Loaded.back(), "C:\\Foto\\z.txt");
-  EXPECT_TRUE(machine.Files->FileExists("C:\\Foto\\z.txt"));
-  EXPECT_FALSE(machine.Files->FileExists("C:\\Foto\\b.jpg"));
 }
 
 TEST_F(ImageFileTest, AFailedRenameTellsAndOpensTheMenuAgain) {
@@ -49,9 +45,8 @@ TEST_F(ImageFileTest, AFailedRenameTellsAndOpensTheMenuAgain) {
       machine.Windows.Boxes[0].text,
       "Si è verificato un errore durante il processo di ridenominazione del file, o è stato usato un nome "
       "di file errato oppure non è possibile scrivere sulla directory specificata (cd-rom, rete ecc.)");
-  EXPECT_EQ(machine.Windows.PopupsShown, 3);
   EXPECT_THAT(Rows(), ElementsAre("a.jpg", "b.jpg", "c.jpg"));
-  EXPECT_TRUE(machine.Files->FileExists("C:\\Foto\\b.jpg"));
+  EXPECT_THAT(OnDisk(), ElementsAre("a.jpg", "b.jpg", "c.jpg"));
 }
 
 TEST_F(ImageFileTest, NothingHappensWithoutANameOrARow) {
@@ -60,29 +55,17 @@ TEST_F(ImageFileTest, NothingHappensWithoutANameOrARow) {
   RightClick({"MenuRinomina"});
   RightClick({"menuCancellaFile"});
   EXPECT_THAT(Rows(), ElementsAre("a.jpg", "b.jpg", "c.jpg"));
-  EXPECT_TRUE(machine.Files->FileExists("C:\\Foto\\b.jpg"));
+  EXPECT_THAT(OnDisk(), ElementsAre("a.jpg", "b.jpg", "c.jpg"));
 
-  machine.MakeFolder("C:\\Morvane");
   ClickNode("Morvane");
   RightClick({"MenuRinomina"});
   RightClick({"menuCancellaFile"});
-  Hand::Press(window.List1);
+  Hand::Press(picker->List1);
   EXPECT_EQ(machine.Windows.Prompts.size(), 1U);
   EXPECT_EQ(machine.Windows.Boxes.size(), 1U);
 }
 
-TEST_F(ImageFileTest, DeletingLeavesCountPreviewAndChoiceAsTheyWere) {
-  machine.Windows.Answers = {MsgBoxAnswer::Ok};
-  RightClick({"menuCancellaFile"});
-  EXPECT_EQ(machine.Windows.Boxes[0].text, "Sei sicuro di vole cancellare il file b.jpg ?");
-  EXPECT_FALSE(machine.Files->FileExists("C:\\Foto\\b.jpg"));
-  EXPECT_THAT(Rows(), ElementsAre("a.jpg", "c.jpg"));
-  EXPECT_EQ(window.List1.ListIndex(), -1);
-  EXPECT_EQ(window.Label17.Caption(), "N. 3");
-  EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\b.jpg");
-}
-
-TEST_F(ImageFileTest, DeletingIsTriedAgainAfterEachMessage) {
+TEST_F(ImageFileTest, DeletingIsTriedAgainAfterEachMessageAndLeavesCountPreviewAndChoice) {
   namespace fs = std::filesystem;
   const fs::path file = machine.Root.Path() + "/Foto/b.jpg";
   fs::permissions(file, fs::perms::owner_read);
@@ -92,14 +75,18 @@ TEST_F(ImageFileTest, DeletingIsTriedAgainAfterEachMessage) {
   machine.Windows.Answers = {MsgBoxAnswer::Ok};
   RightClick({"menuCancellaFile"});
   ASSERT_EQ(machine.Windows.Boxes.size(), 3U);
+  EXPECT_EQ(machine.Windows.Boxes[0].text, "Sei sicuro di vole cancellare il file b.jpg ?");
   EXPECT_EQ(
       machine.Windows.Boxes[2].text,
       "Non è possibile cancellare il file b.jpg controllare che non si tratti di un file in sola lettura o "
       "una cartella di un CD-ROM o DVD-ROM");
-  EXPECT_FALSE(fs::exists(file));
+  EXPECT_THAT(OnDisk(), ElementsAre("a.jpg", "c.jpg"));
   EXPECT_THAT(Rows(), ElementsAre("a.jpg", "c.jpg"));
+  EXPECT_EQ(picker->List1.ListIndex(), -1);
+  EXPECT_EQ(picker->Label17.Caption(), "N. 3");
+  EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\b.jpg");
+  EXPECT_NE(picker->Image1.GetPicture(), nullptr);
 }
 
 }  // namespace
-
 }  // namespace Morvane

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
-#include <QListView>
 #include <memory>
 #include <string>
 #include <vector>
@@ -56,11 +55,7 @@ class DialogTest : public ::testing::Test {
     machine.Windows.Inputs.push_back(input);
     Press(control);
   }
-  void Select(int index) {
-    auto& list = Hand::See<QListView>(dialog->List1);
-    const QRect row = list.visualRect(list.model()->index(index, 0));
-    hand->Click(dialog->List1, ToTwips(row.center().x()), ToTwips(row.center().y()));
-  }
+  void Select(int index) { Hand::ClickRow(dialog->List1, index); }
   // Types and leaves the box.
   void Enter(TextBox& box, const std::string& text) {
     hand->Type(box, text);
@@ -72,13 +67,7 @@ class DialogTest : public ::testing::Test {
     hand->Click(dialog->Picture1, x * twipsPerMm, y * twipsPerMm, button);
   }
 
-  std::vector<std::string> Listed() const {
-    const QAbstractItemModel& list = *Hand::See<QListView>(dialog->List1).model();
-    std::vector<std::string> rows;
-    for (int i = 0; i < list.rowCount(); ++i)
-      rows.push_back(list.index(i, 0).data().toString().toStdString());
-    return rows;
-  }
+  std::vector<std::string> Listed() const { return Hand::Rows(dialog->List1); }
   static std::string Shown(const TextBox& box) { return Hand::See<QLineEdit>(box).text().toStdString(); }
   bool FileHas(const std::string& name, const std::string& line) const {
     return machine.ReadFile(PathOf(name)).find(line + "\r\n") != std::string::npos;
