@@ -61,6 +61,6 @@ The program's texts are Italian.")
 # other breaks; without the translations the toolkit's own dialogs would speak English.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-dejavu-core, fonts-liberation, qt6-translations-l10n")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-image-formats-plugins, xdg-utils")
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cups, qt6-wayland")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-image-formats-plugins, qt6-wayland, xdg-utils")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cups")
 include(CPack)
