@@ -31,7 +31,10 @@ MsgBoxAnswer ScriptedWindows::MsgBox(const std::string& text, MsgBoxButtons butt
     ADD_FAILURE() << "unexpected question: " << text;
     return buttons == MsgBoxButtons::YesNo ? MsgBoxAnswer::No : MsgBoxAnswer::Cancel;
   }
-  return TakeFront(Answers);
+  const MsgBoxAnswer answer = TakeFront(Answers);
+  const bool yesOrNo = answer == MsgBoxAnswer::Yes || answer == MsgBoxAnswer::No;
+  EXPECT_EQ(yesOrNo, buttons == MsgBoxButtons::YesNo) << "no such button: " << text;
+  return answer;
 }
 
 std::string ScriptedWindows::InputBox(const std::string& prompt, const std::string& title,

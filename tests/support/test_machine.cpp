@@ -52,6 +52,7 @@ SheetSize RecordingPrinter::PortraitSheet() {
 
 PrintDialogAnswer RecordingPrinter::ShowDialog(const PrintDialogRequest& request, PageOrientation&) {
   Dialogs.push_back(request);
+  if (DialogFails) throw RuntimeError(ErrorNumber::PrinterFailure, "La stampante non risponde.");
   if (Answers.empty()) {
     ADD_FAILURE() << "unexpected print dialog";
     return {};

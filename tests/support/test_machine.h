@@ -40,6 +40,7 @@ class RecordingPrinter : public PrinterDevice {
   std::deque<PrintDialogAnswer> Answers;
   SheetSize Sheet = {11905.5, 16837.8};  // A4
   bool Broken = false;
+  bool DialogFails = false;
   std::vector<Job> Jobs;
   std::vector<PrintDialogRequest> Dialogs;
 

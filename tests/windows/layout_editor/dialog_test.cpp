@@ -1,5 +1,8 @@
 #include "windows/layout_editor/dialog.h"
 
+#include <QListView>
+#include <QTest>
+
 #include "dialog_fixture.h"
 
 namespace Morvane {
@@ -55,6 +58,23 @@ TEST_F(DialogTest, YesDiscardsTheChangesJustAsNoDoes) {
   EXPECT_TRUE(FileHas("cd", "Larg1=121"));
   EXPECT_EQ(Shown(dialog->Text1), "130");
   EXPECT_EQ(state.LayoutModificato, 0);
+}
+
+TEST_F(DialogTest, OpenAndADoubleClickGiveUpTheChangesWithoutAQuestion) {
+  WriteCovers("cd", {121});
+  const auto doubleClick = [this] {
+    auto& list = Hand::See<QListView>(dialog->List1);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.currentIndex()).center());
+  };
+  for (const std::function<void()>& way :
+       {std::function<void()>([this] { Press(dialog->OKButton); }), std::function<void()>(doubleClick)}) {
+    Open();
+    Enter(dialog->Text1, "99");
+    way();
+    EXPECT_TRUE(dialog->form.Unloaded());
+    EXPECT_TRUE(FileHas("cd", "Larg1=121"));
+    EXPECT_EQ(state.NomeLayout, "cd");
+  }
 }
 
 TEST_F(DialogTest, UnreadableFileIsToldOfAndLeavesTheLayoutBeforeIt) {

@@ -51,11 +51,14 @@ class MainWindow : public ::testing::Test {
     hand.windows.Post([this] { window.form.PerformActivate(); });
   }
 
+  // By its caption.
   void Choose(const std::string& entry) {
-    auto* const action = Hand::See(window.form).findChild<QAction*>(QString::fromStdString(entry));
-    ASSERT_TRUE(action) << entry;
-    action->trigger();
-    Hand::Settle();
+    for (QAction* const action : Hand::See(window.form).findChildren<QAction*>()) {
+      if (action->text().toStdString() != entry) continue;
+      action->trigger();
+      return Hand::Settle();
+    }
+    FAIL() << "no entry " << entry;
   }
 
   QToolButton& Tool(const std::string& key) {
@@ -219,25 +222,11 @@ TEST_F(Workspace, PageKeepsTheProportionsOfA4AndFollowsTheHeightAlone) {
   EXPECT_EQ(bar.mapTo(bar.window(), bar.rect().bottomRight()), bar.window()->rect().bottomRight());
 }
 
-TEST_F(Workspace, OddOrientationIsLandscapeForThePageAndThePaperButPortraitForTheDrawing) {
-  WriteLayout("Strana", 2, "2");
-  Use("Strana");
-  EXPECT_GT(window.Picture1.Width(), window.Picture1.Height());
-  EXPECT_LT(window.Picture1.Surface.ScaleWidth(), window.Picture1.Surface.ScaleHeight());
-  machine.Device.Answers = {{.accepted = true, .copies = 1}};
-  Choose("menusta");
-  ASSERT_THAT(machine.Device.Jobs, SizeIs(1));
-  EXPECT_EQ(machine.Device.Jobs[0].orientation, PageOrientation::Landscape);
-}
-
-TEST_F(Workspace, WindowTooLowLeavesThePageAsItWasAndDrawsIt) {
+TEST_F(Workspace, TooLowOrMinimisedTheWindowKeepsItsPageAndRunsTheOtherRules) {
   window.Picture1.Surface.Cls();
   Hand::Resize(window.form, 2000, 1000);
   EXPECT_DOUBLE_EQ(window.Picture1.Height(), 6195);
   EXPECT_EQ(CountDrawn<TextShape>(), 1U);
-}
-
-TEST_F(Workspace, MinimisingKeepsThePageButRunsTheOtherRules) {
   state.NumCopertine = 0;
   window.Picture1.Surface.Cls();
   Hand::See(window.form).showMinimized();
@@ -253,28 +242,25 @@ TEST_F(Workspace, OneCoverDisablesTheSecondImageUntilThereAreTwo) {
   EXPECT_FALSE(Tool("Back").isEnabled());
   TakeLog();
   PressTool("Back");
-  Choose("ManuCarF");
+  Choose("Carica immagine &2");
   EXPECT_THAT(TakeLog(), IsEmpty());
   Use("Due");
   PressTool("Back");
-  Choose("ManuCarF");
+  Choose("Carica immagine &2");
   EXPECT_THAT(TakeLog(), ElementsAre("Dialog", "frmAbout", "frmAbout"));
 }
 
-TEST_F(Workspace, ClickInACoverLoadsItsSlot) {
+TEST_F(Workspace, OnlyALeftClickInACoverLoadsItsSlot) {
   picks = {"C:\\uno.jpg"};
+  ClickPage(0.5, 0.5);
+  ClickPage(1, 6.2, Qt::RightButton);
+  ClickPage(1, 6.2, Qt::ExtraButton1);
+  EXPECT_THAT(shown, IsEmpty());
   ClickPage(1, 6.2);  // second cover of the default layout
   EXPECT_THAT(shown, ElementsAre("frmAbout"));
   EXPECT_FALSE(slots.Image1[0]);
   EXPECT_TRUE(slots.Image1[1]);
   EXPECT_EQ(CountDrawn<PictureShape>(), 1U);
-}
-
-TEST_F(Workspace, OnlyALeftClickStrictlyInsideCounts) {
-  ClickPage(0.5, 0.5);
-  window.Picture1_MouseDown(MouseButton::Left, state.CopDistx[1], 2);
-  ClickPage(2, 2, Qt::RightButton);
-  EXPECT_THAT(shown, IsEmpty());
 }
 
 TEST_F(Workspace, OverlapOpensThePickerOncePerCoverInOrder) {
@@ -290,34 +276,28 @@ TEST_F(Workspace, OverlapOpensThePickerOncePerCoverInOrder) {
   EXPECT_FALSE(slots.Image1[2]);
 }
 
-TEST_F(Workspace, CancelLeavesTheSlotAndDrawsThePage) {
+TEST_F(Workspace, WithoutANewPictureTheSlotKeepsItsOwnAndOnlyBackIsSilent) {
   picks = {"C:\\uno.jpg"};
-  Choose("MenuCarb");
-  const PicturePtr before = slots.Image1[0];
-  window.Picture1.Surface.Cls();
-  Choose("MenuCarb");
-  EXPECT_EQ(slots.Image1[0], before);
-  EXPECT_EQ(CountDrawn<PictureShape>(), 1U);
-}
-
-TEST_F(Workspace, UnreadablePictureLeavesTheSlotAndIsToldExceptByBack) {
-  picks = {"C:\\uno.jpg"};
-  window.Back();
+  PressTool("Back");
   const PicturePtr before = slots.Image1[1];
   ASSERT_TRUE(before);
-  picks = {"C:\\rotta.jpg"};
-  Choose("ManuCarF");
-  EXPECT_THAT(machine.Windows.Boxes, SizeIs(1));
-  picks = {"C:\\manca.jpg"};
-  window.Back();
-  EXPECT_THAT(machine.Windows.Boxes, SizeIs(1));
-  EXPECT_EQ(slots.Image1[1], before);
+  const std::string bad[] = {"", "C:\\rotta.jpg", "C:\\manca.jpg"};
+  for (std::size_t told = 0; told < std::size(bad); ++told) {
+    picks = {bad[told], bad[told]};
+    window.Picture1.Surface.Cls();
+    Choose("Carica immagine &2");
+    window.Back();
+    EXPECT_THAT(machine.Windows.Boxes, SizeIs(told));
+    EXPECT_EQ(slots.Image1[1], before);
+    EXPECT_EQ(CountDrawn<PictureShape>(), 1U);
+  }
 }
 
 TEST_F(Workspace, PicturesStayWithTheirCoverNumbersWhenTheLayoutChanges) {
   WriteLayout("Una", 1);
   picks = {"C:\\uno.jpg", "C:\\due.jpg"};
   PressTool("Front");
+  EXPECT_TRUE(slots.Image1[0] && !slots.Image1[1]);
   PressTool("Back");
   EXPECT_EQ(CountDrawn<PictureShape>(), 2U);
   Use("Una");
@@ -332,7 +312,7 @@ TEST_F(Workspace, ActivationReadsTheFileAgainSoThatUnsavedChangesAreGone) {
   Use("Una");
   state.CopLarg[1] = 99;
   state.NumCopertine = 7;
-  Choose("menuabout");
+  Choose("&About");
   EXPECT_NEAR(state.CopLarg[1], 5.08, 1e-9);
   EXPECT_EQ(state.NumCopertine, 1);
 }
@@ -341,7 +321,7 @@ TEST_F(Workspace, UnreadableLayoutIsToldOnceAndThePageIsStillDrawn) {
   WriteLayout("Rotta", 1, "99999");
   WriteLayout("Buona", 1);
   Use("Rotta");
-  Choose("menuabout");
+  Choose("&About");
   EXPECT_THAT(machine.Windows.Boxes, SizeIs(1));
   EXPECT_EQ(CountDrawn<TextShape>(), 1U);
   Use("Buona");
@@ -369,27 +349,28 @@ struct Command {
 
 TEST_F(Commands, EveryMenuEntryHasItsEffect) {
   const Command commands[] = {
-      {"menudef", "Dialog"},
-      {"MenuCarb", "frmAbout"},
-      {"ManuCarF", "frmAbout"},
-      {"menustcg", "FrmPreview"},
-      {"menusta", "print"},
-      {"menustmpcrt", "start C:\\Morvane\\lindorel.exe 2"},
-      {"menuonl", "Form4"},
-      {"menu01", "open http", "/covers/"},
-      {"menu02", "open http", "/"},
-      {"menu05", "open http", "/search?q=copertine+cd"},
-      {"menuyah", "open http", "/search?p=copertine+cd&fr=yfp-t-501&ei=UTF-8&rd=r1"},
-      {"menu04", "open http", "/search/abin/integrata.cgi?query=copertine+cd&regione=8"},
-      {"menu03", "open http", "/search/cgi/search.cgi?db=v&ly=vs&vrs=0&qs=%22copertine+cd%22&op"},
-      {"menu06", "open http", "/q?pg=q&q=copertine+cd&kl=XX&what=it"},
-      {"pdfcreascar", "open http", "/projects/pdfcreator/"},
-      {"pdfcreatinfo", "Form2"},
-      {"Menuhelp", "box Morvane\r\n\r\nQuesto programma esegue", "cliccare sul bottone <Stampa>"},
-      {"menusita", "open " + std::string(WebAddresses::kMakerSite)},
-      {"manumail", "open mailto:"},
-      {"menuabout", "Form3"},
-      {"menuesci", "end"},
+      {"&Apri file layout copertine...", "Dialog"},
+      {"Carica immagine &1", "frmAbout"},
+      {"Carica immagine &2", "frmAbout"},
+      {"Stampa contenuto &CD/DVD Dati generico / Cartella...", "FrmPreview"},
+      {"&Stampa...", "print"},
+      {"&Lancia \"Lindorel\"", "start C:\\Morvane\\lindorel.exe 2"},
+      {"Ricerca Online", "Form4"},
+      {"&Cdcovers (Internazionali)", "open http", "/covers/"},
+      {"&Mega Search", "open http", "/"},
+      {"Ricerca con &Google", "open http", "/search?q=copertine+cd"},
+      {"Ricerca con &Yahoo", "open http", "/search?p=copertine+cd&fr=yfp-t-501&ei=UTF-8&rd=r1"},
+      {"Ricerca con &Arianna", "open http", "/search/abin/integrata.cgi?query=copertine+cd&regione=8"},
+      {"Ricerca con &Virgilio", "open http",
+       "/search/cgi/search.cgi?db=v&ly=vs&vrs=0&qs=%22copertine+cd%22&op"},
+      {"Ricerca con A&ltavista", "open http", "/q?pg=q&q=copertine+cd&kl=XX&what=it"},
+      {"Scarica da Internet PDF Creator", "open http", "/projects/pdfcreator/"},
+      {"Informazioni su PDF Creator", "Form2"},
+      {"&Help", "box Morvane\r\n\r\nQuesto programma esegue", "cliccare sul bottone <Stampa>"},
+      {"&Visita il sito dell'autore...", "open " + std::string(WebAddresses::kMakerSite)},
+      {"&Manda una mail all'autore...", "open mailto:"},
+      {"&About", "Form3"},
+      {"&Esci", "end"},
   };
   machine.Device.Answers = {{}};
   std::size_t clickable = 0;
@@ -430,57 +411,49 @@ TEST_F(Commands, PanelsAndPicturesHaveTheirEffects) {
                                      HasSubstr("/it/xclick/business=")));
 }
 
-TEST_F(Commands, FirstAndSecondImageGoToTheirSlots) {
-  machine.WritePicture("C:\\uno.jpg", 100, 100);
-  picks = {"C:\\uno.jpg"};
-  PressTool("Back");
-  EXPECT_FALSE(slots.Image1[0]);
-  EXPECT_TRUE(slots.Image1[1]);
-  picks = {"C:\\uno.jpg"};
-  PressTool("Front");
-  EXPECT_TRUE(slots.Image1[0]);
-}
-
-TEST_F(Commands, PrintsTheLayoutWithItsOrientation) {
+TEST_F(Commands, PrintsTheLayoutWithItsOrientationAfterAFailedDialogToo) {
   WriteLayout("Orizzontale", 2, "1");
+  WriteLayout("Strana", 2, "2");
+  Use("Strana");
+  EXPECT_GT(window.Picture1.Width(), window.Picture1.Height());
+  EXPECT_LT(window.Picture1.Surface.ScaleWidth(), window.Picture1.Surface.ScaleHeight());
+  machine.Device.DialogFails = true;
+  Choose("&Stampa...");
+  ASSERT_THAT(machine.Device.Jobs, SizeIs(1));
+  EXPECT_EQ(machine.Device.Jobs[0].orientation, PageOrientation::Landscape);
+  EXPECT_THAT(machine.Windows.Boxes, IsEmpty());
+
+  machine.Device.DialogFails = false;
   Use("Orizzontale");
   machine.Device.Answers = {{.accepted = true, .copies = 2}};
   QTest::keyClick(&Hand::See(window.form), Qt::Key_S, Qt::ControlModifier);
   Hand::Settle();
-  ASSERT_THAT(machine.Device.Jobs, SizeIs(2));
-  EXPECT_EQ(machine.Device.Jobs[0].orientation, PageOrientation::Landscape);
-  EXPECT_EQ(machine.Device.Jobs[0].title, "Orizzontale");
+  ASSERT_THAT(machine.Device.Jobs, SizeIs(3));
+  EXPECT_EQ(machine.Device.Jobs[2].orientation, PageOrientation::Landscape);
+  EXPECT_EQ(machine.Device.Jobs[2].title, "Orizzontale");
 }
 
-TEST_F(Commands, OutlineButtonTogglesAndDrawsEachTime) {
-  state.SpessoreBordo = 1;
-  const auto press = [&] {
+TEST_F(Commands, OutlineButtonTogglesAndItsMenuSetsTheThicknessWhichIsNotSaved) {
+  const auto drawn = [&](const std::function<void()>& act) {
     window.Picture1.Surface.Cls();
-    PressTool("Contorno");
-    EXPECT_EQ(CountDrawn<TextShape>(), 1U);
+    act();
+    EXPECT_EQ(CountDrawn<TextShape>(), 1U) << "each time the page is drawn";
     return CountDrawn<BoxShape>();
   };
-  EXPECT_EQ(press(), 0U);
-  EXPECT_EQ(press(), 4U);
-}
-
-TEST_F(Commands, OutlineThicknessShowsOnlyWhileOutlinesAreOnAndIsNotSaved) {
-  PressTool("Contorno");
-  PickOutline("Linea media");
+  const auto press = [&] { PressTool("Contorno"); };
+  const auto pick = [&](const char* thickness) { return [=, this] { PickOutline(thickness); }; };
+  EXPECT_EQ(drawn(pick("Linea fine")), 4U);
+  EXPECT_EQ(drawn(press), 0U);
+  EXPECT_EQ(drawn(pick("Linea media")), 0U);
   EXPECT_EQ(state.SpessoreBordo, 3);
-  EXPECT_EQ(CountDrawn<BoxShape>(), 0U);
-  PressTool("Contorno");
-  EXPECT_EQ(CountDrawn<BoxShape>(), 12U);
-  PickOutline("Linea grossa");
-  EXPECT_EQ(CountDrawn<BoxShape>(), 20U);
-  PickOutline("Linea fine");
-  EXPECT_EQ(CountDrawn<BoxShape>(), 4U);
+  EXPECT_EQ(drawn(press), 12U);
+  EXPECT_EQ(drawn(pick("Linea grossa")), 20U);
   EXPECT_FALSE(machine.Files->FileExists("C:\\Morvane\\morvane.ini"));
 }
 
 TEST_F(Commands, MissingSiblingToolIsToldAndTheProgramGoesOn) {
   machine.Launches.ShellFails = true;
-  Choose("menustmpcrt");
+  Choose("&Lancia \"Lindorel\"");
   EXPECT_THAT(machine.Windows.Boxes, SizeIs(1));
   EXPECT_FALSE(machine.Windows.Ended());
 }
