@@ -1,6 +1,6 @@
 #include "fuzz/support/fuzz_machine.h"
-#include "platform/old_formats/decoder_client.h"
-#include "platform/old_formats/svg_references.h"
+#include "platform/qt/pictures/decoder_client.h"
+#include "platform/qt/pictures/svg_references.h"
 
 using namespace Morvane;
 

@@ -1,6 +1,6 @@
 #include "fuzz/support/fuzz_machine.h"
-#include "platform/files/windows_1252.h"
 #include "platform/runtime_error.h"
+#include "platform/windows_1252.h"
 
 using namespace Morvane;
 

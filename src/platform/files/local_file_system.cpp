@@ -13,7 +13,7 @@
 #include "platform/files/name_order.h"
 #include "platform/files/pending_file.h"
 #include "platform/files/plain_file.h"
-#include "platform/files/windows_1252.h"
+#include "platform/windows_1252.h"
 
 namespace Morvane {
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/files/mount_info.h"
-#include "platform/files/windows_1252.h"
+#include "platform/windows_1252.h"
 
 namespace Morvane {
 

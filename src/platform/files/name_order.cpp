@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "platform/case_folding.h"
-#include "platform/files/windows_1252.h"
 #include "platform/utf8.h"
+#include "platform/windows_1252.h"
 
 namespace Morvane {
 

@@ -12,7 +12,7 @@
 #include "platform/files/file_error.h"
 #include "platform/files/folder_reader.h"
 #include "platform/files/name_order.h"
-#include "platform/files/windows_1252.h"
+#include "platform/windows_1252.h"
 
 namespace Morvane {
 

@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "platform/files/file_error.h"
-#include "platform/files/windows_1252.h"
+#include "platform/windows_1252.h"
 
 namespace Morvane {
 

@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/files/name_order.h"
-#include "platform/files/windows_1252.h"
 #include "platform/utf8.h"
+#include "platform/windows_1252.h"
 
 namespace Morvane {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/old_formats/decoder_client.h"
+#include "platform/qt/pictures/decoder_client.h"
 
 #include <gmock/gmock.h>
 

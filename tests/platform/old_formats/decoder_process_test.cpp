@@ -1,4 +1,4 @@
-#include "platform/old_formats/decoder_process.h"
+#include "platform/qt/pictures/decoder_process.h"
 
 #include <gmock/gmock.h>
 

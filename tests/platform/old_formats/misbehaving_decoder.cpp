@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/old_formats/decoder/lock_down.h"
+#include "platform/old_formats/lock_down.h"
 
 namespace {
 

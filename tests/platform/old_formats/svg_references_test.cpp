@@ -1,4 +1,4 @@
-#include "platform/old_formats/svg_references.h"
+#include "platform/qt/pictures/svg_references.h"
 
 #include <gtest/gtest.h>
 

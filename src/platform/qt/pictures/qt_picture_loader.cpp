@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/old_formats/decoder_client.h"
+#include "platform/qt/pictures/decoder_client.h"
 #include "platform/qt/pictures/picture_limits.h"
 #include "platform/qt/pictures/qt_picture.h"
 #include "platform/runtime_error.h"

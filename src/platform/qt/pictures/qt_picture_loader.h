@@ -4,8 +4,8 @@
 #include <string>
 
 #include "platform/files/file_system.h"
-#include "platform/old_formats/old_format.h"
 #include "platform/picture.h"
+#include "platform/qt/pictures/old_format.h"
 #include "platform/runtime_error.h"
 
 namespace Morvane {

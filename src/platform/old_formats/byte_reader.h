@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/old_formats/decoder/decoder.h"
+#include "platform/old_formats/decoder.h"
 
 namespace Morvane {
 

@@ -1,4 +1,4 @@
-#include "platform/old_formats/decoder/emf_decoder.h"
+#include "platform/old_formats/emf_decoder.h"
 
 #include <emf2svg.h>
 #include <iconv.h>
@@ -8,8 +8,8 @@
 #include <cstring>
 #include <vector>
 
-#include "platform/old_formats/decoder/byte_reader.h"
-#include "platform/old_formats/decoder/svg_text.h"
+#include "platform/old_formats/byte_reader.h"
+#include "platform/old_formats/svg_text.h"
 
 namespace Morvane {
 

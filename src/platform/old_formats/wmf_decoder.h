@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/old_formats/decoder/decoder.h"
+#include "platform/old_formats/decoder.h"
 
 namespace Morvane {
 

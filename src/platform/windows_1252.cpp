@@ -1,4 +1,4 @@
-#include "platform/files/windows_1252.h"
+#include "platform/windows_1252.h"
 
 #include <algorithm>
 #include <array>

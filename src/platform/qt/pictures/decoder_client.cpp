@@ -1,11 +1,11 @@
-#include "platform/old_formats/decoder_client.h"
+#include "platform/qt/pictures/decoder_client.h"
 
 #include <cstdint>
 #include <limits>
 #include <sstream>
 
-#include "platform/old_formats/decoder_process.h"
-#include "platform/old_formats/svg_references.h"
+#include "platform/qt/pictures/decoder_process.h"
+#include "platform/qt/pictures/svg_references.h"
 #include "platform/units.h"
 
 namespace Morvane {

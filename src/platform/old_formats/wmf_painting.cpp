@@ -1,4 +1,4 @@
-#include "platform/old_formats/decoder/wmf_painting.h"
+#include "platform/old_formats/wmf_painting.h"
 
 #include <libwmf/defs.h>
 #include <libwmf/fund.h>
@@ -9,7 +9,7 @@
 #include <cmath>
 #include <cstdio>
 
-#include "platform/old_formats/decoder/svg_text.h"
+#include "platform/old_formats/svg_text.h"
 
 namespace Morvane {
 

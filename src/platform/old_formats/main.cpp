@@ -7,10 +7,10 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/old_formats/decoder/emf_decoder.h"
-#include "platform/old_formats/decoder/iff_decoder.h"
-#include "platform/old_formats/decoder/lock_down.h"
-#include "platform/old_formats/decoder/wmf_decoder.h"
+#include "platform/old_formats/emf_decoder.h"
+#include "platform/old_formats/iff_decoder.h"
+#include "platform/old_formats/lock_down.h"
+#include "platform/old_formats/wmf_decoder.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "platform/old_formats/old_format.h"
+#include "platform/qt/pictures/old_format.h"
 
 #include <string_view>
 

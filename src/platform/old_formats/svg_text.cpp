@@ -1,4 +1,4 @@
-#include "platform/old_formats/decoder/svg_text.h"
+#include "platform/old_formats/svg_text.h"
 
 #include <algorithm>
 #include <array>

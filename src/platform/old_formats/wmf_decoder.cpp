@@ -1,4 +1,4 @@
-#include "platform/old_formats/decoder/wmf_decoder.h"
+#include "platform/old_formats/wmf_decoder.h"
 
 #include <libwmf/api.h>
 #include <libwmf/svg.h>
@@ -7,9 +7,9 @@
 #include <cmath>
 #include <optional>
 
-#include "platform/old_formats/decoder/byte_reader.h"
-#include "platform/old_formats/decoder/svg_text.h"
-#include "platform/old_formats/decoder/wmf_painting.h"
+#include "platform/old_formats/byte_reader.h"
+#include "platform/old_formats/svg_text.h"
+#include "platform/old_formats/wmf_painting.h"
 
 namespace Morvane {
 

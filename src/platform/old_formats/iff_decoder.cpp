@@ -1,4 +1,4 @@
-#include "platform/old_formats/decoder/iff_decoder.h"
+#include "platform/old_formats/iff_decoder.h"
 
 #include <SDL_image.h>
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <variant>
 
-#include "platform/old_formats/old_format.h"
+#include "platform/qt/pictures/old_format.h"
 
 namespace Morvane {
 

@@ -1,4 +1,4 @@
-#include "platform/old_formats/decoder/lock_down.h"
+#include "platform/old_formats/lock_down.h"
 
 #include <seccomp.h>
 #include <sys/mman.h>
