@@ -1,5 +1,5 @@
 #include "fuzz/support/fuzz_machine.h"
-#include "platform/qt/pictures/decoder_client.h"
+#include "platform/qt/pictures/old_formats.h"
 #include "platform/qt/pictures/svg_references.h"
 
 using namespace Morvane;
@@ -14,9 +14,7 @@ void Check(const DecodedPicture& picture) {
   }
   const auto& pixels = std::get<DecodedPixels>(picture);
   MustHold(pixels.width > 0 && pixels.height > 0, "a picture has a size");
-  MustHold(pixels.rgba.size() == std::size_t{4} * static_cast<std::size_t>(pixels.width) *
-                                     static_cast<std::size_t>(pixels.height),
-           "all pixels are there");
+  MustHold(pixels.rgba.size() == qsizetype{4} * pixels.width * pixels.height, "all pixels are there");
 }
 
 }  // namespace

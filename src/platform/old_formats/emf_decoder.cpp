@@ -10,13 +10,13 @@
 
 #include "platform/old_formats/byte_reader.h"
 #include "platform/old_formats/svg_text.h"
+#include "platform/units.h"
 
 namespace Morvane {
 
 namespace {
 
-constexpr double kTwipsPerHundredthMm = 1440.0 / 2540.0;
-constexpr double kTwipsPerScreenPixel = 15.0;
+constexpr double kTwipsPerHundredthMm = kTwipsPerMillimetre / 100;
 constexpr size_t kHeaderSize = 88;
 constexpr size_t kBoundsOffset = 8;
 constexpr size_t kFrameOffset = 24;
@@ -49,7 +49,7 @@ Frame FrameOf(const ByteReader& file) {
   }
   const SvgBox bounds = BoxAt(file, kBoundsOffset);
   if (bounds.width <= 0 || bounds.height <= 0) throw Undecodable("empty frame");
-  return {bounds, bounds.width * kTwipsPerScreenPixel, bounds.height * kTwipsPerScreenPixel};
+  return {bounds, bounds.width * kTwipsPerPixel, bounds.height * kTwipsPerPixel};
 }
 
 void PutS32(std::string& bytes, size_t offset, double value) {

@@ -4,12 +4,11 @@
 
 #include <algorithm>
 
+#include "platform/old_formats/limits.h"
+
 namespace Morvane {
 
 namespace {
-
-constexpr int kMaxSide = 30000;
-constexpr int64_t kMaxPixels = 64 * 1024 * 1024;
 
 using Surface = std::unique_ptr<SDL_Surface, decltype(&SDL_FreeSurface)>;
 
@@ -19,8 +18,9 @@ Surface Load(const std::string& bytes) {
   Surface surface(IMG_LoadLBM_RW(file), &SDL_FreeSurface);
   SDL_RWclose(file);
   if (!surface) throw Undecodable(SDL_GetError());
-  const bool small = surface->w > 0 && surface->h > 0 && surface->w <= kMaxSide && surface->h <= kMaxSide &&
-                     int64_t{surface->w} * surface->h <= kMaxPixels;
+  const bool small = surface->w > 0 && surface->h > 0 && surface->w <= DecoderLimits::kSide &&
+                     surface->h <= DecoderLimits::kSide &&
+                     int64_t{surface->w} * surface->h <= DecoderLimits::kPixels;
   if (!small) throw Undecodable("too large");
   return surface;
 }

@@ -9,12 +9,11 @@
 #include <array>
 #include <cerrno>
 
+#include "platform/old_formats/limits.h"
+
 namespace Morvane {
 
 namespace {
-
-constexpr rlim_t kMemoryBytes = rlim_t{1} << 30;
-constexpr rlim_t kProcessorSeconds = 3;
 
 struct Limit {
   __rlimit_resource resource;
@@ -22,9 +21,12 @@ struct Limit {
 };
 
 constexpr std::array kLimits = {
-    Limit{RLIMIT_AS, kMemoryBytes}, Limit{RLIMIT_CPU, kProcessorSeconds},
-    Limit{RLIMIT_FSIZE, 0},         Limit{RLIMIT_NOFILE, 3},
-    Limit{RLIMIT_NPROC, 0},         Limit{RLIMIT_CORE, 0},
+    Limit{RLIMIT_AS, DecoderLimits::kMemoryBytes},
+    Limit{RLIMIT_CPU, DecoderLimits::kProcessorSeconds},
+    Limit{RLIMIT_FSIZE, 0},
+    Limit{RLIMIT_NOFILE, 3},
+    Limit{RLIMIT_NPROC, 0},
+    Limit{RLIMIT_CORE, 0},
 };
 
 bool SetLimits() {

@@ -9,14 +9,13 @@
 
 #include "platform/old_formats/emf_decoder.h"
 #include "platform/old_formats/iff_decoder.h"
+#include "platform/old_formats/limits.h"
 #include "platform/old_formats/lock_down.h"
 #include "platform/old_formats/wmf_decoder.h"
 
 namespace {
 
 using namespace Morvane;
-
-constexpr size_t kMaxFileBytes = 64 * 1024 * 1024;
 
 std::unique_ptr<Decoder> MakeDecoder(std::string_view format) {
   if (format == "emf") return MakeEmfDecoder();
@@ -34,7 +33,7 @@ std::string ReadAll(int descriptor) {
     if (count < 0) throw Undecodable("not read");
     if (count == 0) return bytes;
     bytes.append(block.data(), static_cast<size_t>(count));
-    if (bytes.size() > kMaxFileBytes) throw Undecodable("too large");
+    if (bytes.size() > DecoderLimits::kFileBytes) throw Undecodable("too large");
   }
 }
 

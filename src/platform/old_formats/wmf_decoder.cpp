@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "platform/old_formats/byte_reader.h"
+#include "platform/old_formats/limits.h"
 #include "platform/old_formats/svg_text.h"
 #include "platform/old_formats/wmf_painting.h"
 
@@ -15,9 +16,6 @@ namespace Morvane {
 
 namespace {
 
-constexpr double kTwipsPerInch = 1440.0;
-constexpr double kTwipsPerScreenPixel = 15.0;
-constexpr double kMaxSideTwips = 30000 * kTwipsPerScreenPixel;
 constexpr uint32_t kPlaceableKey = 0x9AC6CDD7;
 constexpr size_t kPlaceableSize = 22;
 constexpr size_t kHeaderSize = 18;
@@ -73,7 +71,7 @@ Placement PlacementOf(const ByteReader& file) {
   if (file.Unsigned32(0) == kPlaceableKey) return PlaceableOf(file);
   const auto window = WindowOf(file, kHeaderSize);
   if (!window) return {};
-  return {window->width * kTwipsPerScreenPixel, window->height * kTwipsPerScreenPixel,
+  return {window->width * kTwipsPerPixel, window->height * kTwipsPerPixel,
           Rect(window->width, window->height)};
 }
 
@@ -104,8 +102,8 @@ class WmfDecoder : public Decoder {
     const double height = device->bbox.BR.y - device->bbox.TL.y;
     if (!(width > 0 && height > 0)) throw Undecodable("nothing drawn");
     if (placement.widthTwips <= 0) {
-      placement.widthTwips = width * kTwipsPerScreenPixel;
-      placement.heightTwips = height * kTwipsPerScreenPixel;
+      placement.widthTwips = width * kTwipsPerPixel;
+      placement.heightTwips = height * kTwipsPerPixel;
     }
     return Play(device, placement);
   }
@@ -116,7 +114,7 @@ class WmfDecoder : public Decoder {
   }
 
   std::string Play(wmf_svg_t* device, const Placement& placement) {
-    if (placement.widthTwips > kMaxSideTwips || placement.heightTwips > kMaxSideTwips)
+    if (placement.widthTwips > DecoderLimits::kSideTwips || placement.heightTwips > DecoderLimits::kSideTwips)
       throw Undecodable("too large");
     device->width = static_cast<unsigned>(std::lround(std::max(placement.widthTwips, 1.0)));
     device->height = static_cast<unsigned>(std::lround(std::max(placement.heightTwips, 1.0)));

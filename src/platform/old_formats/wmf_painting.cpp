@@ -10,6 +10,7 @@
 #include <cstdio>
 
 #include "platform/old_formats/svg_text.h"
+#include "platform/windows_1252.h"
 
 namespace Morvane {
 
@@ -70,14 +71,7 @@ struct WmfPainting::Corrected {
   }
 };
 
-WmfPainting::WmfPainting(std::string& drawing)
-    : drawing_(drawing),
-      stream_{&drawing, Append, Rewind},
-      windows1252_(iconv_open("UTF-8", "WINDOWS-1252")) {}
-
-WmfPainting::~WmfPainting() {
-  if (windows1252_ != reinterpret_cast<iconv_t>(-1)) iconv_close(windows1252_);
-}
+WmfPainting::WmfPainting(std::string& drawing) : drawing_(drawing), stream_{&drawing, Append, Rewind} {}
 
 void WmfPainting::Attach(wmfAPI* api) {
   auto& calls = *static_cast<wmfFunctionReference*>(api->function_reference);
@@ -162,32 +156,13 @@ void WmfPainting::DrawText(wmfAPI* api, wmfDrawText_t* text) {
   const wmfFont& font = *text->dc->font;
   const wmfD_Coord at = ToSvg(device, text->pt);
   const wmfD_Coord below = ToSvg(device, {text->pt.x, text->pt.y + static_cast<float>(text->font_height)});
-  WmfPainting& painting = Of(api);
   const std::string face = font.lfFaceName == nullptr ? "" : WithoutQuotes(font.lfFaceName);
-  std::string& drawing = painting.drawing_;
-  drawing += "<text transform=\"translate(" + SvgNumber(at.x) + ' ' + SvgNumber(at.y) + ") rotate(" +
-             SvgNumber(-font.lfEscapement / 10.0) + ")\" font-size=\"" + SvgNumber(std::abs(below.y - at.y)) +
-             "\" font-family=\"" + XmlText(painting.Utf8(face)) + "\" text-anchor=\"" +
-             AnchorOf(text->dc->textalign) + '"' + StyleOf(font) + " fill=\"" +
-             HexColor(text->dc->textcolor) + "\" xml:space=\"preserve\">" +
-             XmlText(painting.Utf8(text->str)) + "</text>\n";
-}
-
-std::string WmfPainting::Utf8(std::string text) const {
-  std::string converted(text.size() * 4, '\0');
-  char* in = text.data();
-  char* out = converted.data();
-  size_t inLeft = text.size();
-  size_t outLeft = converted.size();
-  while (inLeft > 0 && iconv(windows1252_, &in, &inLeft, &out, &outLeft) == static_cast<size_t>(-1)) {
-    if (outLeft == 0) break;
-    *out++ = '?';
-    --outLeft;
-    ++in;
-    --inLeft;
-  }
-  converted.resize(converted.size() - outLeft);
-  return converted;
+  Of(api).drawing_ += "<text transform=\"translate(" + SvgNumber(at.x) + ' ' + SvgNumber(at.y) + ") rotate(" +
+                      SvgNumber(-font.lfEscapement / 10.0) + ")\" font-size=\"" +
+                      SvgNumber(std::abs(below.y - at.y)) + "\" font-family=\"" +
+                      XmlText(FromWindows1252(face)) + "\" text-anchor=\"" + AnchorOf(text->dc->textalign) +
+                      '"' + StyleOf(font) + " fill=\"" + HexColor(text->dc->textcolor) +
+                      "\" xml:space=\"preserve\">" + XmlText(FromWindows1252(text->str)) + "</text>\n";
 }
 
 }  // namespace Morvane

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <iconv.h>
 #include <libwmf/api.h>
 #include <libwmf/ipa.h>
 
@@ -15,7 +14,6 @@ class WmfPainting {
  public:
   // The drawing's elements are appended to the string.
   explicit WmfPainting(std::string& drawing);
-  ~WmfPainting();
   WmfPainting(const WmfPainting&) = delete;
   WmfPainting& operator=(const WmfPainting&) = delete;
 
@@ -31,12 +29,10 @@ class WmfPainting {
   static void DrawText(wmfAPI* api, wmfDrawText_t* text);
   void Correct(size_t start, const wmfDC& dc);
   void Replace(size_t start, const std::string& property, const wmfRGB& color);
-  std::string Utf8(std::string text) const;
 
   std::string& drawing_;
   wmfStream stream_{};
   wmfFunctionReference device_{};
-  iconv_t windows1252_;
 };
 
 }  // namespace Morvane

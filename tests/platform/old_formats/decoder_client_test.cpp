@@ -1,4 +1,4 @@
-#include "platform/qt/pictures/decoder_client.h"
+#include "platform/qt/pictures/old_formats.h"
 
 #include <gmock/gmock.h>
 
@@ -35,32 +35,34 @@ TEST(DecodeEmf, GivesItsFrameAndTrueColours) {
   const auto svg = std::get<DecodedSvg>(Decode(Samples::Emf(0x00332211)));
   EXPECT_NEAR(svg.widthTwips, 100 / 25.4 * 1440, 0.1);
   EXPECT_NEAR(svg.heightTwips, 50 / 25.4 * 1440, 0.1);
-  EXPECT_THAT(svg.text, HasSubstr("viewBox=\"0.0000 0.0000 1000.0000 500.0000\""));
-  EXPECT_THAT(svg.text, HasSubstr("#112233"));
+  EXPECT_THAT(svg.text.toStdString(), HasSubstr("viewBox=\"0.0000 0.0000 1000.0000 500.0000\""));
+  EXPECT_THAT(svg.text.toStdString(), HasSubstr("#112233"));
 }
 
 TEST(DecodeEmf, LeavesOutATextOfGlyphNumbers) {
   const std::string text = Samples::Longs({0, 0, 0, 0, 1, 0, 0, 10, 10, 2, 76, 0x10, 0, 0, 0, 0, 80}) +
                            Samples::Words({36, 37}) + Samples::Longs({9, 9});
-  EXPECT_THAT(std::get<DecodedSvg>(Decode(Samples::Emf(0x00332211, Samples::EmfRecord(84, text)))).text,
-              HasSubstr("#112233"));
+  EXPECT_THAT(
+      std::get<DecodedSvg>(Decode(Samples::Emf(0x00332211, Samples::EmfRecord(84, text)))).text.toStdString(),
+      HasSubstr("#112233"));
 }
 
 TEST(DecodeWmf, GivesItsFrameTrueColoursAndEscapedText) {
   const auto svg = std::get<DecodedSvg>(Decode(Samples::Wmf(0x00332211, "<image xlink:href=\"/x\"/>&\xE8")));
   EXPECT_DOUBLE_EQ(svg.widthTwips, 1440);
   EXPECT_DOUBLE_EQ(svg.heightTwips, 2880);
-  EXPECT_THAT(svg.text,
+  EXPECT_THAT(svg.text.toStdString(),
               HasSubstr(R"(x="144.000000" y="144.000000" width="1008.000000" height="2016.000000")"));
-  EXPECT_THAT(svg.text, HasSubstr("fill-opacity:1; fill-rule:evenodd; fill:#112233"));
-  EXPECT_THAT(svg.text, HasSubstr("text-anchor=\"middle\""));
-  EXPECT_THAT(svg.text, HasSubstr("&lt;image xlink:href=\"/x\"/&gt;&amp;è</text>"));
-  EXPECT_THAT(svg.text, Not(HasSubstr("<image")));
+  EXPECT_THAT(svg.text.toStdString(), HasSubstr("fill-opacity:1; fill-rule:evenodd; fill:#112233"));
+  EXPECT_THAT(svg.text.toStdString(), HasSubstr("text-anchor=\"middle\""));
+  EXPECT_THAT(svg.text.toStdString(), HasSubstr("&lt;image xlink:href=\"/x\"/&gt;&amp;è</text>"));
+  EXPECT_THAT(svg.text.toStdString(), Not(HasSubstr("<image")));
 }
 
 TEST(DecodeWmf, PlacesBitmaps) {
   const auto svg = std::get<DecodedSvg>(Decode(Samples::Wmf(0, "ab", Samples::WmfBitmap())));
-  EXPECT_THAT(svg.text, HasSubstr(R"(<image x="144.0000" y="288.0000" width="720.0000" height="1440.0000")"));
+  EXPECT_THAT(svg.text.toStdString(),
+              HasSubstr(R"(<image x="144.0000" y="288.0000" width="720.0000" height="1440.0000")"));
 }
 
 TEST(DecodeIff, GivesOpaquePixelsOfItsOwnWidth) {
@@ -69,7 +71,7 @@ TEST(DecodeIff, GivesOpaquePixelsOfItsOwnWidth) {
   EXPECT_EQ(pixels.height, 2);
   const std::string red("\xFF\0\0\xFF", 4);
   const std::string blue("\0\0\xFF\xFF", 4);
-  EXPECT_EQ(pixels.rgba, blue + red + blue + red + blue + red);
+  EXPECT_EQ(pixels.rgba.toStdString(), blue + red + blue + red + blue + red);
 }
 
 TEST(DecodeOldFormat, RefusesTruncatedAndForeignFiles) {

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/qt/pictures/decoder_client.h"
+#include "platform/qt/pictures/old_formats.h"
 #include "platform/qt/pictures/picture_limits.h"
 #include "platform/qt/pictures/qt_picture.h"
 #include "platform/runtime_error.h"
@@ -92,12 +92,12 @@ PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes, PictureC
 
 PicturePtr FromSvg(const DecodedSvg& svg) {
   auto renderer = std::make_unique<QSvgRenderer>();
-  if (!renderer->load(QByteArray::fromStdString(svg.text))) return nullptr;
+  if (!renderer->load(svg.text)) return nullptr;
   return std::make_shared<SvgPicture>(std::move(renderer), svg.widthTwips, svg.heightTwips);
 }
 
 PicturePtr FromPixels(const DecodedPixels& pixels) {
-  const QImage rows(reinterpret_cast<const uchar*>(pixels.rgba.data()), pixels.width, pixels.height,
+  const QImage rows(reinterpret_cast<const uchar*>(pixels.rgba.constData()), pixels.width, pixels.height,
                     4 * qsizetype{pixels.width}, QImage::Format_RGBA8888);
   QImage image = rows.convertToFormat(QImage::Format_ARGB32_Premultiplied);
   if (image.isNull()) return nullptr;

@@ -5,7 +5,6 @@
 
 #include "platform/files/file_system.h"
 #include "platform/picture.h"
-#include "platform/qt/pictures/old_format.h"
 #include "platform/runtime_error.h"
 
 namespace Morvane {
