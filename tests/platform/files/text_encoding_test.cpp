@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/case_folding.h"
 #include "platform/files/name_order.h"
 #include "platform/utf8.h"
 #include "platform/windows_1252.h"
@@ -27,8 +28,9 @@ TEST(Windows1252, WritesAQuestionMarkForEachCharacterOutside) {
 
 TEST(Windows1252, KeepsBytesThatAreNoUtf8) {
   const std::string truncatedOverlongSurrogateBeyond =
-      "\xE9t\xC3 \xC0\xAF \xED\xA0\x80 \xF4\x90\x80\x80 \xE2\x82";
+      "\xE9t\xC3 \xC0\xAF \xE0\x80\xAF \xED\xA0\x80 \xF4\x90\x80\x80 \xE2\x82";
   EXPECT_EQ(ToWindows1252(truncatedOverlongSurrogateBeyond), truncatedOverlongSurrogateBeyond);
+  EXPECT_EQ(ToLower(truncatedOverlongSurrogateBeyond), truncatedOverlongSurrogateBeyond);
   EXPECT_EQ(ReadableUtf8("caff\xE9 perché \x80"), "caffé perché €");
   EXPECT_EQ(ReadableUtf8("\xED\xA0\x80"), "í\u00A0€");
 }

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QScreen>
 
+#include "platform/qt/desktop/qt_screen.h"
 #include "platform/runtime_error.h"
 #include "view_fixture.h"
 
@@ -177,6 +178,31 @@ TEST_F(FormViewTest, MessageBoxGivesTheButtonPressed) {
   EXPECT_EQ(answer(MsgBoxButtons::OkCancel, "Annulla"), MsgBoxAnswer::Cancel);
   EXPECT_EQ(answer(MsgBoxButtons::YesNo, "Sì"), MsgBoxAnswer::Yes);
   EXPECT_EQ(answer(MsgBoxButtons::YesNo, "No"), MsgBoxAnswer::No);
+}
+
+// The user went to another program and came back while a box was open.
+TEST_F(FormViewTest, ComingBackToAnOpenBoxActivatesTheWindowOnceTheBoxIsAnswered) {
+  form.Activate = Log("Activate");
+  Show();
+  Later([&] {
+    for (const Qt::ApplicationState state : {Qt::ApplicationInactive, Qt::ApplicationActive})
+      Q_EMIT qGuiApp->applicationStateChanged(state);
+    QApplication::processEvents();
+    log.push_back("answer");
+    PressInBox("OK");
+  });
+  windows.MsgBox("Messaggio");
+  WindowOf("Form1").activateWindow();  // as a window manager does
+  EXPECT_TRUE(QTest::qWaitFor([&] { return log.size() > 2; }));
+  EXPECT_THAT(log, ElementsAre("Activate", "answer", "Activate"));
+}
+
+TEST_F(FormViewTest, TheDesktopsSizeIsFollowed) {
+  const QtScreen desktop(machine.TheScreen);
+  const double width = std::exchange(machine.TheScreen.Width, 0);
+  EXPECT_EQ(width, Desk().width() * kTwipsPerPixel);
+  Q_EMIT QGuiApplication::primaryScreen()->availableGeometryChanged({});
+  EXPECT_EQ(machine.TheScreen.Width, width);
 }
 
 TEST_F(FormViewTest, InputBoxStartsFromTheDefaultAndIsEmptyOnCancel) {

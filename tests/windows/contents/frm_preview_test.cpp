@@ -75,7 +75,9 @@ TEST_F(ContentsWindow, SmallWindowSnapsBackWhereItStandsAndLogoFollowsTheEdge) {
 TEST_F(ContentsWindow, ReadingShowsTheListAfterAFolderOverTheLimitTooAndPathsOnDemand) {
   machine.WriteFile("C:\\R\\A\\a.txt", "");
   state.ElencoRighe = 1001;
+  std::filesystem::current_path(machine.Root.Path() + "/R");
   Read("C:\\R");
+  EXPECT_EQ(std::filesystem::current_path(), machine.Root.Path() + "/Morvane") << "the disc can be taken out";
   EXPECT_TRUE(Shows("(C:\\R\\A)"));
   EXPECT_TRUE(Shows("a.txt"));
   Hand::Press(window.Check1);
