@@ -109,7 +109,7 @@ Print() {
 }
 
 StartDisplay() {
-  Xvfb -displayfd 3  -screen 0 1280x1024x24 -nolisten tcp -ac 3>"$work/display" 2>/dev/null &
+  Xvfb -displayfd 3 -noreset -screen 0 1280x1024x24 -nolisten tcp -ac 3>"$work/display" 2>/dev/null &
   processes+=($!)
   WaitFor "the display" test -s "$work/display"
   display=":$(cat "$work/display")"
