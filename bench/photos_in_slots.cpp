@@ -27,7 +27,8 @@ long Memory(const std::string& name) {
 int main(int argc, char** argv) {
   if (argc < 3) return 2;
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  PrivateCups::ChoosePort();
+  const TemporaryFolder own;
+  PrivateCups::ChooseSocket(own.Path());
   const QApplication application(argc, argv);
   WindowMachine desk(argv[1]);
   Program program(desk.platform, ',');

@@ -8,7 +8,8 @@
 // round, the milliseconds of COMMAND with 1 copy and with 3.
 int main(int argc, char** argv) {
   if (argc != 3) return 2;
-  Morvane::PrivateCups::ChoosePort();
+  const Morvane::TemporaryFolder own;
+  Morvane::PrivateCups::ChooseSocket(own.Path());
   Morvane::PrivateCups spooler;
   spooler.AddQueue("prova");
   for (int round = std::stoi(argv[2]); round > 0; --round) {

@@ -7,7 +7,8 @@
 // Benchmarks of windows, without a screen and without the machine's printers.
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  Morvane::PrivateCups::ChoosePort();
+  const Morvane::TemporaryFolder own;
+  Morvane::PrivateCups::ChooseSocket(own.Path());
   const QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();

@@ -1,8 +1,7 @@
 #include "tests/support/private_cups.h"
 
-#include <arpa/inet.h>
 #include <signal.h>
-#include <sys/socket.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -69,18 +68,8 @@ int CommandResult(const std::string& command) {
 
 }  // namespace
 
-void PrivateCups::ChoosePort() {
-  const int probe = socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t size = sizeof(address);
-  auto* generic = reinterpret_cast<sockaddr*>(&address);
-  if (bind(probe, generic, size) != 0 || getsockname(probe, generic, &size) != 0) {
-    throw std::runtime_error("no loopback port");
-  }
-  close(probe);
-  setenv("CUPS_SERVER", ("127.0.0.1:" + std::to_string(ntohs(address.sin_port))).c_str(), 1);
+void PrivateCups::ChooseSocket(const std::string& folder) {
+  setenv("CUPS_SERVER", (folder + "/cups.sock").c_str(), 1);
 }
 
 PrivateCups::PrivateCups() {
@@ -89,6 +78,7 @@ PrivateCups::PrivateCups() {
   const std::string files = folder_.Path() + "/cups-files.conf";
   process_ = fork();
   if (process_ == 0) {
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
     setenv("PATH", "/usr/sbin:/sbin:/usr/bin:/bin", 1);
     execlp("cupsd", "cupsd", "-f", "-c", conf.c_str(), "-s", files.c_str(), nullptr);
     _exit(127);

@@ -9,13 +9,13 @@
 
 namespace Morvane {
 
-// A print spooler of the test's own: its files lie in a temporary folder, it listens on a loopback port and
-// ends with this object. The queues of the machine are never seen.
+// A print spooler of the test's own: its files lie in a temporary folder, it listens on a socket in the file
+// system and ends with this object or, however that ends, with the test. The queues of the machine are never seen.
 class PrivateCups {
  public:
-  // Makes the process ask for its printers at a free loopback port; nothing listens there until a PrivateCups
+  // Makes the process ask for its printers at a socket in `folder`; nothing listens there until a PrivateCups
   // is made. Called once, before anything asks for printers.
-  static void ChoosePort();
+  static void ChooseSocket(const std::string& folder);
 
   PrivateCups();
   ~PrivateCups();

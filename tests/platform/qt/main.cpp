@@ -11,9 +11,10 @@ int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
   const Morvane::TemporaryFolder home;
   qputenv("HOME", home.Path().c_str());
+  qputenv("XDG_CONFIG_HOME", home.Path().c_str());
   qputenv("XDG_RUNTIME_DIR", home.Path().c_str());
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  Morvane::PrivateCups::ChoosePort();
+  Morvane::PrivateCups::ChooseSocket(home.Path());
   QApplication application(argc, argv);
   Morvane::InstallFontStandIns();
   return RUN_ALL_TESTS();

@@ -1,7 +1,14 @@
 #include <gmock/gmock.h>
 
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
+#include <QLabel>
+#include <QPrintDialog>
 #include <QSpinBox>
 #include <QTimer>
 
@@ -100,6 +107,60 @@ TEST_F(PdfTest, DialogWithoutAPrinterAsksForCopies) {
   EXPECT_EQ(answer.copies, 3);
 }
 
+// A service that takes each connection and says nothing.
+class MuteService {
+ public:
+  MuteService() : socket_(socket(AF_UNIX, SOCK_STREAM, 0)) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::strncpy(address.sun_path, path_, sizeof(address.sun_path) - 1);
+    if (bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof(address)) != 0 ||
+        listen(socket_, 9) != 0) {
+      throw std::runtime_error("no socket");
+    }
+  }
+  ~MuteService() {
+    close(socket_);
+    unlink(path_);
+  }
+  MuteService(const MuteService&) = delete;
+  MuteService& operator=(const MuteService&) = delete;
+
+ private:
+  const char* const path_ = std::getenv("CUPS_SERVER");
+  const int socket_;
+};
+
+// Does `act` in the next modal dialog of this kind.
+template <typename Dialog>
+void InDialog(const std::function<void(Dialog&)>& act) {
+  QTimer::singleShot(0, qApp, [act] {
+    auto* const dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
+    ASSERT_TRUE(dialog != nullptr) << "another dialog, or none";
+    act(*dialog);
+  });
+}
+
+TEST_F(PdfTest, MuteServiceIsToldAndOnceItAnswersItsPrintersAreOffered) {
+  {
+    const MuteService mute;
+    bool told = false;
+    InDialog<PdfPrinterDialog>([&](PdfPrinterDialog& dialog) {
+      for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+        told = told || label->text() == "Il servizio di stampa non risponde.";
+      }
+      dialog.reject();
+    });
+    EXPECT_FALSE(printer_.ShowDialog({}).accepted);
+    EXPECT_TRUE(told);
+    EXPECT_THROW(device_.SelectPrinter("uneven"), RuntimeError);
+  }
+  PrivateCups back;
+  back.AddQueue("uneven");
+  InDialog<QPrintDialog>([](QPrintDialog& dialog) { dialog.accept(); });
+  EXPECT_TRUE(printer_.ShowDialog({}).accepted);
+}
+
 class QueueTest : public PdfTest {
  protected:
   QueueTest() {
@@ -171,6 +232,43 @@ TEST_F(QueueTest, CopiesAreJobsOfTheirOwnThatNobodyScales) {
     EXPECT_EQ(job.find("copies"), std::string::npos);
     EXPECT_THAT(job, HasSubstr("Custodia è"));
   }
+}
+
+// What the toolkit's dialog offers and what comes of it, with a page range left from elsewhere.
+TEST_F(QueueTest, DialogAsksForPrinterAndCopiesOfWholeSheets) {
+  const QString options = QDir::homePath() + "/.cups";
+  QDir().mkpath(options);
+  std::ofstream(options.toStdString() + "/lpoptions")
+      << "Dest uneven page-ranges=2-3 number-up=2 fit-to-page\n";
+  AppState state;
+  state.NumCopertine = 1;
+  state.PaginaAlte = 297;
+  state.SpessoreBordo = 1;
+  state.CopLarg[1] = state.CopAlte[1] = 12.1;
+  state.CopDistx[1] = state.CopDisty[1] = 1;
+  InDialog<QPrintDialog>([](QPrintDialog& dialog) {
+    EXPECT_FALSE(dialog.findChild<QWidget*>("gbPrintRange")->isVisible());
+    EXPECT_EQ(dialog.findChild<QComboBox*>("printers")->count(), 1) << "a file is no printer";
+    auto* const copies = dialog.findChild<QSpinBox*>("copies");
+    EXPECT_TRUE(copies->isVisible());
+    copies->setValue(3);
+    dialog.accept();
+  });
+  Stampa(state, CoverSlots{}, printer_);
+  cups_.WaitForJobs();
+  const double left = 9.64 * kMmPerPoint + kMillimetresPerInch;
+  const double step = 0.009 * kMillimetresPerInch;
+  ExpectLines(MeasuredSheet(cups_.SheetPath()).AcrossMm(80), {left - 3 * step, left + 121 + step});
+  cups_.Stop();
+  const std::vector<std::string> jobs = cups_.JobRecords();
+  EXPECT_EQ(jobs.size(), 3U);
+  for (const std::string& job : jobs) {
+    for (const char* option : {"page-ranges", "fit-to-page", "copies"}) {
+      EXPECT_EQ(job.find(option), std::string::npos) << option;
+    }
+    EXPECT_EQ(job.substr(job.find("number-up") + 9, 6), std::string("\0\4\0\0\0\1", 6));
+  }
+  QDir(options).removeRecursively();
 }
 
 TEST_F(QueueTest, RefusedJobIsAFailureOfThePrinter) {

@@ -16,7 +16,7 @@ constexpr int kMostCopies = 999;
 
 }  // namespace
 
-PdfPrinterDialog::PdfPrinterDialog(const QString& folder, QWidget* parent)
+PdfPrinterDialog::PdfPrinterDialog(const QString& reason, const QString& folder, QWidget* parent)
     : QDialog(parent), folder_(folder), copies_(new QSpinBox(this)), folderLabel_(new QLabel(this)) {
   setWindowTitle("Stampa");
   copies_->setRange(1, kMostCopies);
@@ -36,9 +36,10 @@ PdfPrinterDialog::PdfPrinterDialog(const QString& folder, QWidget* parent)
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
   auto* form = new QFormLayout(this);
+  form->addRow(new QLabel(reason, this));
   form->addRow(
-      new QLabel("Nessuna stampante è installata: ogni copia diventa un file PDF\n"
-                 "di formato A4 senza margini, da stampare al 100 %.",
+      new QLabel("Ogni copia diventa un file PDF di formato A4 senza margini,\n"
+                 "da stampare al 100 %.",
                  this));
   form->addRow("Numero di &copie:", copies_);
   form->addRow("Cartella:", folderRow);

@@ -8,11 +8,11 @@ class QSpinBox;
 
 namespace Morvane {
 
-// The print dialog of a machine without printers: tells that each job becomes a PDF file, and asks for the
-// copies and the folder.
+// The print dialog where no printer can be had: tells why, and that each job becomes a PDF file, and asks for
+// the copies and the folder.
 class PdfPrinterDialog : public QDialog {
  public:
-  PdfPrinterDialog(const QString& folder, QWidget* parent);
+  PdfPrinterDialog(const QString& reason, const QString& folder, QWidget* parent);
 
   int Copies() const;
   const QString& Folder() const { return folder_; }

@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPainter>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QStandardPaths>
@@ -12,6 +11,7 @@
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/printing/pdf_file_writer.h"
 #include "platform/qt/printing/pdf_printer_dialog.h"
+#include "platform/qt/printing/printer_dialog.h"
 #include "platform/qt/printing/spooler.h"
 #include "platform/runtime_error.h"
 #include "platform/units.h"
@@ -19,6 +19,9 @@
 namespace Morvane {
 namespace {
 
+constexpr int kLookMs = 50;
+// From the print command to a dialog, with a service that is silent.
+constexpr std::chrono::milliseconds kPatience(2000);
 constexpr SheetSize kA4 = {210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre};
 
 RuntimeError Failure(const QString& text) {
@@ -55,39 +58,40 @@ void PlaceOnSheet(QPainter& painter, QPrinter& printer, PageOrientation orientat
   painter.rotate(-90);
 }
 
-// Where there is a spooler, the toolkit shows the page range although its option is off.
-void HidePageRange(const QPrintDialog& dialog) {
-  if (auto* range = dialog.findChild<QWidget*>("gbPrintRange")) range->hide();
-}
-
 }  // namespace
 
 QtPrinterDevice::QtPrinterDevice()
     : sheet_(kA4), pdfFolder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) {
   idle_.setSingleShot(true);
   QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { painted_.pictures.Clear(); });
+  QObject::connect(&found_, &QTimer::timeout, &found_, [this] {
+    if (!search_.Ready()) return;
+    FindPrinter();
+    ReadSheet();
+  });
 }
 
 QtPrinterDevice::~QtPrinterDevice() = default;
 
-bool QtPrinterDevice::HasPrinter() {
-  if (QPrinterInfo::availablePrinterNames().isEmpty()) {
-    printer_.reset();
-  } else if (!printer_) {
-    printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    printer_->setFullPage(true);
-  }
-  return printer_ != nullptr;
+void QtPrinterDevice::Prepare() {
+  search_.Begin(true);
+  found_.start(kLookMs);
 }
 
-void QtPrinterDevice::Prepare() {
-  HasPrinter();
-  ReadSheet();
+// The printer that was chosen stays while the service has any.
+PrintService QtPrinterDevice::FindPrinter() {
+  found_.stop();
+  search_.Begin(!printer_);
+  const FoundPrinters found = search_.Answer(kPatience);
+  if (!found.any) printer_.reset();
+  if (found.printer) printer_ = found.printer;
+  return found.service;
 }
 
 void QtPrinterDevice::SelectPrinter(const std::string& name) {
   const QString wanted = QString::fromStdString(name);
-  if (!HasPrinter() || !QPrinterInfo::availablePrinterNames().contains(wanted)) {
+  if (FindPrinter() == PrintService::Silent) throw Failure(SilentServiceText());
+  if (!printer_ || !QPrinterInfo::availablePrinterNames().contains(wanted)) {
     throw Failure("La stampante '" + wanted + "' non esiste.");
   }
   printer_->setPrinterName(wanted);
@@ -108,7 +112,9 @@ void QtPrinterDevice::ReadSheet() {
 
 PrintDialogAnswer QtPrinterDevice::ShowDialog(const PrintDialogRequest& request,
                                               PageOrientation& orientation) {
-  const PrintDialogAnswer answer = HasPrinter() ? ShowPrinterDialog(request, orientation) : ShowPdfDialog();
+  const PrintService service = FindPrinter();
+  const PrintDialogAnswer answer =
+      printer_ ? ShowPrinterDialog(request, orientation) : ShowPdfDialog(service);
   ReadSheet();
   return answer;
 }
@@ -117,12 +123,7 @@ PrintDialogAnswer QtPrinterDevice::ShowPrinterDialog(const PrintDialogRequest& r
                                                      PageOrientation& orientation) {
   const bool landscape = orientation == PageOrientation::Landscape;
   printer_->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
-  QPrintDialog dialog(printer_.get(), QApplication::activeWindow());
-  dialog.setOption(QAbstractPrintDialog::PrintToFile, false);
-  dialog.setOption(QAbstractPrintDialog::PrintCollateCopies, false);
-  dialog.setOption(QAbstractPrintDialog::PrintPageRange, !request.restricted);
-  dialog.setOption(QAbstractPrintDialog::PrintSelection, !request.restricted);
-  if (request.restricted) QTimer::singleShot(0, &dialog, [&dialog] { HidePageRange(dialog); });
+  PrinterDialog dialog(*printer_, request, QApplication::activeWindow());
   PrintDialogAnswer answer;
   answer.accepted = dialog.exec() == QDialog::Accepted;
   if (answer.accepted) {
@@ -135,8 +136,10 @@ PrintDialogAnswer QtPrinterDevice::ShowPrinterDialog(const PrintDialogRequest& r
   return answer;
 }
 
-PrintDialogAnswer QtPrinterDevice::ShowPdfDialog() {
-  PdfPrinterDialog dialog(pdfFolder_, QApplication::activeWindow());
+PrintDialogAnswer QtPrinterDevice::ShowPdfDialog(PrintService service) {
+  const QString reason =
+      service == PrintService::Silent ? SilentServiceText() : "Nessuna stampante è installata.";
+  PdfPrinterDialog dialog(reason, pdfFolder_, QApplication::activeWindow());
   if (dialog.exec() != QDialog::Accepted) return {};
   pdfFolder_ = dialog.Folder();
   return {true, dialog.Copies()};
@@ -144,7 +147,7 @@ PrintDialogAnswer QtPrinterDevice::ShowPdfDialog() {
 
 void QtPrinterDevice::SendPage(const DrawingList& page, PageOrientation orientation,
                                const std::string& title) {
-  if (printer_ || HasPrinter()) {
+  if (printer_) {
     PrintPage(page, orientation, title);
     return;
   }

@@ -8,13 +8,15 @@
 
 #include "platform/drawing/printer_device.h"
 #include "platform/qt/painting/drawing_painter.h"
+#include "platform/qt/printing/printer_search.h"
 
 class QPrinter;
 
 namespace Morvane {
 
-// The printers of this system, through one QPrinter that is made when it is first needed: asking the spooler
-// can take seconds. Without any printer each job becomes a PDF file.
+// The printers of this system, through one QPrinter. Asking the print service can take seconds, or for ever:
+// that happens on a thread of its own. Without any printer, and while the service is silent, each job becomes
+// a PDF file.
 class QtPrinterDevice : public PrinterDevice {
  public:
   QtPrinterDevice();
@@ -23,12 +25,12 @@ class QtPrinterDevice : public PrinterDevice {
   // Called when the sheet is another than it was.
   std::function<void()> OnSheetChanged;
 
-  // Asks the spooler for the default printer; the sheet is A4 until then. Meant for the moment when the first
+  // Begins to look for the default printer; the sheet is A4 until it is found. For the moment when the first
   // page is on the screen.
   void Prepare();
 
   // Takes a printer by its name, without a dialog. RuntimeError PrinterFailure when there is none of that
-  // name.
+  // name, or the service does not answer.
   void SelectPrinter(const std::string& name);
 
   // Where jobs go when there is no printer: a native path, at first the user's documents.
@@ -39,13 +41,15 @@ class QtPrinterDevice : public PrinterDevice {
   void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override;
 
  private:
-  bool HasPrinter();
+  PrintService FindPrinter();
   void ReadSheet();
   PrintDialogAnswer ShowPrinterDialog(const PrintDialogRequest& request, PageOrientation& orientation);
-  PrintDialogAnswer ShowPdfDialog();
+  PrintDialogAnswer ShowPdfDialog(PrintService service);
   void PrintPage(const DrawingList& page, PageOrientation orientation, const std::string& title);
 
-  std::unique_ptr<QPrinter> printer_;  // none before Prepare, and while no printer is installed
+  PrinterSearch search_;
+  QTimer found_;                       // looks whether the search that Prepare began has its answer
+  std::shared_ptr<QPrinter> printer_;  // none while no printer is known
   SheetSize sheet_;
   QString pdfFolder_;
   PaintCache painted_;  // for the copies of a page, until the program is idle

@@ -1,8 +1,10 @@
 #include "platform/qt/printing/spooler.h"
 
-#include <QLibrary>
+#include <cups/cups.h>
+
 #include <QPrintEngine>
 #include <QPrinter>
+#include <utility>
 
 namespace Morvane {
 namespace {
@@ -10,29 +12,33 @@ namespace {
 // The toolkit's list of names and values for the spooler, known to its own print dialog only.
 constexpr auto kSpoolerOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
 
-// Answers of the spooler below this number tell that it did what was asked.
-constexpr int kFirstFailure = 0x0100;
+// What a job is told or, where the value is empty, not told. What is told holds against a queue's own
+// defaults.
+constexpr std::pair<const char*, const char*> kTrueScale[] = {
+    {"print-scaling", "none"}, {"number-up", "1"}, {"number-up-layout", ""},
+    {"page-ranges", ""},       {"page-set", ""},   {"fit-to-page", ""},
+    {"fitplot", ""},           {"scaling", ""},    {"natural-scaling", ""},
+};
+
+// Answers below this one tell that the spooler did what was asked.
+constexpr ipp_status_t kFirstFailure = IPP_STATUS_REDIRECTION_OTHER_SITE;
 
 }  // namespace
 
 void KeepTrueScale(QPrinter& printer) {
-  const QString name = "print-scaling";
   QStringList options = printer.printEngine()->property(kSpoolerOptions).toStringList();
-  for (qsizetype at = options.size() - 2; at >= 0; at -= 2) {
-    if (options[at] == name) options.remove(at, 2);
+  for (const auto& [name, value] : kTrueScale) {
+    for (qsizetype at = options.size() - 2; at >= 0; at -= 2) {
+      if (options[at] == name) options.remove(at, 2);
+    }
+    if (*value) options << name << value;
   }
-  options << name << "none";
   printer.printEngine()->setProperty(kSpoolerOptions, options);
 }
 
 QString LastSpoolerFailure() {
-  using LastError = int (*)();
-  using LastErrorText = const char* (*)();
-  QLibrary cups("cups", 2);
-  const auto lastError = reinterpret_cast<LastError>(cups.resolve("cupsLastError"));
-  const auto lastErrorText = reinterpret_cast<LastErrorText>(cups.resolve("cupsLastErrorString"));
-  if (!lastError || !lastErrorText || lastError() < kFirstFailure) return QString();
-  const QString text = QString::fromUtf8(lastErrorText());
+  if (cupsLastError() < kFirstFailure) return QString();
+  const QString text = QString::fromUtf8(cupsLastErrorString());
   return text.isEmpty() ? QString("lavoro rifiutato") : text;
 }
 

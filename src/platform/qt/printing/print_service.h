@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+#include <chrono>
+
+namespace Morvane {
+
+enum class PrintService { Answers, Absent, Silent };
+
+// Asks the print service of this system for a word. May be called from any thread. A service that takes a
+// connection and says nothing, or whose address swallows what is sent, is Silent after about `limit`; only
+// looking up a host's name may take longer. Absent: nobody listens.
+PrintService AskPrintService(std::chrono::milliseconds limit);
+
+// The line that tells the user of a service that is silent.
+QString SilentServiceText();
+
+}  // namespace Morvane

@@ -1,0 +1,32 @@
+#include "platform/qt/printing/printer_dialog.h"
+
+#include <QAbstractButton>
+#include <QDialogButtonBox>
+
+namespace Morvane {
+
+PrinterDialog::PrinterDialog(QPrinter& printer, const PrintDialogRequest& request, QWidget* parent)
+    : QPrintDialog(&printer, parent), restricted_(request.restricted) {
+  setOption(PrintToFile, false);
+  setOption(PrintCollateCopies, false);
+  setOption(PrintPageRange, !restricted_);
+  setOption(PrintSelection, !restricted_);
+  Unfold();
+}
+
+// Its button is the only one of this role.
+void PrinterDialog::Unfold() {
+  for (const auto* box : findChildren<QDialogButtonBox*>()) {
+    for (QAbstractButton* button : box->buttons()) {
+      if (box->buttonRole(button) == QDialogButtonBox::ResetRole) button->click();
+    }
+  }
+}
+
+// Where there is a spooler, the toolkit shows the page range although its option is off.
+void PrinterDialog::setVisible(bool visible) {
+  QPrintDialog::setVisible(visible);
+  if (auto* range = findChild<QWidget*>("gbPrintRange"); range && restricted_) range->hide();
+}
+
+}  // namespace Morvane
