@@ -10,7 +10,8 @@
 namespace Morvane {
 
 // A print spooler of the test's own: its files lie in a temporary folder, it listens on a socket in the file
-// system and ends with this object or, however that ends, with the test. The queues of the machine are never seen.
+// system and ends with this object or, however that ends, with the test. The queues of the machine are never
+// seen.
 class PrivateCups {
  public:
   // Makes the process ask for its printers at a socket in `folder`; nothing listens there until a PrivateCups
