@@ -91,6 +91,7 @@ int main(int argc, char** argv) {
   // Asking for the printers takes its time; the page is on the screen first, as A4. A sheet that a print
   // dialog brings is drawn when the print command has ended.
   device.OnSheetChanged = [&] { windows.Post([&] { program.form1.Ridisegna(); }); };
+  device.OnComplaint = [&](const std::string& text) { windows.Post([&, text] { windows.MsgBox(text); }); };
   program.form1.form.Paint = [&, asked = false]() mutable {
     if (!std::exchange(asked, true))
       QTimer::singleShot(kAfterFirstPage, &application, [&] { device.Prepare(); });

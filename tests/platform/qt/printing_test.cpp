@@ -9,12 +9,14 @@
 #include <QDir>
 #include <QLabel>
 #include <QPrintDialog>
+#include <QPushButton>
 #include <QSpinBox>
 #include <QTimer>
 
 #include "accepted_queue.h"
 #include "platform/drawing/printer.h"
 #include "platform/qt/painting/qt_text_metrics.h"
+#include "platform/qt/printing/calibration_tab.h"
 #include "platform/qt/printing/pdf_file_writer.h"
 #include "platform/qt/printing/pdf_printer_dialog.h"
 #include "platform/qt/printing/qt_printer_device.h"
@@ -269,6 +271,79 @@ TEST_F(QueueTest, DialogAsksForPrinterAndCopiesOfWholeSheets) {
     EXPECT_EQ(job.substr(job.find("number-up") + 9, 6), std::string("\0\4\0\0\0\1", 6));
   }
   QDir(options).removeRecursively();
+}
+
+// As if 180 mm across came out as 181.8 and 250 mm down as 248.75, the cross 1.5 mm too far right and 2 too
+// high.
+TEST_F(QueueTest, CalibratedSheetHasTheSizesAndPlacesThatThePaperThenPutsRight) {
+  InDialog<QPrintDialog>([this](QPrintDialog& dialog) {
+    CalibrationTab* tab = nullptr;
+    for (auto* child : dialog.findChildren<QWidget*>()) {
+      if (auto* found = dynamic_cast<CalibrationTab*>(child)) tab = found;
+    }
+    const auto fields = tab->findChildren<QDoubleSpinBox*>();
+    const double typed[] = {181.8, 248.75, 1.5, -2};
+    for (int i = 0; i < 4; ++i) fields[i]->setValue(typed[i]);
+    fields[0]->setValue(200);  // refused: the corrections stay
+    std::string texts;
+    for (const auto* label : tab->findChildren<QLabel*>()) texts += label->text().toStdString();
+    EXPECT_THAT(texts, HasSubstr("dal 95 al 105 %"));
+    for (auto* button : tab->findChildren<QPushButton*>()) {
+      if (button->text().contains("foglio")) button->click();
+    }
+    dialog.accept();
+  });
+  printer_.ShowDialog({});
+  cups_.WaitForJobs();
+  // The sheet to measure is printed as it is: the cross's arms and the ruler's line.
+  const double left = 9.64 * kMmPerPoint;
+  const double top = 17.97 * kMmPerPoint;
+  const std::vector<double> ruler = MeasuredSheet(cups_.SheetPath()).AcrossMm(top + 120.5);
+  ASSERT_FALSE(ruler.empty());
+  EXPECT_NEAR(ruler.front(), left + 10, kOriginMm);
+
+  // What stands at the cross, 20 mm from the corner, is only shifted; lengths from there are scaled.
+  const auto x = [&](double mm) { return left + 20 - 1.5 + (mm - left - 20) / 1.01; };
+  const auto y = [&](double mm) { return top + 20 + 2 + (mm - top - 20) / 0.995; };
+  PrintCover();
+  const MeasuredSheet upright(cups_.SheetPath());
+  ExpectLines(upright.AcrossMm(y(top + 80)), {x(left + 10), x(left + 20.5), x(left + 120.5), x(left + 131)});
+  ExpectLines(upright.DownMm(x(left + 70.5)), {y(top + 20), y(top + 40), y(top + 120), y(top + 140)});
+
+  printer_.SetOrientation(PageOrientation::Landscape);
+  PrintCover();
+  const MeasuredSheet turned(cups_.SheetPath());
+  const double bottom = 297 - 14.4 * kMmPerPoint;
+  ExpectLines(turned.DownMm(x(left + 80)),
+              {y(bottom - 131), y(bottom - 120.5), y(bottom - 20.5), y(bottom - 10)});
+  ExpectLines(turned.AcrossMm(y(bottom - 70.5)), {x(left + 20), x(left + 40), x(left + 120), x(left + 140)});
+
+  printer_.SetOrientation(PageOrientation::Portrait);
+  device_.LeaveOutCalibration();
+  PrintCover();
+  ExpectCover(MeasuredSheet(cups_.SheetPath()), left, top);
+}
+
+TEST(CalibrationFile, KeepsEachPrinterAndADamagedOneCorrectsNothingAndIsToldOnce) {
+  const TemporaryFolder folder;
+  const QString file = QString::fromStdString(folder.Path() + "/prove/taratura.ini");
+  const Calibration measured{181.8, 248.75, 1.5, -2};
+  Calibrations(file).Keep("Ufficio/2°", measured);
+  Calibrations(file).Keep("casa", {});
+  Calibrations kept(file);
+  EXPECT_EQ(kept.Of("Ufficio/2°"), measured);
+  EXPECT_EQ(kept.Of("altra"), Calibration());
+  EXPECT_TRUE(kept.TakeComplaint().isEmpty());
+  for (const char* damage : {"[casa]\norizzontale180=200\nverticale250=250\ndestra=0\nbasso=0\n",
+                             "[casa]\norizzontale180=nan\nverticale250=250\ndestra=0\nbasso=0\n",
+                             "[casa]\norizzontale180=180\n", "[Ufficio\n", "\xff\x01 niente"}) {
+    std::ofstream(file.toStdString()) << damage;
+    Calibrations damaged(file);
+    EXPECT_EQ(damaged.Of("casa"), Calibration()) << damage;
+    EXPECT_FALSE(damaged.TakeComplaint().isEmpty()) << damage;
+    EXPECT_TRUE(damaged.TakeComplaint().isEmpty()) << damage;
+  }
+  EXPECT_THROW(Calibrations("/proc/nessuno/taratura.ini").Keep("casa", {}), RuntimeError);
 }
 
 TEST_F(QueueTest, RefusedJobIsAFailureOfThePrinter) {

@@ -1,17 +1,29 @@
 #include "platform/qt/printing/printer_dialog.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QDialogButtonBox>
 
 namespace Morvane {
 
-PrinterDialog::PrinterDialog(QPrinter& printer, const PrintDialogRequest& request, QWidget* parent)
+PrinterDialog::PrinterDialog(QPrinter& printer, const PrintDialogRequest& request,
+                             std::unique_ptr<CalibrationTab> calibration, QWidget* parent)
     : QPrintDialog(&printer, parent), restricted_(request.restricted) {
   setOption(PrintToFile, false);
   setOption(PrintCollateCopies, false);
   setOption(PrintPageRange, !restricted_);
   setOption(PrintSelection, !restricted_);
+  FollowPrinter(*calibration);
+  setOptionTabs({calibration.release()});  // the dialog's from here
   Unfold();
+}
+
+void PrinterDialog::FollowPrinter(CalibrationTab& calibration) {
+  const auto* const printers = findChild<QComboBox*>("printers");
+  if (printers == nullptr) return;
+  calibration.ShowPrinter(printers->currentText());
+  connect(printers, &QComboBox::currentTextChanged, &calibration,
+          [&calibration](const QString& chosen) { calibration.ShowPrinter(chosen); });
 }
 
 // Its button is the only one of this role.

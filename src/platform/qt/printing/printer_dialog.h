@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QPrintDialog>
+#include <memory>
 
 #include "platform/drawing/printer_device.h"
+#include "platform/qt/printing/calibration_tab.h"
 
 namespace Morvane {
 
@@ -10,12 +12,15 @@ namespace Morvane {
 // restricted it offers neither a page range nor a selection, and never a file.
 class PrinterDialog : public QPrintDialog {
  public:
-  PrinterDialog(QPrinter& printer, const PrintDialogRequest& request, QWidget* parent);
+  // `calibration` becomes a tab of it, for the printer that is chosen.
+  PrinterDialog(QPrinter& printer, const PrintDialogRequest& request,
+                std::unique_ptr<CalibrationTab> calibration, QWidget* parent);
 
   void setVisible(bool visible) override;
 
  private:
   void Unfold();
+  void FollowPrinter(CalibrationTab& calibration);
 
   const bool restricted_;
 };

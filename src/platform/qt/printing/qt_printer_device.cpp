@@ -8,7 +8,9 @@
 #include <QPrinterInfo>
 #include <QStandardPaths>
 
+#include "platform/drawing/calibration_sheet.h"
 #include "platform/qt/painting/drawing_painter.h"
+#include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/printing/pdf_file_writer.h"
 #include "platform/qt/printing/pdf_printer_dialog.h"
 #include "platform/qt/printing/printer_dialog.h"
@@ -42,19 +44,31 @@ QString FreePdfPath(const QString& folder, const std::string& title) {
   return path;
 }
 
+// Of the upright sheet.
+QMarginsF MarginsMm(const QPrinter& printer) {
+  const QMarginsF points = printer.pageLayout().minimumMargins();
+  return points * (kTwipsPerPoint / kTwipsPerMillimetre);
+}
+
+QSizeF SheetMm(const QPrinter& printer) {
+  return printer.pageLayout().pageSize().size(QPageSize::Millimeter);
+}
+
 // Puts the origin at the corner of the printable area and makes a unit a twip. The sheet always goes to the
 // spooler in portrait with the drawing turned on it: which way a spooler turns a landscape sheet, and so
 // which margins meet its corner, differs from queue to queue.
-void PlaceOnSheet(QPainter& painter, QPrinter& printer, PageOrientation orientation) {
-  const QPageLayout layout = printer.pageLayout();
-  const QMarginsF points = layout.minimumMargins();
+void PlaceOnSheet(QPainter& painter, QPrinter& printer, PageOrientation orientation,
+                  const Calibration& calibration) {
+  const QMarginsF margins = MarginsMm(printer);
+  const QPointF corner(margins.left() * kTwipsPerMillimetre, margins.top() * kTwipsPerMillimetre);
+  const double cross = kCalibrationCross * kTwipsPerMillimetre;
   painter.scale(printer.logicalDpiX() / kTwipsPerInch, printer.logicalDpiY() / kTwipsPerInch);
+  painter.setTransform(calibration.Correction(corner + QPointF(cross, cross)), true);
   if (orientation == PageOrientation::Portrait) {
-    painter.translate(points.left() * kTwipsPerPoint, points.top() * kTwipsPerPoint);
+    painter.translate(corner);
     return;
   }
-  const double height = layout.pageSize().size(QPageSize::Millimeter).height() * kTwipsPerMillimetre;
-  painter.translate(points.left() * kTwipsPerPoint, height - points.bottom() * kTwipsPerPoint);
+  painter.translate(corner.x(), (SheetMm(printer).height() - margins.bottom()) * kTwipsPerMillimetre);
   painter.rotate(-90);
 }
 
@@ -123,7 +137,9 @@ PrintDialogAnswer QtPrinterDevice::ShowPrinterDialog(const PrintDialogRequest& r
                                                      PageOrientation& orientation) {
   const bool landscape = orientation == PageOrientation::Landscape;
   printer_->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
-  PrinterDialog dialog(*printer_, request, QApplication::activeWindow());
+  auto tab = std::make_unique<CalibrationTab>(
+      calibrations_, [this](const QString& printer) { PrintCalibrationSheet(printer); });
+  PrinterDialog dialog(*printer_, request, std::move(tab), QApplication::activeWindow());
   PrintDialogAnswer answer;
   answer.accepted = dialog.exec() == QDialog::Accepted;
   if (answer.accepted) {
@@ -148,15 +164,32 @@ PrintDialogAnswer QtPrinterDevice::ShowPdfDialog(PrintService service) {
 void QtPrinterDevice::SendPage(const DrawingList& page, PageOrientation orientation,
                                const std::string& title) {
   if (printer_) {
-    PrintPage(page, orientation, title);
+    const QString complaint = calibrations_.TakeComplaint();
+    if (!complaint.isEmpty() && OnComplaint) OnComplaint(complaint.toStdString());
+    PrintPage(page, orientation, title,
+              calibrated_ ? calibrations_.Of(printer_->printerName()) : Calibration());
     return;
   }
   QDir().mkpath(pdfFolder_);
   WritePdf(FreePdfPath(pdfFolder_, title).toStdString(), page, orientation, kA4, title);
 }
 
+// Without a correction, at the printer that the dialog shows but has not yet taken.
+void QtPrinterDevice::PrintCalibrationSheet(const QString& printer) {
+  const QString chosen = printer_->printerName();
+  printer_->setPrinterName(printer);
+  const QMarginsF margins = MarginsMm(*printer_);
+  const QSizeF size = SheetMm(*printer_).shrunkBy(margins);
+  const QtTextMetrics metrics;
+  DrawingSurface sheet(metrics);
+  sheet.SetSize(size.width() * kTwipsPerMillimetre, size.height() * kTwipsPerMillimetre);
+  DrawCalibrationSheet(sheet, margins.left(), margins.top(), size.width(), size.height());
+  PrintPage(sheet.Drawing(), PageOrientation::Portrait, "Foglio di taratura", {});
+  printer_->setPrinterName(chosen);
+}
+
 void QtPrinterDevice::PrintPage(const DrawingList& page, PageOrientation orientation,
-                                const std::string& title) {
+                                const std::string& title, const Calibration& calibration) {
   printer_->setDocName(QString::fromStdString(title));
   printer_->setCopyCount(1);
   printer_->setFullPage(true);
@@ -166,7 +199,7 @@ void QtPrinterDevice::PrintPage(const DrawingList& page, PageOrientation orienta
   if (!painter.begin(printer_.get())) {
     throw Failure("La stampante '" + printer_->printerName() + "' non risponde.");
   }
-  PlaceOnSheet(painter, *printer_, orientation);
+  PlaceOnSheet(painter, *printer_, orientation, calibration);
   PaintDrawing(painter, page, painted_);
   idle_.start();
   if (!painter.end() || printer_->printerState() == QPrinter::Error) {

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QMap>
+#include <QString>
+#include <QTransform>
+
+namespace Morvane {
+
+// How a printer's paper differs from what it was told, as the user measured it on the calibration sheet. The
+// sheet is meant as it comes out of the printer, upright.
+struct Calibration {
+  static constexpr double kAcrossMm = 180;
+  static constexpr double kDownMm = 250;
+  static constexpr double kLeastScale = 0.95;
+  static constexpr double kMostScale = 1.05;
+  static constexpr double kMostShiftMm = 20;
+
+  double acrossMm = kAcrossMm;  // what the line of 180 mm measures
+  double downMm = kDownMm;      // what the line of 250 mm measures
+  double rightMm = 0;           // how far the cross lies too far right; negative: left
+  double downwardsMm = 0;       // how far it lies too far down; negative: up
+
+  bool operator==(const Calibration&) const = default;
+
+  // Within 95 to 105 % and 20 mm.
+  bool IsUsual() const;
+
+  // Where to draw so that a place comes out as meant. In twips of the upright sheet, whose cross is at
+  // `cross`: the place that comes out exactly, whatever the scale.
+  QTransform Correction(QPointF cross) const;
+};
+
+// The calibrations of this user's printers, in a file of their own.
+class Calibrations {
+ public:
+  // At first morvane/taratura.ini in the user's configuration folder.
+  explicit Calibrations(const QString& file = DefaultFile());
+
+  // No correction for a printer that was not calibrated.
+  Calibration Of(const QString& printer) const { return printers_.value(printer); }
+  // RuntimeError PathFileAccess when it cannot be kept; it then holds until the program ends.
+  void Keep(const QString& printer, const Calibration& calibration);
+
+  // What the user must know of the file, once: that it is damaged, and nothing is corrected.
+  QString TakeComplaint();
+
+ private:
+  static QString DefaultFile();
+  void Read();
+
+  QString file_;
+  QMap<QString, Calibration> printers_;
+  QString complaint_;
+};
+
+}  // namespace Morvane
