@@ -18,7 +18,6 @@ void PictureBox::PerformDragLeave() {
 }
 
 void PictureBox::PerformDrop(const std::vector<DroppedPicture>& pictures, double xTwips, double yTwips) {
-  PerformDragLeave();
   if (Enabled() && Drop) Drop(pictures, EventX(xTwips), EventY(yTwips));
 }
 

@@ -127,6 +127,11 @@ bool StartsPicture(const QByteArray& bytes) {
   return IsKnown(reader.format());
 }
 
+bool IsPictureType(const QByteArray& mimeType) {
+  const QList<QByteArray> formats = QImageReader::imageFormatsForMimeType(mimeType);
+  return std::any_of(formats.begin(), formats.end(), IsKnown);
+}
+
 PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes) {
   return LoadPixels(name, bytes, PictureCheck::Whole);
 }

@@ -19,6 +19,8 @@ enum class PictureCheck {
 
 // Whether a file that begins with these bytes is of a format that can be loaded.
 bool StartsPicture(const QByteArray& bytes);
+// Whether PictureFromBytes reads files of this MIME type.
+bool IsPictureType(const QByteArray& mimeType);
 
 // The picture in the bytes of a file of the newer formats, decoded once. RuntimeError InvalidPicture, told by
 // the name.

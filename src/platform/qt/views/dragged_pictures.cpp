@@ -4,7 +4,6 @@
 #include <QFileInfo>
 #include <QUrl>
 #include <algorithm>
-#include <string>
 
 #include "platform/files/name_order.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
@@ -23,25 +22,24 @@ bool IsPictureFile(const QString& path) {
 }
 
 // The first of the formats that the other program offers, its own choice; empty without one.
-QByteArray PictureBytes(const QMimeData& dragged) {
+QString PictureFormat(const QMimeData& dragged) {
   for (const QString& format : dragged.formats()) {
-    if (!format.startsWith("image/")) continue;
-    const QByteArray bytes = dragged.data(format);
-    if (StartsPicture(bytes)) return bytes;
+    if (IsPictureType(format.toLatin1())) return format;
   }
   return {};
 }
 
 }  // namespace
 
+// The bytes of a picture without a file are not asked for before it is dropped: they may take their time.
 bool HoldsPicture(const QMimeData& dragged) {
   const QList<QUrl> urls = dragged.urls();
-  return std::any_of(urls.begin(), urls.end(),
-                     [](const QUrl& url) { return url.isLocalFile() && IsPictureFile(url.toLocalFile()); }) ||
-         !PictureBytes(dragged).isEmpty();
+  return !PictureFormat(dragged).isEmpty() || std::any_of(urls.begin(), urls.end(), [](const QUrl& url) {
+    return url.isLocalFile() && IsPictureFile(url.toLocalFile());
+  });
 }
 
-std::vector<DroppedPicture> PicturesIn(const QMimeData& dragged) {
+DraggedPictures PicturesIn(const QMimeData& dragged) {
   std::vector<QFileInfo> files;
   for (const QUrl& url : dragged.urls()) {
     if (url.isLocalFile() && IsPictureFile(url.toLocalFile())) files.emplace_back(url.toLocalFile());
@@ -49,12 +47,19 @@ std::vector<DroppedPicture> PicturesIn(const QMimeData& dragged) {
   std::stable_sort(files.begin(), files.end(), [](const QFileInfo& left, const QFileInfo& right) {
     return NameIsBefore(left.fileName().toStdString(), right.fileName().toStdString());
   });
-  std::vector<DroppedPicture> pictures;
-  for (const QFileInfo& file : files) pictures.push_back({file.absoluteFilePath().toStdString(), nullptr});
-  if (!pictures.empty()) return pictures;
-  const QByteArray bytes = PictureBytes(dragged);
-  if (!bytes.isEmpty()) pictures.push_back({"", PictureFromBytes(kNameOnPage, bytes)});
+  DraggedPictures pictures;
+  for (const QFileInfo& file : files) {
+    pictures.nativePaths.push_back(file.absoluteFilePath().toStdString());
+  }
+  if (files.empty()) pictures.bytes = dragged.data(PictureFormat(dragged));
   return pictures;
+}
+
+std::vector<DroppedPicture> Dropped(const DraggedPictures& pictures) {
+  if (pictures.nativePaths.empty()) return {{"", PictureFromBytes(kNameOnPage, pictures.bytes)}};
+  std::vector<DroppedPicture> files;
+  for (const std::string& path : pictures.nativePaths) files.push_back({path, nullptr});
+  return files;
 }
 
 }  // namespace Morvane

@@ -4,8 +4,6 @@
 #include <QPainter>
 #include <QPointer>
 #include <QRegion>
-#include <utility>
-#include <vector>
 
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/pictures/artwork.h"
@@ -67,7 +65,7 @@ bool PictureBoxView::eventFilter(QObject* watched, QEvent* event) {
       Feed([this] { model_.PerformDragLeave(); });
       return true;
     case QEvent::Drop:
-      Dropped(static_cast<QDropEvent&>(*event));
+      TakeDrop(static_cast<QDropEvent&>(*event));
       return true;
     default:
       return ControlView::eventFilter(watched, event);
@@ -91,14 +89,14 @@ void PictureBoxView::DragMoved(QDragMoveEvent& event) {
 }
 
 // The other program waits until the event has been taken, so what may ask the user comes after it.
-void PictureBoxView::Dropped(QDropEvent& event) {
+void PictureBoxView::TakeDrop(QDropEvent& event) {
+  Feed([this] { model_.PerformDragLeave(); });
   if (!Takes(event)) return event.ignore();
   event.accept();
-  std::vector<DroppedPicture> pictures;
-  Feed([&] { pictures = PicturesIn(*event.mimeData()); });
-  Context().windows.Post([view = QPointer(this), pictures = std::move(pictures), place = event.position()] {
-    if (view) view->model_.PerformDrop(pictures, ToTwips(place.x()), ToTwips(place.y()));
-  });
+  Context().windows.Post(
+      [view = QPointer(this), pictures = PicturesIn(*event.mimeData()), place = event.position()] {
+        if (view) view->model_.PerformDrop(Dropped(pictures), ToTwips(place.x()), ToTwips(place.y()));
+      });
 }
 
 // A strip that moves within another box is kept as pixels, so that a step of it draws nothing anew. A page is

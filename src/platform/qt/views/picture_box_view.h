@@ -31,7 +31,7 @@ class PictureBoxView : public ControlView {
   void Paint();
   void DragEntered(QDragEnterEvent& event);
   void DragMoved(QDragMoveEvent& event);
-  void Dropped(QDropEvent& event);
+  void TakeDrop(QDropEvent& event);
   void Draw(QPainter& painter);
   void DrawEdge(QPainter& painter);
   bool CanKeep() const;
