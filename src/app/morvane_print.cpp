@@ -197,6 +197,8 @@ ExitCode Print(const PrintArguments& arguments) {
   const QtFontCatalog fonts;
   PdfFiles pdf(arguments.pdf, arguments.copies);
   QtPrinterDevice queues;
+  queues.OnComplaint = [](const std::string& text) { std::cerr << "morvane-print: " << text << '\n'; };
+  if (!arguments.calibrated) queues.LeaveOutCalibration();
   if (!arguments.printer.empty()) queues.SelectPrinter(arguments.printer);
   PrinterDevice& device = arguments.pdf.empty() ? static_cast<PrinterDevice&>(queues) : pdf;
   Printer printer(device, metrics, fonts);

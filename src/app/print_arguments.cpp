@@ -26,6 +26,7 @@ constexpr Option kOptions[] = {
     {"copies",    "N",      Kind::Both,     "1",         "numero di copie, ognuna un lavoro (o un file) a sé"},
     {"pdf",       "FILE",   Kind::Both,     "",          "scrive un PDF; con più copie FILE-1.pdf, FILE-2.pdf ..."},
     {"printer",   "NOME",   Kind::Both,     "",          "stampa sulla coda NOME"},
+    {"no-calibration", "",  Kind::Both,     "",          "senza la taratura della stampante"},
     {"contents",  "DIR",    Kind::Contents, "",          "stampa il contenuto della cartella come copertina"},
     {"title",     "T",      Kind::Contents, "Titolo CD", "titolo del contenuto"},
     {"columns",   "N",      Kind::Contents, "2",         "colonne, da 2 a 7"},
@@ -132,6 +133,7 @@ PrintArguments ParsePrintArguments(std::span<const std::string> arguments) {
   parsed.copies = ParseNumber("copies", TextOf(parser, "copies"), 1, 999);
   parsed.pdf = TextOf(parser, "pdf");
   parsed.printer = TextOf(parser, "printer");
+  parsed.calibrated = !parser.isSet("no-calibration");
   if (parser.isSet("contents")) parsed.contents = Contents(parser);
   return parsed;
 }
@@ -139,10 +141,10 @@ PrintArguments ParsePrintArguments(std::span<const std::string> arguments) {
 std::string PrintHelp() {
   std::string text =
       "Uso: morvane-print [LAYOUT.mvne] [--picture N=FILE]... [--outline 0|1|3|5]\n"
-      "                   [--copies N] (--pdf FILE | --printer NOME)\n"
+      "                   [--copies N] (--pdf FILE | --printer NOME [--no-calibration])\n"
       "     morvane-print --contents CARTELLA [--title T] [--columns 2..7] [--font F]\n"
       "                   [--size S] [--italic] [--full-path] [--copies N]\n"
-      "                   (--pdf FILE | --printer NOME)\n"
+      "                   (--pdf FILE | --printer NOME [--no-calibration])\n"
       "\n"
       "Stampa un layout di copertine, o il contenuto di una cartella, in scala reale.\n"
       "\n"

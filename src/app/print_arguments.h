@@ -27,6 +27,7 @@ struct PrintArguments {
   int copies = 1;                       // 1 to 999
   std::string pdf;                      // one of the two is set
   std::string printer;
+  bool calibrated = true;            // as the user measured the printer's paper
   std::optional<Contents> contents;  // then no layout, picture or outline
 };
 

@@ -10,13 +10,14 @@ namespace {
 constexpr double kRulersAt = 10;
 constexpr int kAcross = 180;
 constexpr int kDown = 250;
+constexpr double kLongMark = 4;
 constexpr double kArm = 2.5;  // of a cross
 constexpr double kTextLeft = 40;
 constexpr double kTextTop = 60;
 constexpr double kLineHeight = 6;
 
 double MarkLength(int millimetre) {
-  if (millimetre % 10 == 0) return 4;
+  if (millimetre % 10 == 0) return kLongMark;
   return millimetre % 5 == 0 ? 3 : 2;
 }
 
@@ -28,17 +29,22 @@ void Write(DrawingSurface& sheet, double left, double top, const std::string& te
 
 void DrawRulers(DrawingSurface& sheet) {
   sheet.SetFontSize(6);
+  const double height = sheet.TextHeight("0");
   sheet.Line(kRulersAt, kRulersAt, kRulersAt + kAcross, kRulersAt);
   for (int mm = 0; mm <= kAcross; ++mm) {
     const double at = kRulersAt + mm;
+    const std::string number = std::to_string(mm);
     sheet.Line(at, kRulersAt, at, kRulersAt - MarkLength(mm));
-    if (mm % 10 == 0) Write(sheet, at + 0.5, kRulersAt - 5, std::to_string(mm));
+    if (mm % 10 == 0) Write(sheet, at - sheet.TextWidth(number) / 2, kRulersAt - kLongMark - height, number);
   }
   sheet.Line(kRulersAt, kRulersAt, kRulersAt, kRulersAt + kDown);
   for (int mm = 0; mm <= kDown; ++mm) {
     const double at = kRulersAt + mm;
+    const std::string number = std::to_string(mm) + " ";
     sheet.Line(kRulersAt, at, kRulersAt - MarkLength(mm), at);
-    if (mm % 10 == 0 && mm > 0) Write(sheet, kRulersAt - 5, at + 0.3, std::to_string(mm));
+    if (mm % 10 == 0 && mm > 0) {
+      Write(sheet, kRulersAt - kLongMark - sheet.TextWidth(number), at - height / 2, number);
+    }
   }
 }
 
