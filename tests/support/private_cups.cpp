@@ -53,6 +53,54 @@ constexpr const char* kPrinterDescription = R"PPD(*PPD-Adobe: "4.3"
 *DefaultFont: Courier
 )PPD";
 
+// As the spooler itself describes a driverless printer that takes rasters only. Its default sheet is Letter.
+constexpr const char* kRasterDescription = R"PPD(*PPD-Adobe: "4.3"
+*FormatVersion: "4.3"
+*FileVersion: "2.0"
+*LanguageVersion: English
+*LanguageEncoding: ISOLatin1
+*PCFileName: "RASTER.PPD"
+*Manufacturer: "Test"
+*Product: "(Raster)"
+*ModelName: "Raster"
+*NickName: "Raster - IPP Everywhere"
+*ShortNickName: "Raster - IPP Everywhere"
+*LanguageLevel: "3"
+*ColorDevice: False
+*FileSystem: False
+*cupsVersion: 2.4
+*cupsLanguages: "en"
+*cupsFilter2: "image/pwg-raster image/pwg-raster 0 -"
+*OpenUI *PageSize/Media Size: PickOne
+*OrderDependency: 10 AnySetup *PageSize
+*DefaultPageSize: Letter
+*PageSize Letter/Letter: "<</PageSize[612 792]>>setpagedevice"
+*PageSize A4/A4: "<</PageSize[595.275590551181 841.889763779528]>>setpagedevice"
+*CloseUI: *PageSize
+*OpenUI *PageRegion/Media Size: PickOne
+*OrderDependency: 10 AnySetup *PageRegion
+*DefaultPageRegion: Letter
+*PageRegion Letter/Letter: "<</PageSize[612 792]>>setpagedevice"
+*PageRegion A4/A4: "<</PageSize[595.275590551181 841.889763779528]>>setpagedevice"
+*CloseUI: *PageRegion
+*DefaultImageableArea: Letter
+*ImageableArea Letter/Letter: "9.64 14.4 597.52 774.03"
+*ImageableArea A4/A4: "9.64 14.4 580.8 823.92"
+*DefaultPaperDimension: Letter
+*PaperDimension Letter/Letter: "612 792"
+*PaperDimension A4/A4: "595.275590551181 841.889763779528"
+*OpenUI *ColorModel/Output Mode: PickOne
+*OrderDependency: 10 AnySetup *ColorModel
+*DefaultColorModel: Gray
+*ColorModel Gray/Grayscale: "<</cupsColorSpace 18/cupsBitsPerColor 8/cupsColorOrder 0/cupsCompression 0>>setpagedevice"
+*CloseUI: *ColorModel
+*OpenUI *Resolution/Resolution: PickOne
+*OrderDependency: 10 AnySetup *Resolution
+*DefaultResolution: 600dpi
+*Resolution 600dpi/600 DPI: "<</HWResolution[600 600]>>setpagedevice"
+*CloseUI: *Resolution
+)PPD";
+
 template <typename Condition>
 void WaitUntil(Condition&& condition, const char* what) {
   const auto end = std::chrono::steady_clock::now() + kPatience;
@@ -132,11 +180,20 @@ PreserveJobHistory Yes
         << "/ssl\nErrorLog " << root << "/log/error_log\nAccessLog " << root << "/log/access_log\nPageLog "
         << root << "/log/page_log\nFileDevice Yes\n";
   if (geteuid() == 0) files << "User lp\nGroup lp\nSystemGroup root\n";
-  std::ofstream(root + "/uneven.ppd") << kPrinterDescription;
 }
 
 void PrivateCups::AddQueue(const std::string& name) {
-  Run("lpadmin -p " + name + " -E -v file:" + SheetPath() + " -P " + folder_.Path() + "/uneven.ppd");
+  Add(name, SheetPath(), kPrinterDescription);
+}
+
+void PrivateCups::AddRasterQueue(const std::string& name) {
+  Add(name, RasterPath(), kRasterDescription);
+}
+
+void PrivateCups::Add(const std::string& name, const std::string& output, const char* description) const {
+  const std::string ppd = folder_.Path() + "/" + name + ".ppd";
+  std::ofstream(ppd) << description;
+  Run("lpadmin -p " + name + " -E -v file:" + output + " -P " + ppd);
 }
 
 void PrivateCups::Run(const std::string& command) const {

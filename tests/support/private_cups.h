@@ -26,6 +26,9 @@ class PrivateCups {
   // A queue whose sheets are written to SheetPath, each over the one before. Its printer takes A4 and cannot
   // reach 9.64 points at the left, 17.97 at the top, 14.48 at the right, 14.40 at the bottom.
   void AddQueue(const std::string& name);
+  // A queue of a driverless printer of the same margins, 600 dots per inch and Letter by default, whose
+  // sheets are written to RasterPath as it would get them.
+  void AddRasterQueue(const std::string& name);
   // Runs a command of the spooler, such as "cupsreject name".
   void Run(const std::string& command) const;
   // The spooler itself, to be stopped, killed and the like.
@@ -36,12 +39,14 @@ class PrivateCups {
   void Stop();
 
   std::string SheetPath() const { return folder_.Path() + "/out/sheet.pdf"; }
+  std::string RasterPath() const { return folder_.Path() + "/out/sheet.pwg"; }
   void WaitForJobs() const;
   // What the spooler kept of each job, as it stands in its spool; complete once the spooler has stopped.
   std::vector<std::string> JobRecords() const;
 
  private:
   void WriteSettings() const;
+  void Add(const std::string& name, const std::string& output, const char* description) const;
 
   TemporaryFolder folder_;
   pid_t process_ = -1;
