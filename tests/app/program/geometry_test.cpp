@@ -10,7 +10,7 @@
 #include <set>
 
 #include "platform/controls/bars.h"
-#include "platform/qt/views/small_views.h"
+#include "platform/qt/views/control_views.h"
 #include "platform/qt/views/view_text.h"
 #include "program_fixture.h"
 

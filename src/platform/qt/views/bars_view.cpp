@@ -1,5 +1,14 @@
-#include "platform/qt/views/bars_view.h"
+#include "platform/qt/views/control_views.h"
 
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QToolButton>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/controls/bars.h"
 #include "platform/qt/pictures/artwork.h"
 #include "platform/qt/views/view_text.h"
 
@@ -8,10 +17,44 @@ namespace {
 
 constexpr int kToolIcon = 24;
 
-}  // namespace
+class ToolbarView : public WidgetView<Toolbar, QWidget> {
+ public:
+  ToolbarView(Toolbar& model, QWidget& parent, const ViewContext& context);
+  std::vector<QWidget*> FocusStops() override;
+
+ protected:
+  void MirrorAppearance() override;
+  void MirrorContent() override;
+
+ private:
+  struct Part {
+    std::string key;
+    std::unique_ptr<QToolButton> button;  // null for a separator
+    std::unique_ptr<QFrame> line;
+    std::unique_ptr<QMenu> menu;
+  };
+
+  void AddButton(Part& part, const ToolButton& button);
+  void FillMenu(Part& part, const ToolButton& button);
+
+  QHBoxLayout row_;
+  std::vector<Part> parts_;
+};
+
+class StatusBarView : public WidgetView<StatusBar, QFrame> {
+ public:
+  StatusBarView(StatusBar& model, QWidget& parent, const ViewContext& context);
+  std::vector<QWidget*> FocusStops() override;
+
+ private:
+  void AddPanel(std::size_t index);
+
+  QHBoxLayout row_;
+  std::vector<std::unique_ptr<QToolButton>> panels_;
+};
 
 ToolbarView::ToolbarView(Toolbar& model, QWidget& parent, const ViewContext& context)
-    : ControlView(model, context), model_(model), bar_(&parent), row_(&bar_) {
+    : WidgetView(model, parent, context), row_(&widget_) {
   row_.setContentsMargins(0, 0, 0, 0);
   row_.setSpacing(1);
   parts_.reserve(model_.Buttons.size());
@@ -19,7 +62,7 @@ ToolbarView::ToolbarView(Toolbar& model, QWidget& parent, const ViewContext& con
     Part& part = parts_.emplace_back();
     part.key = button.key;
     if (button.style == ToolStyle::Separator) {
-      part.line = std::make_unique<QFrame>(&bar_);
+      part.line = std::make_unique<QFrame>(&widget_);
       part.line->setFrameStyle(QFrame::VLine | QFrame::Sunken);
       row_.addWidget(part.line.get());
     } else {
@@ -30,7 +73,7 @@ ToolbarView::ToolbarView(Toolbar& model, QWidget& parent, const ViewContext& con
 }
 
 void ToolbarView::AddButton(Part& part, const ToolButton& button) {
-  part.button = std::make_unique<QToolButton>(&bar_);
+  part.button = std::make_unique<QToolButton>(&widget_);
   QToolButton& widget = *part.button;
   widget.setObjectName(QString::fromStdString(button.key));
   widget.setAutoRaise(true);
@@ -80,8 +123,8 @@ void ToolbarView::FillMenu(Part& part, const ToolButton& button) {
 }
 
 StatusBarView::StatusBarView(StatusBar& model, QWidget& parent, const ViewContext& context)
-    : ControlView(model, context), model_(model), bar_(&parent), row_(&bar_) {
-  bar_.setFrameStyle(QFrame::StyledPanel);
+    : WidgetView(model, parent, context), row_(&widget_) {
+  widget_.setFrameStyle(QFrame::StyledPanel);
   row_.setContentsMargins(1, 0, 1, 0);
   row_.setSpacing(1);
   for (std::size_t index = 0; index < model_.Panels.size(); ++index) AddPanel(index);
@@ -89,7 +132,7 @@ StatusBarView::StatusBarView(StatusBar& model, QWidget& parent, const ViewContex
 
 void StatusBarView::AddPanel(std::size_t index) {
   const StatusPanel& panel = model_.Panels[index];
-  panels_.push_back(std::make_unique<QToolButton>(&bar_));
+  panels_.push_back(std::make_unique<QToolButton>(&widget_));
   QToolButton& button = *panels_.back();
   button.setAutoRaise(true);
   button.setText(QString::fromStdString(panel.text));
@@ -107,6 +150,16 @@ std::vector<QWidget*> StatusBarView::FocusStops() {
   std::vector<QWidget*> stops;
   for (const auto& panel : panels_) stops.push_back(panel.get());
   return stops;
+}
+
+}  // namespace
+
+std::unique_ptr<ControlView> MakeToolbarView(Control& model, QWidget& parent, const ViewContext& context) {
+  return MakeFor<Toolbar, ToolbarView>(model, parent, context);
+}
+
+std::unique_ptr<ControlView> MakeStatusBarView(Control& model, QWidget& parent, const ViewContext& context) {
+  return MakeFor<StatusBar, StatusBarView>(model, parent, context);
 }
 
 }  // namespace Morvane

@@ -1,12 +1,16 @@
-#include "platform/qt/views/button_views.h"
+#include "platform/qt/views/control_views.h"
 
 #include <QButtonGroup>
+#include <QCheckBox>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QStyleOptionButton>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 #include <algorithm>
 #include <memory>
 
+#include "platform/controls/simple_controls.h"
 #include "platform/qt/pictures/artwork.h"
 #include "platform/qt/views/view_text.h"
 
@@ -58,7 +62,70 @@ QButtonGroup& OptionsOf(QWidget& parent) {
   return *group;
 }
 
-}  // namespace
+// A push button whose caption may take several lines, below its picture.
+class WrappedButton : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  QRect DrawIcon(QPainter& painter, const QRect& room) const;
+  QRect DrawIconBeside(QPainter& painter, const QRect& room) const;
+};
+
+class CommandButtonView : public WidgetView<CommandButton, WrappedButton> {
+ public:
+  CommandButtonView(CommandButton& model, QWidget& parent, const ViewContext& context);
+
+ protected:
+  void MirrorAppearance() override;
+  bool MouseReleased(QWidget&, const QMouseEvent&) override { return false; }
+};
+
+// Check boxes and option buttons whose caption may take several lines; the whole box can be clicked.
+class WrappedCheckBox : public QCheckBox {
+ public:
+  using QCheckBox::QCheckBox;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool hitButton(const QPoint& place) const override { return rect().contains(place); }
+};
+
+class WrappedRadioButton : public QRadioButton {
+ public:
+  using QRadioButton::QRadioButton;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool hitButton(const QPoint& place) const override { return rect().contains(place); }
+};
+
+class CheckBoxView : public WidgetView<CheckBox, WrappedCheckBox> {
+ public:
+  CheckBoxView(CheckBox& model, QWidget& parent, const ViewContext& context);
+
+ protected:
+  void MirrorAppearance() override;
+  void MirrorSelection() override;
+  bool MouseReleased(QWidget&, const QMouseEvent&) override { return false; }
+};
+
+class OptionButtonView : public WidgetView<OptionButton, WrappedRadioButton> {
+ public:
+  OptionButtonView(OptionButton& model, QWidget& parent, const ViewContext& context);
+
+ protected:
+  void MirrorAppearance() override;
+  void MirrorSelection() override;
+  bool MouseReleased(QWidget&, const QMouseEvent&) override { return false; }
+
+ private:
+  QButtonGroup& group_;
+};
 
 void WrappedButton::paintEvent(QPaintEvent*) {
   QStylePainter painter(this);
@@ -104,10 +171,10 @@ QRect WrappedButton::DrawIcon(QPainter& painter, const QRect& room) const {
 }
 
 CommandButtonView::CommandButtonView(CommandButton& model, QWidget& parent, const ViewContext& context)
-    : ControlView(model, context), model_(model), button_(&parent) {
+    : WidgetView(model, parent, context) {
   // An access key or the default button gets here without a click: the control that had the focus loses it
   // first all the same, so that what was typed there counts.
-  connect(&button_, &QPushButton::clicked, this, [this] {
+  connect(&widget_, &QPushButton::clicked, this, [this] {
     Feed([this] {
       model_.SetFocus();
       model_.PerformClick();
@@ -117,9 +184,9 @@ CommandButtonView::CommandButtonView(CommandButton& model, QWidget& parent, cons
 
 void CommandButtonView::MirrorAppearance() {
   ControlView::MirrorAppearance();
-  MirrorCaption(button_, model_);
-  button_.setIcon(ArtworkIcon(model_.ImageKey()));
-  button_.setDefault(model_.IsDefault());
+  MirrorCaption(widget_, model_);
+  widget_.setIcon(ArtworkIcon(model_.ImageKey()));
+  widget_.setDefault(model_.IsDefault());
 }
 
 void WrappedCheckBox::paintEvent(QPaintEvent*) {
@@ -137,8 +204,8 @@ void WrappedRadioButton::paintEvent(QPaintEvent*) {
 }
 
 CheckBoxView::CheckBoxView(CheckBox& model, QWidget& parent, const ViewContext& context)
-    : ControlView(model, context), model_(model), box_(&parent) {
-  connect(&box_, &QCheckBox::clicked, this, [this] {
+    : WidgetView(model, parent, context) {
+  connect(&widget_, &QCheckBox::clicked, this, [this] {
     Feed([this] {
       model_.SetFocus();
       model_.PerformClick();
@@ -149,17 +216,17 @@ CheckBoxView::CheckBoxView(CheckBox& model, QWidget& parent, const ViewContext& 
 
 void CheckBoxView::MirrorAppearance() {
   ControlView::MirrorAppearance();
-  MirrorCaption(box_, model_);
+  MirrorCaption(widget_, model_);
 }
 
 void CheckBoxView::MirrorSelection() {
-  box_.setChecked(model_.Value() != 0);
+  widget_.setChecked(model_.Value() != 0);
 }
 
 OptionButtonView::OptionButtonView(OptionButton& model, QWidget& parent, const ViewContext& context)
-    : ControlView(model, context), model_(model), button_(&parent), group_(OptionsOf(parent)) {
-  group_.addButton(&button_);
-  connect(&button_, &QRadioButton::clicked, this, [this] {
+    : WidgetView(model, parent, context), group_(OptionsOf(parent)) {
+  group_.addButton(&widget_);
+  connect(&widget_, &QRadioButton::clicked, this, [this] {
     Feed([this] {
       model_.SetFocus();
       model_.PerformClick();
@@ -170,14 +237,30 @@ OptionButtonView::OptionButtonView(OptionButton& model, QWidget& parent, const V
 
 void OptionButtonView::MirrorAppearance() {
   ControlView::MirrorAppearance();
-  MirrorCaption(button_, model_);
+  MirrorCaption(widget_, model_);
 }
 
 // The toolkit refuses to clear the last option of a group; the program may.
 void OptionButtonView::MirrorSelection() {
   group_.setExclusive(false);
-  button_.setChecked(model_.Value());
+  widget_.setChecked(model_.Value());
   group_.setExclusive(true);
+}
+
+}  // namespace
+
+std::unique_ptr<ControlView> MakeCommandButtonView(Control& model, QWidget& parent,
+                                                   const ViewContext& context) {
+  return MakeFor<CommandButton, CommandButtonView>(model, parent, context);
+}
+
+std::unique_ptr<ControlView> MakeCheckBoxView(Control& model, QWidget& parent, const ViewContext& context) {
+  return MakeFor<CheckBox, CheckBoxView>(model, parent, context);
+}
+
+std::unique_ptr<ControlView> MakeOptionButtonView(Control& model, QWidget& parent,
+                                                  const ViewContext& context) {
+  return MakeFor<OptionButton, OptionButtonView>(model, parent, context);
 }
 
 }  // namespace Morvane

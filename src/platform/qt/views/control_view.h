@@ -73,4 +73,18 @@ class ControlView : public QObject {
   bool pressed_ = false;
 };
 
+// The view of one kind of control by one kind of widget.
+template <typename Kind, typename Part>
+class WidgetView : public ControlView {
+ public:
+  WidgetView(Kind& model, QWidget& parent, const ViewContext& context)
+      : ControlView(model, context), model_(model), widget_(&parent) {}
+
+  QWidget* Widget() override { return &widget_; }
+
+ protected:
+  Kind& model_;
+  Part widget_;
+};
+
 }  // namespace Morvane

@@ -1,13 +1,42 @@
 #pragma once
 
+#include <QGroupBox>
 #include <memory>
 
 #include "platform/qt/views/control_view.h"
+
+class QPainter;
 
 namespace Morvane {
 
 // The view of a control, of whatever kind it is, attached to it and placed in `parent`;
 // std::logic_error for a kind of control without a view.
 std::unique_ptr<ControlView> MakeControlView(Control& model, QWidget& parent, const ViewContext& context);
+
+// What the views' own sources offer: the view of one kind of control, null for another kind.
+using ViewMaker = std::unique_ptr<ControlView>(Control& model, QWidget& parent, const ViewContext& context);
+ViewMaker MakeCheckBoxView, MakeCommandButtonView, MakeFrameView, MakeImageBoxView, MakeLabelView,
+    MakeListBoxView, MakeNodeTreeView, MakeOptionButtonView, MakePictureBoxView, MakeRulingView,
+    MakeStatusBarView, MakeTextBoxView, MakeTimerView, MakeToolbarView;
+
+template <typename Model, typename View>
+std::unique_ptr<ControlView> MakeFor(Control& model, QWidget& parent, const ViewContext& context) {
+  auto* const known = dynamic_cast<Model*>(&model);
+  if (known == nullptr) return nullptr;
+  return std::make_unique<View>(*known, parent, context);
+}
+
+// A group box drawn as it was designed: a line around, the caption in its upper side, room from corner to
+// corner.
+class TitledFrame : public QGroupBox {
+ public:
+  using QGroupBox::QGroupBox;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+// The rectangle around what has the keyboard and no focus of its own.
+void PaintKeyboardFocus(QWidget& widget, QPainter& painter);
 
 }  // namespace Morvane

@@ -1,9 +1,10 @@
-#include "platform/qt/views/label_view.h"
+#include "platform/qt/views/control_views.h"
 
+#include <QLabel>
 #include <QPainter>
-#include <QStyleOptionFocusRect>
 #include <QTextOption>
 
+#include "platform/controls/simple_controls.h"
 #include "platform/qt/views/view_text.h"
 
 namespace Morvane {
@@ -14,7 +15,22 @@ Qt::Alignment ToQt(Alignment alignment) {
   return (alignment == Alignment::Right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignTop;
 }
 
-}  // namespace
+// A label that breaks between words and, for a long path, within one.
+class WrappedLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+class LabelView : public WidgetView<Label, WrappedLabel> {
+ public:
+  LabelView(Label& model, QWidget& parent, const ViewContext& context);
+
+ protected:
+  void MirrorAppearance() override;
+};
 
 void WrappedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
@@ -24,29 +40,32 @@ void WrappedLabel::paintEvent(QPaintEvent*) {
   QTextOption option(alignment());
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   painter.drawText(QRectF(rect()), text(), option);
-  if (!hasFocus()) return;
-  QStyleOptionFocusRect focus;
-  focus.initFrom(this);
-  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+  PaintKeyboardFocus(*this, painter);
 }
 
 LabelView::LabelView(Label& model, QWidget& parent, const ViewContext& context)
-    : ControlView(model, context), model_(model), label_(&parent) {
-  label_.setTextFormat(Qt::PlainText);
+    : WidgetView(model, parent, context) {
+  widget_.setTextFormat(Qt::PlainText);
 }
 
 void LabelView::MirrorAppearance() {
   ControlView::MirrorAppearance();
-  label_.setText(QString::fromStdString(model_.Caption()));
-  label_.setAlignment(ToQt(model_.TextAlignment()));
+  widget_.setText(QString::fromStdString(model_.Caption()));
+  widget_.setAlignment(ToQt(model_.TextAlignment()));
   if (const auto back = model_.BackColor()) {
-    QPalette palette = label_.palette();
+    QPalette palette = widget_.palette();
     palette.setColor(QPalette::Window, ToQColor(*back));
     // Dark text on the colour that the designer chose, on a dark desktop too.
     palette.setColor(QPalette::WindowText, ToQColor(model_.ForeColor()));
-    label_.setPalette(palette);
-    label_.setAutoFillBackground(true);
+    widget_.setPalette(palette);
+    widget_.setAutoFillBackground(true);
   }
+}
+
+}  // namespace
+
+std::unique_ptr<ControlView> MakeLabelView(Control& model, QWidget& parent, const ViewContext& context) {
+  return MakeFor<Label, LabelView>(model, parent, context);
 }
 
 }  // namespace Morvane

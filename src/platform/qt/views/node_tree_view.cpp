@@ -1,11 +1,20 @@
-#include "platform/qt/views/node_tree_view.h"
+#include "platform/qt/views/control_views.h"
 
+#include <QAbstractItemModel>
 #include <QHeaderView>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QTimer>
+#include <QTreeView>
 #include <algorithm>
+#include <map>
+#include <set>
+#include <string>
 
+#include "platform/controls/tree_view.h"
 #include "platform/qt/pictures/artwork.h"
+#include "platform/qt/views/one_selected.h"
 
 namespace Morvane {
 namespace {
@@ -13,7 +22,56 @@ namespace {
 constexpr int kNodeIcon = 16;
 constexpr int kIndentation = 18;
 
-}  // namespace
+// The nodes of a tree, read where they are. Nodes are only ever added, so an index stays valid by its node.
+class TreeNodes : public QAbstractItemModel {
+ public:
+  explicit TreeNodes(const TreeView& tree) : tree_(tree) {}
+
+  QModelIndex IndexOf(const TreeNode* node) const;
+  static TreeNode* NodeAt(const QModelIndex& index) {
+    return static_cast<TreeNode*>(index.internalPointer());
+  }
+
+  QModelIndex index(int row, int column, const QModelIndex& parent) const override;
+  QModelIndex parent(const QModelIndex& child) const override;
+  int rowCount(const QModelIndex& parent) const override;
+  int columnCount(const QModelIndex&) const override { return 1; }
+  QVariant data(const QModelIndex& index, int role) const override;
+  void Refresh();
+
+ private:
+  const std::vector<TreeNode*>& ChildrenOf(const QModelIndex& parent) const;
+  const QIcon& Artwork(const std::string& key) const;
+
+  const TreeView& tree_;
+  mutable std::map<std::string, QIcon> artwork_;
+};
+
+class NodeTreeView : public WidgetView<TreeView, OneSelected<QTreeView>> {
+ public:
+  NodeTreeView(TreeView& model, QWidget& parent, const ViewContext& context);
+
+ protected:
+  void MirrorContent() override;
+  void MirrorSelection() override;
+  bool MousePressed(QWidget& part, const QMouseEvent& event) override;
+  bool MouseReleased(QWidget& part, const QMouseEvent& event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Refresh();
+  void MirrorOpenNodes(const std::vector<TreeNode*>& nodes);
+  void FollowSelection();
+  void FollowExpansion(const QModelIndex& index, bool open);
+
+  TreeNodes nodes_;
+  QTimer refresh_;
+  std::set<const TreeNode*> open_;
+  int nodesShown_ = 0;
+  bool stale_ = false;
+  bool following_ = false;
+  bool mouseDown_ = false;
+};
 
 const std::vector<TreeNode*>& TreeNodes::ChildrenOf(const QModelIndex& parent) const {
   return parent.isValid() ? NodeAt(parent)->Children() : tree_.Roots();
@@ -66,26 +124,27 @@ void TreeNodes::Refresh() {
 }
 
 NodeTreeView::NodeTreeView(TreeView& model, QWidget& parent, const ViewContext& context)
-    : ControlView(model, context), model_(model), nodes_(model), tree_(&parent) {
-  tree_.setModel(&nodes_);
-  tree_.setHeaderHidden(true);
-  tree_.setUniformRowHeights(true);
-  tree_.setEditTriggers(QAbstractItemView::NoEditTriggers);
-  tree_.setIconSize({kNodeIcon, kNodeIcon});
-  tree_.setIndentation(kIndentation);
-  tree_.header()->setStretchLastSection(false);
-  tree_.header()->setResizeContentsPrecision(0);
-  tree_.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    : WidgetView(model, parent, context), nodes_(model) {
+  widget_.setModel(&nodes_);
+  widget_.setHeaderHidden(true);
+  widget_.setUniformRowHeights(true);
+  widget_.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  widget_.setIconSize({kNodeIcon, kNodeIcon});
+  widget_.setIndentation(kIndentation);
+  widget_.header()->setStretchLastSection(false);
+  widget_.header()->setResizeContentsPrecision(0);
+  widget_.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   refresh_.setSingleShot(true);
   refresh_.setInterval(0);
   connect(&refresh_, &QTimer::timeout, this, [this] { MirrorSelection(); });
-  connect(&tree_, &QTreeView::expanded, this, [this](const QModelIndex& at) { FollowExpansion(at, true); });
-  connect(&tree_, &QTreeView::collapsed, this, [this](const QModelIndex& at) { FollowExpansion(at, false); });
-  connect(&tree_, &QTreeView::clicked, this,
+  connect(&widget_, &QTreeView::expanded, this, [this](const QModelIndex& at) { FollowExpansion(at, true); });
+  connect(&widget_, &QTreeView::collapsed, this,
+          [this](const QModelIndex& at) { FollowExpansion(at, false); });
+  connect(&widget_, &QTreeView::clicked, this,
           [this](const QModelIndex& at) { Feed([&] { model_.UserClicks(*TreeNodes::NodeAt(at)); }); });
-  connect(tree_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+  connect(widget_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this] { FollowSelection(); });
-  Watch(*tree_.viewport());
+  Watch(*widget_.viewport());
 }
 
 void NodeTreeView::MirrorContent() {
@@ -105,16 +164,16 @@ void NodeTreeView::MirrorSelection() {
   if (stale_ || nodesShown_ != model_.NodeCount()) Refresh();
   MirrorOpenNodes(model_.Roots());
   const QModelIndex selected = nodes_.IndexOf(model_.Selected());
-  if (selected != tree_.currentIndex() || !tree_.selectionModel()->isSelected(selected))
-    tree_.setCurrentIndex(selected);
-  tree_.viewport()->update();
+  if (selected != widget_.currentIndex() || !widget_.selectionModel()->isSelected(selected))
+    widget_.setCurrentIndex(selected);
+  widget_.viewport()->update();
 }
 
 void NodeTreeView::MirrorOpenNodes(const std::vector<TreeNode*>& nodes) {
   for (const TreeNode* node : nodes) {
     if (node->Expanded() != open_.contains(node)) {
       node->Expanded() ? static_cast<void>(open_.insert(node)) : static_cast<void>(open_.erase(node));
-      tree_.setExpanded(nodes_.IndexOf(node), node->Expanded());
+      widget_.setExpanded(nodes_.IndexOf(node), node->Expanded());
     }
     if (node->Expanded()) MirrorOpenNodes(node->Children());
   }
@@ -129,7 +188,7 @@ void NodeTreeView::FollowExpansion(const QModelIndex& index, bool open) {
 
 // The keyboard moves the selection; of the mouse only a whole click counts.
 void NodeTreeView::FollowSelection() {
-  const QModelIndexList selected = tree_.selectionModel()->selectedIndexes();
+  const QModelIndexList selected = widget_.selectionModel()->selectedIndexes();
   if (following_ || mouseDown_ || selected.isEmpty()) return;
   Feed([&] { model_.UserClicks(*TreeNodes::NodeAt(selected.front())); });
 }
@@ -145,7 +204,7 @@ bool NodeTreeView::MousePressed(QWidget& part, const QMouseEvent& event) {
 // circles. A mouse that slides with its button down selects nothing.
 bool NodeTreeView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(*event).key() == Qt::Key_Asterisk) {
-    tree_.expand(tree_.currentIndex());
+    widget_.expand(widget_.currentIndex());
     return true;
   }
   const bool taken = ControlView::eventFilter(watched, event);
@@ -155,8 +214,14 @@ bool NodeTreeView::eventFilter(QObject* watched, QEvent* event) {
 bool NodeTreeView::MouseReleased(QWidget&, const QMouseEvent& event) {
   mouseDown_ = false;
   // A press that is let go elsewhere is no click: the selection goes back to where it was.
-  if (tree_.indexAt(event.position().toPoint()) != tree_.currentIndex()) MirrorSelection();
+  if (widget_.indexAt(event.position().toPoint()) != widget_.currentIndex()) MirrorSelection();
   return false;
+}
+
+}  // namespace
+
+std::unique_ptr<ControlView> MakeNodeTreeView(Control& model, QWidget& parent, const ViewContext& context) {
+  return MakeFor<TreeView, NodeTreeView>(model, parent, context);
 }
 
 }  // namespace Morvane

@@ -1,14 +1,21 @@
-#include "platform/qt/views/picture_box_view.h"
+#include "platform/qt/views/control_views.h"
 
 #include <QApplication>
+#include <QDragEnterEvent>
+#include <QDragMoveEvent>
+#include <QDropEvent>
 #include <QPainter>
+#include <QPixmap>
 #include <QPointer>
 #include <QRegion>
+#include <QTimer>
+#include <QWidget>
 
+#include "platform/controls/picture_box.h"
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/pictures/artwork.h"
+#include "platform/qt/pictures/qt_picture.h"
 #include "platform/qt/views/dragged_pictures.h"
-#include "platform/qt/views/small_views.h"
 #include "platform/qt/views/view_text.h"
 
 namespace Morvane {
@@ -28,10 +35,35 @@ bool Takes(QDropEvent& event) {
   return false;
 }
 
-}  // namespace
+// What is drawn on the box is painted once and kept, so that a box that moves within another does not paint
+// its content anew. While its size changes, pictures are stretched from the size before; once it stays they
+// are sharp.
+class PictureBoxView : public WidgetView<PictureBox, QWidget> {
+ public:
+  PictureBoxView(PictureBox& model, QWidget& parent, const ViewContext& context);
+
+ protected:
+  void MirrorAppearance() override;
+  void MirrorDrawing() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Paint();
+  void DragEntered(QDragEnterEvent& event);
+  void DragMoved(QDragMoveEvent& event);
+  void TakeDrop(QDropEvent& event);
+  void Draw(QPainter& painter);
+  void DrawEdge(QPainter& painter);
+  bool CanKeep() const;
+  Pixels PixelsFor(QSize painted);
+
+  QPixmap kept_;
+  QSize painted_;
+  QTimer settled_;
+};
 
 PictureBoxView::PictureBoxView(PictureBox& model, QWidget& parent, const ViewContext& context)
-    : ControlView(model, context), model_(model), widget_(&parent) {
+    : WidgetView(model, parent, context) {
   settled_.setSingleShot(true);
   settled_.setInterval(kSettledMilliseconds);
   connect(&settled_, &QTimer::timeout, this, [this] { MirrorDrawing(); });
@@ -150,6 +182,12 @@ void PictureBoxView::DrawEdge(QPainter& painter) {
   const QRect all = widget_.rect();
   const QRect inner = all.adjusted(1, 1, -1, -1);
   for (const QRect& side : QRegion(all).subtracted(inner)) painter.fillRect(side, kPaperEdge);
+}
+
+}  // namespace
+
+std::unique_ptr<ControlView> MakePictureBoxView(Control& model, QWidget& parent, const ViewContext& context) {
+  return MakeFor<PictureBox, PictureBoxView>(model, parent, context);
 }
 
 }  // namespace Morvane

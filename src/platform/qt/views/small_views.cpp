@@ -1,10 +1,13 @@
-#include "platform/qt/views/small_views.h"
+#include "platform/qt/views/control_views.h"
 
 #include <QPainter>
+#include <QPixmap>
 #include <QScopedValueRollback>
 #include <QStyleOptionFocusRect>
+#include <QTimer>
 #include <algorithm>
 
+#include "platform/controls/simple_controls.h"
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/pictures/artwork.h"
 #include "platform/qt/views/view_text.h"
@@ -41,9 +44,58 @@ void TitledFrame::paintEvent(QPaintEvent*) {
   painter.drawRect(QRectF(0.5, lineTop + 0.5, width() - 1, height() - lineTop - 1));
 }
 
+namespace {
+
+class FrameView : public WidgetView<Frame, TitledFrame> {
+ public:
+  using WidgetView::WidgetView;
+
+ protected:
+  void MirrorAppearance() override;
+};
+
+class ImageBoxView : public WidgetView<ImageBox, QWidget> {
+ public:
+  using WidgetView::WidgetView;
+
+ protected:
+  void MirrorAppearance() override;
+  void MirrorContent() override { widget_.update(); }
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Paint();
+};
+
+class RulingView : public WidgetView<Ruling, QWidget> {
+ public:
+  using WidgetView::WidgetView;
+
+ protected:
+  void MirrorGeometry() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
+// Each tick ends before the next begins, also when one shows a message.
+class TimerView : public ControlView {
+ public:
+  TimerView(Timer& model, QWidget& parent, const ViewContext& context);
+
+  QWidget* Widget() override { return nullptr; }
+  std::vector<QWidget*> FocusStops() override { return {}; }
+
+ protected:
+  void MirrorContent() override;
+
+ private:
+  Timer& model_;
+  QTimer timer_;
+  bool ticking_ = false;
+};
+
 void FrameView::MirrorAppearance() {
   ControlView::MirrorAppearance();
-  frame_.setTitle(QString::fromStdString(Model().Caption()));
+  widget_.setTitle(QString::fromStdString(Model().Caption()));
 }
 
 void ImageBoxView::MirrorAppearance() {
@@ -91,7 +143,8 @@ bool RulingView::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
-TimerView::TimerView(Timer& model, const ViewContext& context) : ControlView(model, context), model_(model) {
+TimerView::TimerView(Timer& model, QWidget&, const ViewContext& context)
+    : ControlView(model, context), model_(model) {
   timer_.setTimerType(Qt::PreciseTimer);
   connect(&timer_, &QTimer::timeout, this, [this] {
     if (ticking_) return;
@@ -104,6 +157,24 @@ void TimerView::MirrorContent() {
   if (!model_.Running()) return timer_.stop();
   if (timer_.isActive() && timer_.interval() == model_.Interval()) return;
   timer_.start(std::max(1, model_.Interval()));
+}
+
+}  // namespace
+
+std::unique_ptr<ControlView> MakeFrameView(Control& model, QWidget& parent, const ViewContext& context) {
+  return MakeFor<Frame, FrameView>(model, parent, context);
+}
+
+std::unique_ptr<ControlView> MakeImageBoxView(Control& model, QWidget& parent, const ViewContext& context) {
+  return MakeFor<ImageBox, ImageBoxView>(model, parent, context);
+}
+
+std::unique_ptr<ControlView> MakeRulingView(Control& model, QWidget& parent, const ViewContext& context) {
+  return MakeFor<Ruling, RulingView>(model, parent, context);
+}
+
+std::unique_ptr<ControlView> MakeTimerView(Control& model, QWidget& parent, const ViewContext& context) {
+  return MakeFor<Timer, TimerView>(model, parent, context);
 }
 
 }  // namespace Morvane

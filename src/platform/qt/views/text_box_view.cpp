@@ -1,4 +1,9 @@
-#include "platform/qt/views/text_box_view.h"
+#include "platform/qt/views/control_views.h"
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "platform/controls/simple_controls.h"
 
 namespace Morvane {
 namespace {
@@ -12,42 +17,69 @@ QString WithLineFeeds(const std::string& text) {
   return QString::fromStdString(text).replace("\r\n", "\n");
 }
 
-}  // namespace
+class LineTextBoxView : public WidgetView<TextBox, QLineEdit> {
+ public:
+  LineTextBoxView(TextBox& model, QWidget& parent, const ViewContext& context);
+
+ protected:
+  void MirrorAppearance() override;
+  void MirrorContent() override;
+};
+
+// Lines end with CR LF in the control.
+class MultiLineTextBoxView : public WidgetView<TextBox, QPlainTextEdit> {
+ public:
+  MultiLineTextBoxView(TextBox& model, QWidget& parent, const ViewContext& context);
+
+ protected:
+  void MirrorAppearance() override;
+  void MirrorContent() override;
+};
 
 LineTextBoxView::LineTextBoxView(TextBox& model, QWidget& parent, const ViewContext& context)
-    : ControlView(model, context), model_(model), edit_(&parent) {
-  connect(&edit_, &QLineEdit::textChanged, this,
+    : WidgetView(model, parent, context) {
+  connect(&widget_, &QLineEdit::textChanged, this,
           [this](const QString& text) { Feed([&] { model_.SetText(text.toStdString()); }); });
 }
 
 void LineTextBoxView::MirrorAppearance() {
   ControlView::MirrorAppearance();
-  edit_.setReadOnly(model_.ReadOnly());
-  edit_.setAlignment(ToQt(model_.TextAlignment()));
+  widget_.setReadOnly(model_.ReadOnly());
+  widget_.setAlignment(ToQt(model_.TextAlignment()));
 }
 
 // The same text again would take the cursor to its end while the user types.
 void LineTextBoxView::MirrorContent() {
   const QString text = QString::fromStdString(model_.Text());
-  if (edit_.text() != text) edit_.setText(text);
+  if (widget_.text() != text) widget_.setText(text);
 }
 
 MultiLineTextBoxView::MultiLineTextBoxView(TextBox& model, QWidget& parent, const ViewContext& context)
-    : ControlView(model, context), model_(model), edit_(&parent) {
-  edit_.setTabChangesFocus(true);
-  connect(&edit_, &QPlainTextEdit::textChanged, this,
-          [this] { Feed([&] { model_.SetText(edit_.toPlainText().replace("\n", "\r\n").toStdString()); }); });
-  Watch(*edit_.viewport());
+    : WidgetView(model, parent, context) {
+  widget_.setTabChangesFocus(true);
+  connect(&widget_, &QPlainTextEdit::textChanged, this, [this] {
+    Feed([&] { model_.SetText(widget_.toPlainText().replace("\n", "\r\n").toStdString()); });
+  });
+  Watch(*widget_.viewport());
 }
 
 void MultiLineTextBoxView::MirrorAppearance() {
   ControlView::MirrorAppearance();
-  edit_.setReadOnly(model_.ReadOnly());
+  widget_.setReadOnly(model_.ReadOnly());
 }
 
 void MultiLineTextBoxView::MirrorContent() {
   const QString text = WithLineFeeds(model_.Text());
-  if (edit_.toPlainText() != text) edit_.setPlainText(text);
+  if (widget_.toPlainText() != text) widget_.setPlainText(text);
+}
+
+}  // namespace
+
+std::unique_ptr<ControlView> MakeTextBoxView(Control& model, QWidget& parent, const ViewContext& context) {
+  const auto* const box = dynamic_cast<TextBox*>(&model);
+  if (box == nullptr) return nullptr;
+  return box->MultiLine() ? MakeFor<TextBox, MultiLineTextBoxView>(model, parent, context)
+                          : MakeFor<TextBox, LineTextBoxView>(model, parent, context);
 }
 
 }  // namespace Morvane
