@@ -114,5 +114,5 @@ click "$picker" 1500 700
 click "$picker" 8000 780
 gone "$picker"
 print_to "CD - Fronte e retro"
-expect_red 44 24 93 121
+expect_red "$((left - 2))" "$top" 93 121
 stop

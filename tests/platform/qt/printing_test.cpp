@@ -172,7 +172,10 @@ class QueueTest : public PdfTest {
     device_.SelectPrinter("uneven");
   }
 
-  ~QueueTest() override { QDir(QDir::homePath() + "/.cups").removeRecursively(); }
+  ~QueueTest() override {
+    QDir(QDir::homePath() + "/.cups").removeRecursively();
+    QDir(qEnvironmentVariable("XDG_CONFIG_HOME") + "/morvane").removeRecursively();
+  }
 
   // As the user left them with lpoptions.
   static void LeaveOptions(const std::string& line) {
