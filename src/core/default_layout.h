@@ -8,8 +8,7 @@ namespace Morvane {
 void InstallDefaultLayout(AppState& state);
 
 // PaginaLarg and PaginaAlte of the A4 sheet. Anything but 0 in Orientamento is landscape here, while the
-// drawing takes anything but 1 as portrait; the difference is meant: a file's odd orientation shows as it
-// always did.
+// drawing takes anything but 1 as portrait: files with another number were made for that.
 void SetWorkspacePage(AppState& state);
 
 }  // namespace Morvane

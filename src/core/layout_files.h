@@ -20,7 +20,7 @@ std::string WithBackslash(std::string path);
 std::string LayoutPath(const std::string& folder, std::string name);
 
 // The files that the main window has read layouts from. They stay open until this object goes, that is until
-// the program ends; this is meant: each reading holds one more open file, and the user sees nothing of it.
+// the program ends: each reading holds one more open file.
 class LayoutHandles {
  public:
   InputFile& Keep(std::unique_ptr<InputFile> file);

@@ -18,8 +18,8 @@ constexpr const char* kHeading =
     ";     non manomettere le righe manualmente\r\n"
     ";            pena il malfunzionamento\r\n";
 
-// The cover on show, as far as the caption's last two digits tell: 0, so none, for cover 100 ("Ogg.00"). That
-// the caption decides and not CopCorrente is meant: a new file takes over the measures on show.
+// The cover on show, as far as the caption's last two digits tell: 0, so none, for cover 100 ("Ogg.00"). The
+// caption decides and not CopCorrente, so that a new file takes over the measures on show.
 double CoverOnShow(const std::string& caption) {
   const std::size_t length = caption.size();
   return std::floor(Val(length > 2 ? caption.substr(length - 2) : caption));

@@ -7,8 +7,8 @@
 
 namespace Morvane {
 
-// The maker's version from the body of the update file: all bytes but the last; empty for an empty body. That
-// the last byte is dropped is meant: the file ends in one more byte, so "261" without it reads as "26".
+// The maker's version from the body of the update file, which ends in one more byte: all but that; empty for
+// an empty body. "261" without the last byte reads as "26".
 std::string VersioneRemota(std::string_view body);
 
 // Major, minor and revision joined with nothing between: "260".

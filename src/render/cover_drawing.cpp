@@ -28,7 +28,8 @@ Cover CoverBox(const AppState& state, int number) {
 
 void DrawRectangle(DrawingSurface& objPrint, const Cover& cover, int lines, Color color) {
   const double s = kPassoBordo;
-  // Two steps more on the left and at the top than on the right and below: meant.
+  // Two steps more on the left and at the top than on the right and below: sheets that people have cut along
+  // these lines fit their cases.
   for (int j = 1; j <= lines; ++j) {
     objPrint.Line(cover.x - s - s * (j + 1), cover.y - s - s * (j + 1), cover.x + cover.w + s + s * (j - 1),
                   cover.y + cover.h + s + s * (j - 1), LineStyle::Box, color);
@@ -37,8 +38,8 @@ void DrawRectangle(DrawingSurface& objPrint, const Cover& cover, int lines, Colo
 
 void DrawEllipse(DrawingSurface& objPrint, const Cover& cover, int lines, Color color) {
   const double s = kPassoBordo;
-  // The radius comes from the width alone, so a cover taller than wide gets an outline smaller than itself:
-  // meant.
+  // The radius comes from the width alone; of a cover taller than wide the outline is smaller than itself, as
+  // in the layouts that were made for it.
   for (int j = 1; j <= lines; ++j) {
     ResumeNext([&] {
       objPrint.Circle(cover.x + cover.w / 2, cover.y + cover.h / 2, cover.w / 2 + s + s * (j - 1), color,

@@ -17,8 +17,8 @@ double SetUp(DrawingSurface& objPrint, const AppState& state, Printer& printer, 
   const double pw = std::nearbyint(printer.Width()) / kTwipsPerInch * unitsPerInch;
   const double ph = std::nearbyint(printer.Height()) / kTwipsPerInch * unitsPerInch;
 
-  // Only the layout's orientation is looked at, never the printer's own; a printer left in landscape shows
-  // the sheet turned once more. This is meant.
+  // The layout's orientation alone decides: the sheet of a printer that was left in landscape comes turned
+  // already, and is turned once more.
   const bool landscape = state.Orientamento == 1;
   const double paginaSchermoLarg = landscape ? ph : pw;
   const double paginaSchermoAlte = landscape ? pw : ph;

@@ -85,7 +85,6 @@ void FrmPreview::Connect() {
   for (int i = 0; i < static_cast<int>(Option1.size()); ++i) {
     Option1[static_cast<std::size_t>(i)].Click = [this, i] { Option1_Click(i); };
   }
-  // A click on the caption of the title closes the window like OK. This is meant.
   Label1.Click = [this] { form.UnloadForm(); };
   Text1.Change = [this] { Restore(); };
   Text1.LostFocus = [this] { Restore(); };
@@ -115,7 +114,7 @@ void FrmPreview::Form_Activate() {
 }
 
 void FrmPreview::Form_Resize() {
-  // Every resize returns to two columns, whatever the user chose. This is meant.
+  // Two columns are what any size of the window has room for.
   state_.ElencoColonne = kFewestColumns;
   Form_Load();
   form.SetSize(std::max(form.Width(), kSmallestWidth), std::max(form.Height(), kSmallestHeight));
@@ -157,7 +156,7 @@ void FrmPreview::Command2_Click() {
 void FrmPreview::Command3_Click() {
   Printer& printer = platform_.printer;
   try {
-    // A cancel in this dialog doesn't stop the job. This is meant: the sheet goes to the current printer.
+    // After a cancel the sheet goes to the current printer.
     const PrintDialogAnswer answer = printer.ShowDialog({.restricted = false});
     platform_.screen.SetMousePointer(MousePointer::Hourglass);
     printer.JobTitle = Text1.Text().empty() ? platform_.app.title : Text1.Text();

@@ -25,7 +25,7 @@ struct Panel {
   double clearTop;
   double clearBottom;
   double clearBehind;  // what stands right of it is wiped once the panel is full
-  bool trimsLines;     // blanks before the "(" of a heading don't count; that the panels differ is meant
+  bool trimsLines;     // blanks before the "(" of a heading don't count
 };
 
 // clang-format off
@@ -91,8 +91,7 @@ class Composition {
     page_.SetFontItalic(state_.ElencoFontItalic != 0);
   }
 
-  // Leaves the font upright in weight: only headings of the listing are bold, whatever the user chose. This
-  // is meant.
+  // Leaves the weight normal: only headings of the listing are bold, whatever the user chose.
   void DrawTitle() {
     page_.CurrentX = kFront.firstColumn;
     page_.CurrentY = kFront.firstLine;

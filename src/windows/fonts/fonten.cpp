@@ -66,11 +66,10 @@ void fONTEN::Form_Load() {
   form.SetIconKey("morvane");
   form.Move((platform_.screen.Width - form.Width()) / 2, (platform_.screen.Height - form.Height()) / 2);
   ElencaFonts(LstFonts, platform_.fonts);
-  // One more than the list has. This is meant.
   Label1.SetCaption("N. " + std::to_string(LstFonts.ListCount() + 1) + " Fonts installati");
 }
 
-// At each repaint, so that the list goes back to the font in use. This is meant.
+// When the window is uncovered the list goes back to the font in use.
 void fONTEN::Form_Paint() {
   for (int i = 0; i < LstFonts.ListCount(); ++i) {
     if (LstFonts.List(i) == state_.ElencoFontName) return LstFonts.SetListIndex(i);
@@ -102,14 +101,14 @@ void fONTEN::cmdOK_Click() {
   UsaInStampa();
   const bool italic = Check3d1.Value() == 1;
   const bool bold = Check3d2.Value() == 1;
-  // After a refused font, too, the user's italic and bold apply. This is meant.
+  // After a refused font, too, the user's italic and bold apply.
   platform_.printer.Surface().SetFontItalic(italic);
   platform_.printer.Surface().SetFontBold(bold);
   state_.ElencoFontBold = static_cast<std::int16_t>(Check3d2.Value());
   state_.ElencoFontItalic = static_cast<std::int16_t>(Check3d1.Value());
   if (Val(Text1.Text()) > kLargestSize) Text1.SetText("25");
   SetWindowFont(state_.ElencoFontName, italic, bold);
-  // Unlike the upper limit, the lower one leaves the box as typed. This is meant.
+  // Unlike the upper limit, the lower one leaves the box as typed.
   state_.ElencoFontSize = static_cast<float>(std::max(Val(Text1.Text()), kSmallestSize));
   form.Hide();
 }

@@ -95,7 +95,7 @@ void frmAbout::Form_Load() {
   lblPath.SetCaption("");
 }
 
-// Every opening reads the folder again. That is meant: closing and opening a node shows its new folders.
+// Every opening reads the folder again: closing and opening a node shows its new folders.
 void frmAbout::tvwdirtree_Expand(TreeNode& node) {
   if (node.Key() == "root") return;
   if (node.Key() == "desk") return lblPath.SetCaption(state_.CartellaDesktop);

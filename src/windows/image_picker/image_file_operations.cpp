@@ -24,8 +24,8 @@ std::string DeleteFailed(const std::string& name) {
          " controllare che non si tratti di un file in sola lettura o una cartella di un CD-ROM o DVD-ROM";
 }
 
-// The file is tried again for as long as it can't be deleted. That is meant: the user removes the cause, such
-// as the program that holds the file, and confirms the message.
+// The file is tried again for as long as it can't be deleted: the user removes the cause, such as the program
+// that holds the file, and confirms the message.
 void KillStubbornly(WindowSystem& windows, FileSystem& files, const std::string& folder,
                     const std::string& name) {
   while (!windows.Ended()) {

@@ -63,7 +63,7 @@ std::string toglivbcrlf(std::string& t) {
 
 PreviewSize ScaleToPreview(double naturalWidth, double naturalHeight, double twipsPerPixelX,
                            double twipsPerPixelY) {
-  // Each limit takes the other axis's pixel size. That is meant; pixels that are no squares bend the limits.
+  // Each limit takes the other axis's pixel size; only pixels that are no squares bend it.
   const auto heightLimit = static_cast<float>(ToInteger16(180 * twipsPerPixelX));
   const auto widthLimit = static_cast<float>(ToInteger16(247 * twipsPerPixelY));
   const auto width = static_cast<float>(naturalWidth);

@@ -48,7 +48,6 @@ constexpr std::array kControls = {
     ControlRow{"OKButton", "&Apri", "Utilizza il layout di stampa selezionato.", 6975, 450, 1275, 420},
     ControlRow{"CancelButton", "Annulla", "Esce e utilizza il precedente layout di copertine.", 6975, 915,
                1275, 420},
-    // The tool-tip is the one of Annulla, which is meant.
     ControlRow{"Command15", "Help", "Esce e utilizza il precedente layout di copertine.", 6975, 1380, 1275,
                420},
     ControlRow{"Command1", "Elimina", "Elimina il file con layout di Morvane selezionato", 6975, 2325, 1275,
@@ -223,7 +222,7 @@ void Dialog::List1_Click() {
   ShowCover(1);
 }
 
-// Neither answer saves, which is meant: the user decides with the save buttons, before choosing another file.
+// Neither answer saves: that is for the save buttons, which take a name.
 void Dialog::AskAboutChanges(const std::string& question) {
   if (state_.LayoutModificato != 0) {
     platform_.windows.MsgBox("Il file ' " + state_.NomeLayout + " ' è stato modificato" + question,
@@ -273,7 +272,7 @@ void Dialog::PaginaRead() {
 }
 
 // The option's handler writes into the cover that was on show before, and may mark the layout as modified:
-// meant, and harmless where the file has that cover, whose line comes later.
+// harmless where the file has that cover, whose line comes later.
 void Dialog::CopertinaRead(int n) {
   if (n == 1) (state_.CopForma[1] != 0 ? Option4 : Option3).SetValue(true);
 }

@@ -21,8 +21,8 @@ double RandomPlace(Rnd& rnd, int firstMm) {
   return (std::floor(rnd.Next() * 30) + firstMm) / kCentimetresPerInch / 10;
 }
 
-// The covers behind cover n move up by one; the last cell keeps its content. The pictures do not move along,
-// which is meant: each stays with its number, and so shows in the cover that took the number over.
+// The covers behind cover n move up by one; the last cell keeps its content. The pictures do not move along:
+// each stays with its number, and so shows in the cover that took the number over.
 void CloseGap(LayoutTables& tables, int n) {
   const auto shift = [&](auto& table) {
     std::copy(table.begin() + n + 1, table.begin() + tables.NumCopertine + 1, table.begin() + n);
@@ -88,8 +88,8 @@ void Dialog::Text_KeyDown(const MeasureRow& row, int keyCode) {
   if (keyCode == kKeyEscape) CancelButton_Click();
 }
 
-// A new cover takes the shape that its slot last held, which is meant: a cover removed at the end and added
-// again keeps its shape.
+// A new cover takes the shape that its slot last held, so that one removed at the end and added again keeps
+// its shape.
 void Dialog::Command17_Click() {
   if (state_.NumCopertine >= state_.MaxCopertine) {
     platform_.windows.MsgBox("È stato raggiunto il numero massimo di " + std::to_string(state_.MaxCopertine) +

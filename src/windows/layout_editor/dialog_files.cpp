@@ -12,8 +12,8 @@ namespace {
   throw RuntimeError(why.Number(), what + "\n" + why.what());
 }
 
-// The place is in inches and not divided by 10: the cover of a new layout lies 250 mm from both edges, which
-// is meant and leaves it off a portrait sheet. Its shape stays what cover 1 had.
+// The place is in inches and not divided by 10: the cover of a new layout lies 250 mm from both edges, off a
+// portrait sheet, until the user gives it a place. Its shape stays what cover 1 had.
 void InstallNewLayout(AppState& state) {
   state.NumCopertine = 1;
   state.CopCorrente = 1;
@@ -31,7 +31,7 @@ void Dialog::Command5_Click() {
               platform_.files, PathOf(state_.NomeLayout));
 }
 
-// The selection stays on the old entry while the window edits the new file: meant.
+// The selection stays on the old entry while the window edits the new file: a click there leads back to it.
 void Dialog::Command16_Click() {
   if (!TakeFileName("Immettere un nome file valido sul quale salvare questo layout di copertina.",
                     "Copertina Personalizzata")) {
@@ -41,7 +41,7 @@ void Dialog::Command16_Click() {
 }
 
 // The row of measures still shows the previous layout when this saves. If that was its cover 1, the new file
-// takes over the measures on show: meant.
+// begins with the measures on show.
 void Dialog::Command2_Click() {
   if (!TakeFileName("Immettere un nome file valido per il nuovo layout di copertine.", "Nuova Copertina")) {
     return;
@@ -58,7 +58,7 @@ void Dialog::Command14_Click() {
   AskAboutChanges(", si desidera salvare le modifiche prima di rinominarlo?");
   const std::string entry = List1.Text();
   if (!entry.empty()) {
-    // The name in the prompt is the file being edited, not always the one that is renamed: meant.
+    // The prompt names the file being edited; the row that is renamed is the proposed name.
     const std::string name = platform_.windows.InputBox(
         "Digitare il nuovo nome del layout di copertine. Il nome attuale è : ' " + state_.NomeLayout + " '",
         "Rinomina un file di copertine", entry);

@@ -38,7 +38,7 @@ void Dialog::ripitta() {
   DisegnaCopertine(Picture1.Surface, ratio, state_, slots_);
 }
 
-// Cover 100 shows as "Ogg.00", which is meant: the writer then takes every cover from the tables.
+// Cover 100 shows as "Ogg.00", by which the writer knows to take every cover from the tables.
 void Dialog::RiOggetta() {
   Label4.SetCaption("Ogg." + TwoDigits(state_.CopCorrente));
   const auto n = static_cast<std::size_t>(state_.CopCorrente);

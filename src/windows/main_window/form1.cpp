@@ -108,8 +108,7 @@ void Form1::ControllaVersione() {
   platform_.windows.End();
 }
 
-// Each activation reads the layout file again and draws three times: meant, what the editor did not save is
-// gone.
+// Each activation reads the layout file again, so that what the editor did not save is gone.
 void Form1::Form_Activate() {
   state_.AppPath = WithBackslash(platform_.app.path);
   PrendiCOP();
@@ -171,7 +170,7 @@ void Form1::Front() {
   Imma(0);
 }
 
-// Unlike Imma, a bad picture file leaves the slot as it was without a message. This is meant.
+// Unlike Imma, a bad picture file leaves the slot as it was without a message.
 void Form1::Back() {
   openers_.frmAbout();
   if (!state_.ImmagineScelta.empty()) {
@@ -182,7 +181,7 @@ void Form1::Back() {
 }
 
 void Form1::Picture1_MouseDown(MouseButton button, double x, double y) {
-  // Where covers overlap, the picker opens once for each of them, in order. This is meant.
+  // Where covers overlap, the picker opens once for each of them, in order.
   for (int n = 1; n <= state_.NumCopertine; ++n) {
     if (CoverHolds(state_, n, x, y) && button == MouseButton::Left) Imma(n - 1);
   }
@@ -243,7 +242,6 @@ void Form1::Check1_Click() {
   Ridisegna();
 }
 
-// Switching off draws twice: meant, the user sees no difference.
 void Form1::CambiaContorno() {
   if (Check1.Value() == 0) {
     Check1.SetValue(1);

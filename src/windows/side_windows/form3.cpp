@@ -147,8 +147,7 @@ void Form3::inizia() {
     FitFont(line);
     text += line + "\r\n";
   });
-  // The shadow's offset of each line is not counted, so that a long text runs off the strip's foot. This is
-  // meant: the user sees the end of such a text cut off.
+  // The shadow's offset of each line is not counted: the end of a long text runs off the strip's foot.
   Picture5.SetHeight(strip.TextHeight(text + "\r\n\r\n"));
   RuleLines();
   strip.CurrentY = 0;

@@ -33,8 +33,7 @@ constexpr std::array kControls = {
 
 constexpr std::array kKinds = {"AUDIO", "VIDEO", "PC", "CONSOLE"};
 
-// Nothing of the term is escaped, and the root's slash and the path's both stay. This is meant: the user's
-// words reach the site as typed.
+// Nothing of the term is escaped, so that the user's words reach the site as typed.
 std::string SearchAddress(const std::string& terms, const std::string& kind) {
   return std::string(WebAddresses::kCoverSearchRoot) + "/search.php?terms=" + ToLower(Trim(terms)) +
          "&group=" + ToLower(kind);

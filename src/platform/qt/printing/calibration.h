@@ -7,7 +7,7 @@
 namespace Morvane {
 
 // How a printer's paper differs from what it was told, as the user measured it on the calibration sheet. The
-// sheet is meant as it comes out of the printer, upright.
+// sheet is upright, as it comes out of the printer.
 struct Calibration {
   static constexpr double kAcrossMm = 180;
   static constexpr double kDownMm = 250;
@@ -25,7 +25,7 @@ struct Calibration {
   // Within 95 to 105 % and 20 mm.
   bool IsUsual() const;
 
-  // Where to draw so that a place comes out as meant. In twips of the upright sheet, whose cross is at
+  // Where to draw so that a place comes out right. In twips of the upright sheet, whose cross is at
   // `cross`: the place that comes out exactly, whatever the scale.
   QTransform Correction(QPointF cross) const;
 };
