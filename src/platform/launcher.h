@@ -12,10 +12,10 @@ class Launcher {
 
   // Opens an address or a document with its associated application (verb "open"). Never fails: whether
   // something opened is not reported. A relative document name is looked up in the program's folder.
-  virtual void ShellExecute(const std::string& target, int showCommand) = 0;
+  virtual void ShellExecute(const std::string& target) = 0;
 
   // Starts a program by its full path. RuntimeError FileNotFound when it is not there or does not start.
-  virtual void Shell(const std::string& program, int windowStyle) = 0;
+  virtual void Shell(const std::string& program) = 0;
 };
 
 class HttpClient {

@@ -170,8 +170,8 @@ class FaultyLauncher : public Launcher {
  public:
   explicit FaultyLauncher(Faults& faults) : faults_(faults) {}
 
-  void ShellExecute(const std::string&, int) override {}
-  void Shell(const std::string&, int) override { faults_.Call("Shell", ErrorNumber::FileNotFound); }
+  void ShellExecute(const std::string&) override {}
+  void Shell(const std::string&) override { faults_.Call("Shell", ErrorNumber::FileNotFound); }
 
  private:
   Faults& faults_;

@@ -165,7 +165,7 @@ class Session {
   void ChooseFromList(Form& form, const std::string& entry) {
     ListBox& list = Find<ListBox>(form, "List1");
     windows.MenuChoices = {entry};
-    Do([&] { list.PerformMouseDown(MouseButton::Right, 0, 0, 0); });
+    Do([&] { list.PerformMouseDown(MouseButton::Right, 0, 0); });
   }
 
   void PrintContents(Form& form) {

@@ -80,8 +80,8 @@ PicturePtr TextPictures::LoadPicture(const std::string& path) const {
   return std::make_shared<SizedPicture>(width, height);
 }
 
-void RecordingLauncher::Shell(const std::string& program, int windowStyle) {
-  Started.push_back({program, windowStyle});
+void RecordingLauncher::Shell(const std::string& program) {
+  Started.push_back(program);
   if (ShellFails) throw RuntimeError(ErrorNumber::FileNotFound, "File non trovato: " + program);
 }
 

@@ -64,18 +64,12 @@ class TextPictures : public PictureLoader {
 
 class RecordingLauncher : public Launcher {
  public:
-  struct Launch {
-    std::string target;
-    int show;
-  };
-  std::vector<Launch> Opened;
-  std::vector<Launch> Started;
+  std::vector<std::string> Opened;
+  std::vector<std::string> Started;
   bool ShellFails = false;
 
-  void ShellExecute(const std::string& target, int showCommand) override {
-    Opened.push_back({target, showCommand});
-  }
-  void Shell(const std::string& program, int windowStyle) override;
+  void ShellExecute(const std::string& target) override { Opened.push_back(target); }
+  void Shell(const std::string& program) override;
 };
 
 class CannedHttp : public HttpClient {

@@ -51,19 +51,19 @@ void Control::ApplyRow(const ControlRow& row) {
 }
 
 void Control::PerformClick() {
-  if (enabled_ && Click) Click();
+  if (Click) Click();
 }
 
-void Control::PerformMouseDown(MouseButton button, int shift, double xTwips, double yTwips) {
-  if (enabled_ && MouseDown) MouseDown(button, shift, EventX(xTwips), EventY(yTwips));
+void Control::PerformMouseDown(MouseButton button, double xTwips, double yTwips) {
+  if (MouseDown) MouseDown(button, EventX(xTwips), EventY(yTwips));
 }
 
-void Control::PerformMouseMove(int shift, double xTwips, double yTwips) {
-  if (enabled_ && MouseMove) MouseMove(shift, EventX(xTwips), EventY(yTwips));
+void Control::PerformMouseMove(double xTwips, double yTwips) {
+  if (MouseMove) MouseMove(EventX(xTwips), EventY(yTwips));
 }
 
 bool Control::PerformKeyDown(int keyCode) {
-  if (!enabled_ || !KeyDown) return false;
+  if (!KeyDown) return false;
   KeyDown(keyCode);
   return true;
 }

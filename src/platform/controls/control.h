@@ -46,8 +46,8 @@ class Control {
   std::function<void()> LostFocus;
   std::function<void(int keyCode)> KeyDown;  // see key_codes.h
   // Coordinates are twips from the control's corner; a PictureBox gives them in its surface's scale.
-  std::function<void(MouseButton button, int shift, double x, double y)> MouseDown;
-  std::function<void(int shift, double x, double y)> MouseMove;
+  std::function<void(MouseButton button, double x, double y)> MouseDown;
+  std::function<void(double x, double y)> MouseMove;
 
   const std::string& Name() const { return name_; }
   const std::string& Caption() const { return caption_; }
@@ -58,7 +58,6 @@ class Control {
   double Width() const { return width_; }
   double Height() const { return height_; }
   bool Visible() const { return visible_; }
-  bool Enabled() const { return enabled_; }
   const Font& GetFont() const { return font_; }
   Color ForeColor() const { return foreColor_; }
   const std::string& ImageKey() const { return imageKey_; }
@@ -72,7 +71,6 @@ class Control {
   void SetWidth(double width);
   void SetHeight(double height);
   void SetVisible(bool on) { Assign(visible_, on, ViewChange::Appearance); }
-  void SetEnabled(bool on) { Assign(enabled_, on, ViewChange::Appearance); }
   void SetFont(const Font& font) { Assign(font_, font, ViewChange::Appearance); }
   void SetForeColor(Color color) { Assign(foreColor_, color, ViewChange::Appearance); }
   // Names a drawing of the program's own artwork (data/images), without extension; empty for none.
@@ -87,8 +85,8 @@ class Control {
 
   // What the user does, fed in by the view (or by a test).
   virtual void PerformClick();
-  void PerformMouseDown(MouseButton button, int shift, double xTwips, double yTwips);
-  void PerformMouseMove(int shift, double xTwips, double yTwips);
+  void PerformMouseDown(MouseButton button, double xTwips, double yTwips);
+  void PerformMouseMove(double xTwips, double yTwips);
   // Enter and Esc, while the control has the focus. True when the window took the key, which then presses no
   // default or cancel button.
   bool PerformKeyDown(int keyCode);
@@ -118,7 +116,6 @@ class Control {
   double width_ = 0;
   double height_ = 0;
   bool visible_ = true;
-  bool enabled_ = true;
   Font font_{.name = "Verdana", .size = 8};
   Color foreColor_;
   std::string imageKey_;

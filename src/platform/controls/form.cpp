@@ -150,8 +150,8 @@ void Form::PerformPaint() {
   if (Paint) Paint();
 }
 
-void Form::PerformMouseMove(int shift, double x, double y) {
-  if (MouseMove) MouseMove(shift, x, y);
+void Form::PerformMouseMove(double x, double y) {
+  if (MouseMove) MouseMove(x, y);
 }
 
 void Form::MoveFocus(Control* control) {

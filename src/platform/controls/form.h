@@ -41,7 +41,7 @@ class Form : public Container {
   std::function<void()> Resize;
   std::function<void()> Paint;
   std::function<void()> Unload;
-  std::function<void(int shift, double x, double y)> MouseMove;
+  std::function<void(double x, double y)> MouseMove;
 
   Form& OwnerForm() override { return *this; }
 
@@ -93,7 +93,7 @@ class Form : public Container {
   void UserChangedState(WindowState state);
   void PerformActivate();
   void PerformPaint();
-  void PerformMouseMove(int shift, double x, double y);
+  void PerformMouseMove(double x, double y);
   void MoveFocus(Control* control);
   Control* FocusedControl() const { return focused_; }
 

@@ -82,13 +82,13 @@ void ListBox::SetListIndex(int index) {
 }
 
 void ListBox::UserSelects(int index) {
-  if (!Enabled() || index < 0 || index >= ListCount()) return;
+  if (index < 0 || index >= ListCount()) return;
   if (index != listIndex_) return SetListIndex(index);
   if (Click) Click();
 }
 
 void ListBox::PerformDblClick() {
-  if (Enabled() && DblClick) DblClick();
+  if (DblClick) DblClick();
 }
 
 }  // namespace Morvane

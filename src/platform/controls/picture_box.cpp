@@ -10,7 +10,7 @@ PictureBox::PictureBox(Container& parent, std::string name, const TextMetrics& m
 }
 
 bool PictureBox::PerformDragOver(double xTwips, double yTwips) {
-  return Enabled() && DragOver && DragOver(EventX(xTwips), EventY(yTwips));
+  return DragOver && DragOver(EventX(xTwips), EventY(yTwips));
 }
 
 void PictureBox::PerformDragLeave() {
@@ -18,7 +18,7 @@ void PictureBox::PerformDragLeave() {
 }
 
 void PictureBox::PerformDrop(const std::vector<DroppedPicture>& pictures, double xTwips, double yTwips) {
-  if (Enabled() && Drop) Drop(pictures, EventX(xTwips), EventY(yTwips));
+  if (Drop) Drop(pictures, EventX(xTwips), EventY(yTwips));
 }
 
 }  // namespace Morvane

@@ -15,7 +15,7 @@ void CheckBox::SetValue(int value) {
 }
 
 void CheckBox::PerformClick() {
-  if (Enabled()) SetValue(1 - value_);
+  SetValue(1 - value_);
 }
 
 void OptionButton::SetValue(bool value) {
@@ -31,7 +31,7 @@ void OptionButton::SetValue(bool value) {
 }
 
 void OptionButton::PerformClick() {
-  if (Enabled()) SetValue(true);
+  SetValue(true);
 }
 
 void TextBox::SetText(const std::string& text) {

@@ -89,9 +89,7 @@ void FrmPreview::Connect() {
   Text1.Change = [this] { Restore(); };
   Text1.LostFocus = [this] { Restore(); };
   Check1.Click = [this] { Restore(); };
-  Picture2.Click = [this] {
-    platform_.launcher.ShellExecute(std::string(WebAddresses::kMakerSite), state_.ShowCmd);
-  };
+  Picture2.Click = [this] { platform_.launcher.ShellExecute(std::string(WebAddresses::kMakerSite)); };
 }
 
 void FrmPreview::Form_Load() {

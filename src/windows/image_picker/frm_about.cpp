@@ -43,8 +43,8 @@ frmAbout::frmAbout(AppState& state, Platform& platform, std::function<void()> lo
     : form(kWindow), state_(state), platform_(platform), loadContentsWindow_(std::move(loadContentsWindow)) {
   form.LayOut(kControls);
   form.Load = [this] { Form_Load(); };
-  form.MouseMove = [this](int, double, double) { ResetPointer(); };
-  Frame1.MouseMove = [this](int, double, double) { ResetPointer(); };
+  form.MouseMove = [this](double, double) { ResetPointer(); };
+  Frame1.MouseMove = [this](double, double) { ResetPointer(); };
   lblPath.SetBackColor(kPaleYellow);
   ConnectTree();
   ConnectList();
@@ -64,8 +64,8 @@ void frmAbout::ConnectList() {
   List1.Click = [this] { List1_Click(); };
   List1.DblClick = [this] { Command1_Click(); };
   List1.KeyDown = [this](int keyCode) { List1_KeyDown(keyCode); };
-  List1.MouseDown = [this](MouseButton button, int, double, double) { List1_MouseDown(button); };
-  List1.MouseMove = [this](int, double, double) { ResetPointer(); };
+  List1.MouseDown = [this](MouseButton button, double, double) { List1_MouseDown(button); };
+  List1.MouseMove = [this](double, double) { ResetPointer(); };
   Menudestro = {
       {.name = "menusele", .caption = "&Scegli immagine selezionata", .Click = [this] { Command1_Click(); }},
       {.name = "menumeno", .caption = "-"},

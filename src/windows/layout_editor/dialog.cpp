@@ -130,10 +130,8 @@ void Dialog::ConnectList() {
   OKButton.SetDefault(true);
   CancelButton.Click = [this] { CancelButton_Click(); };
   CancelButton.SetCancel(true);
-  Picture1.MouseDown = [this](MouseButton button, int, double x, double y) {
-    Picture1_MouseDown(button, x, y);
-  };
-  Picture1.MouseMove = [this](int, double x, double y) { Picture1_MouseMove(x, y); };
+  Picture1.MouseDown = [this](MouseButton button, double x, double y) { Picture1_MouseDown(button, x, y); };
+  Picture1.MouseMove = [this](double x, double y) { Picture1_MouseMove(x, y); };
 }
 
 void Dialog::ConnectFiles() {

@@ -38,7 +38,6 @@ constexpr std::array kControls = {
 constexpr double kWindowLeft = 300;  // twips, as are all here
 constexpr double kLargestTop = 300;
 constexpr double kAroundPage = 1950;  // what the window's height has beyond the page's
-constexpr int kMinimisedWithFocus = 2;
 
 constexpr std::string_view kHelp =
     "Morvane\r\n\r\n"
@@ -73,9 +72,7 @@ Form1::Form1(AppState& state, Platform& platform, CoverSlots& slots, WindowOpene
   form.Activate = [this] { Form_Activate(); };
   form.Resize = [this] { Form_Resize(); };
   form.Unload = [this] { Form_Unload(); };
-  Picture1.MouseDown = [this](MouseButton button, int, double x, double y) {
-    Picture1_MouseDown(button, x, y);
-  };
+  Picture1.MouseDown = [this](MouseButton button, double x, double y) { Picture1_MouseDown(button, x, y); };
   Picture1.DragOver = [this](double x, double y) { return Picture1_DragOver(x, y); };
   Picture1.DragLeave = [this] { Picture1_DragLeave(); };
   Picture1.Drop = [this](const std::vector<DroppedPicture>& pictures, double x, double y) {
@@ -265,7 +262,7 @@ void Form1::Command1_Click() {
 }
 
 void Form1::OpenAddress(std::string_view address) {
-  platform_.launcher.ShellExecute(std::string(address), state_.ShowCmd);
+  platform_.launcher.ShellExecute(std::string(address));
 }
 
 void Form1::Perform(Action action, std::string_view address) {
@@ -288,7 +285,7 @@ void Form1::Perform(Action action, std::string_view address) {
     case Action::Contorno:
       return CambiaContorno();
     case Action::AvviaLindorel:
-      return platform_.launcher.Shell(state_.AppPath + "lindorel.exe", kMinimisedWithFocus);
+      return platform_.launcher.Shell(state_.AppPath + "lindorel.exe");
     case Action::RicercaOnline:
       return openers_.Form4();
     case Action::ApriIndirizzo:

@@ -66,7 +66,7 @@ void Form2::Form_Load() {
 }
 
 void Form2::Label1_Click() {
-  platform_.launcher.ShellExecute(std::string(WebAddresses::kPdfCreator), state_.ShowCmd);
+  platform_.launcher.ShellExecute(std::string(WebAddresses::kPdfCreator));
 }
 
 void Form2::Command1_Click() {

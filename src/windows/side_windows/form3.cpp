@@ -104,14 +104,14 @@ void Form3::ConnectEvents() {
   form.Unload = [this] { Form_Unload(); };
   Timer1.Tick = [this] { Timer1_Tick(); };
   TimerAnimazione.Tick = [this] { TimerAnimazione_Tick(); };
-  Picture5.MouseDown = [this](MouseButton button, int, double, double) { Picture5_MouseDown(button); };
-  const auto reset = [this](int, double, double) { ResetPointer(); };
+  Picture5.MouseDown = [this](MouseButton button, double, double) { Picture5_MouseDown(button); };
+  const auto reset = [this](double, double) { ResetPointer(); };
   form.MouseMove = reset;
   Frame1.MouseMove = reset;  // the frames cover nearly the whole window
   Frame2.MouseMove = reset;
   Command3d1.MouseMove = reset;
   Picture2.MouseMove = reset;
-  Picture3.MouseMove = [this](int, double, double) { Picture3_MouseMove(); };
+  Picture3.MouseMove = [this](double, double) { Picture3_MouseMove(); };
   Picture3.Click = [this] { Open(WebAddresses::kMakerSite); };
   Picture6.Click = [this] { Open(kLetterPack); };
   Picture7.Click = [this] { Open(WebAddresses::kDonation); };
@@ -231,7 +231,7 @@ void Form3::ResetPointer() {
 }
 
 void Form3::Open(std::string_view target) {
-  platform_.launcher.ShellExecute(std::string(target), state_.ShowCmd);
+  platform_.launcher.ShellExecute(std::string(target));
 }
 
 }  // namespace Morvane

@@ -65,7 +65,7 @@ void Form4::Command1_Click() {
     Text1.SetFocus();
     return;
   }
-  platform_.launcher.ShellExecute(SearchAddress(Text1.Text(), List1.Text()), state_.ShowCmd);
+  platform_.launcher.ShellExecute(SearchAddress(Text1.Text(), List1.Text()));
   form.UnloadForm();
 }
 

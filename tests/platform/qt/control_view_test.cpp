@@ -76,9 +76,9 @@ TEST_F(ControlViewTest, MouseOverAPictureDoesNotReachWhatHoldsIt) {
   ImageBox picture(frame, "Picture3");
   picture.SetWidth(300);
   picture.SetHeight(300);
-  picture.MouseMove = [&](int, double, double) { log.push_back("Picture3"); };
-  frame.MouseMove = [&](int, double, double) { log.push_back("Frame1"); };
-  form.MouseMove = [&](int, double, double) { log.push_back("Form1"); };
+  picture.MouseMove = [&](double, double) { log.push_back("Picture3"); };
+  frame.MouseMove = [&](double, double) { log.push_back("Frame1"); };
+  form.MouseMove = [&](double, double) { log.push_back("Form1"); };
   picture.Click = Log("Click");
   Show();
   QTest::mouseMove(&Widget<QWidget>("Picture3"), QPoint(3, 3));
@@ -95,7 +95,7 @@ TEST_F(ControlViewTest, MouseOnAPictureBoxComesInItsScale) {
   page.SetWidth(3000);
   page.SetHeight(3000);
   page.Surface.Scale(0, 0, 10, 10);
-  page.MouseDown = [&](MouseButton button, int, double x, double y) {
+  page.MouseDown = [&](MouseButton button, double x, double y) {
     log.push_back(button == MouseButton::Left ? "left" : "other");
     EXPECT_DOUBLE_EQ(x, 5);
     EXPECT_DOUBLE_EQ(y, 2);
@@ -142,7 +142,7 @@ TEST_F(ListBoxViewTest, AClickOnTheSelectedRowIsAnEventAndTheRowStaysHighlighted
 
 TEST_F(ListBoxViewTest, RightPressSelectsNothing) {
   for (const char* const name : {"a", "b"}) list.AddItem(name);
-  list.MouseDown = [&](MouseButton button, int, double, double) {
+  list.MouseDown = [&](MouseButton button, double, double) {
     log.push_back(button == MouseButton::Right ? "right" : "left");
   };
   ShowList();

@@ -117,6 +117,7 @@ class MuteService {
   MuteService() : socket_(socket(AF_UNIX, SOCK_STREAM, 0)) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
+    unlink(path_);  // a spooler that was killed leaves it behind
     std::strncpy(address.sun_path, path_, sizeof(address.sun_path) - 1);
     if (bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof(address)) != 0 ||
         listen(socket_, 9) != 0) {

@@ -49,7 +49,7 @@ class QtLauncherTest : public testing::Test {
   }
 
   std::string Opened(const std::string& target) {
-    launcher_.ShellExecute(target, 0);
+    launcher_.ShellExecute(target);
     return Started();
   }
 
@@ -77,7 +77,7 @@ TEST_F(QtLauncherTest, RelativeDocumentLiesInTheProgramsFolder) {
 TEST_F(QtLauncherTest, MissingDocumentsAndLineEndsOpenNothing) {
   for (const char* target :
        {"", "omk.htm", "-version", "http://a.example/\nrm", "http://a.example/\r", "\x1B"}) {
-    launcher_.ShellExecute(target, 0);
+    launcher_.ShellExecute(target);
   }
   EXPECT_EQ(Started(milliseconds(300)), "");
 }
@@ -85,14 +85,14 @@ TEST_F(QtLauncherTest, MissingDocumentsAndLineEndsOpenNothing) {
 TEST_F(QtLauncherTest, StartsAProgramByItsPath) {
   machine_.WriteFile("C:\\Morvane\\lindorel.exe", "");
   MakeProgram(machine_.Root.Path() + "/Morvane/lindorel.exe");
-  launcher_.Shell("C:\\Morvane\\\\lindorel.exe", 2);
+  launcher_.Shell("C:\\Morvane\\\\lindorel.exe");
   EXPECT_EQ(Started(), "FINE\n");
 }
 
 TEST_F(QtLauncherTest, ProgramThatIsMissingOrNoneIsNotFound) {
-  EXPECT_THROW(launcher_.Shell("C:\\Morvane\\lindorel.exe", 2), RuntimeError);
+  EXPECT_THROW(launcher_.Shell("C:\\Morvane\\lindorel.exe"), RuntimeError);
   machine_.WriteFile("C:\\Morvane\\lindorel.exe", "no program");
-  EXPECT_THROW(launcher_.Shell("C:\\Morvane\\lindorel.exe", 2), RuntimeError);
+  EXPECT_THROW(launcher_.Shell("C:\\Morvane\\lindorel.exe"), RuntimeError);
 }
 
 // Answers each request with the same bytes; with none it accepts and says nothing.

@@ -74,13 +74,8 @@ class MainWindow : public ::testing::Test {
   // What happened since the last look.
   Texts TakeLog() {
     Texts log = std::exchange(shown, {});
-    for (const auto& launch : std::exchange(machine.Launches.Opened, {})) {
-      EXPECT_EQ(launch.show, 0);
-      log.push_back("open " + launch.target);
-    }
-    for (const auto& start : std::exchange(machine.Launches.Started, {})) {
-      log.push_back("start " + start.target + " " + std::to_string(start.show));
-    }
+    for (const auto& target : std::exchange(machine.Launches.Opened, {})) log.push_back("open " + target);
+    for (const auto& program : std::exchange(machine.Launches.Started, {})) log.push_back("start " + program);
     for (const auto& box : std::exchange(machine.Windows.Boxes, {})) log.push_back("box " + box.text);
     for (const auto& dialog : std::exchange(machine.Device.Dialogs, {})) {
       EXPECT_TRUE(dialog.restricted);
@@ -193,7 +188,7 @@ TEST_F(MainWindowStart, YesOpensTheDownloadPageAndEndsTheProgram) {
   Start();
   EXPECT_THAT(machine.Windows.Boxes[0].text, HasSubstr("nuova versione 2.6.1 del"));
   ASSERT_THAT(machine.Launches.Opened, SizeIs(1));
-  EXPECT_EQ(machine.Launches.Opened[0].target, WebAddresses::kDownloadPage);
+  EXPECT_EQ(machine.Launches.Opened[0], WebAddresses::kDownloadPage);
   EXPECT_TRUE(hand.windows.Ended());
   EXPECT_ANY_THROW(Hand::See(window.form)) << "it came into sight";
 }
@@ -354,7 +349,7 @@ TEST_F(Commands, EveryMenuEntryHasItsEffect) {
       {"Carica immagine &2", "frmAbout"},
       {"Stampa contenuto &CD/DVD Dati generico / Cartella...", "FrmPreview"},
       {"&Stampa...", "print"},
-      {"&Lancia \"Lindorel\"", "start C:\\Morvane\\lindorel.exe 2"},
+      {"&Lancia \"Lindorel\"", "start C:\\Morvane\\lindorel.exe"},
       {"Ricerca Online", "Form4"},
       {"&Cdcovers (Internazionali)", "open http", "/covers/"},
       {"&Mega Search", "open http", "/"},

@@ -18,7 +18,7 @@ TEST(PdfToolWindow, LinkOpensTheProjectPageAndEnterPressesTheButton) {
   EXPECT_EQ(Hand::See(window.Label1).cursor().shape(), Qt::BitmapCursor) << "the program's own hand";
   Hand::Press(window.Label1);
   ASSERT_EQ(machine.Launches.Opened.size(), 1U);
-  EXPECT_EQ(machine.Launches.Opened[0].target, WebAddresses::kPdfCreator);
+  EXPECT_EQ(machine.Launches.Opened[0], WebAddresses::kPdfCreator);
   EXPECT_THAT(window.Text1.Text(), ::testing::HasSubstr(std::string(WebAddresses::kPdfCreator)));
   Hand::HoldDown(Qt::Key_Return);
   Hand::Key(Qt::Key_Return, Qt::ControlModifier);

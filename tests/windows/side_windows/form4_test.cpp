@@ -24,8 +24,7 @@ class CoverSearch : public ::testing::Test {
     Hand::Key(Qt::Key_Return);
     EXPECT_TRUE(open.form.Unloaded());
     if (machine.Launches.Opened.size() != 1) return "opened nothing, or more than one";
-    EXPECT_EQ(machine.Launches.Opened[0].show, 0);
-    const std::string target = machine.Launches.Opened[0].target;
+    const std::string target = machine.Launches.Opened[0];
     EXPECT_THAT(target, ::testing::StartsWith(std::string(WebAddresses::kCoverSearchRoot) + "/"));
     return target.substr(WebAddresses::kCoverSearchRoot.size());
   }

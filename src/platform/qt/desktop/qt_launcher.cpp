@@ -39,7 +39,7 @@ bool Start(const std::string& program, const QStringList& arguments) {
 
 }  // namespace
 
-void QtLauncher::ShellExecute(const std::string& target, int) {
+void QtLauncher::ShellExecute(const std::string& target) {
   if (target.empty() || HasControlCharacter(target)) return;
   std::string argument = target;
   if (!IsAddress(target)) {
@@ -50,7 +50,7 @@ void QtLauncher::ShellExecute(const std::string& target, int) {
   Start("xdg-open", {QString::fromStdString(argument)});
 }
 
-void QtLauncher::Shell(const std::string& program, int) {
+void QtLauncher::Shell(const std::string& program) {
   const std::string native = files_.ToNative(program);
   if (native.empty() || !Start(native, {})) {
     throw RuntimeError(ErrorNumber::FileNotFound, "Impossibile avviare il programma '" + program + "'.");

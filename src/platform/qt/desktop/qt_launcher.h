@@ -15,8 +15,8 @@ class QtLauncher : public Launcher {
   QtLauncher(const FileSystem& files, std::string programFolder)
       : files_(files), programFolder_(std::move(programFolder)) {}
 
-  void ShellExecute(const std::string& target, int showCommand) override;
-  void Shell(const std::string& program, int windowStyle) override;
+  void ShellExecute(const std::string& target) override;
+  void Shell(const std::string& program) override;
 
  private:
   const FileSystem& files_;

@@ -10,11 +10,6 @@
 namespace Morvane {
 namespace {
 
-int ShiftMask(Qt::KeyboardModifiers modifiers) {
-  return (modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) + (modifiers.testFlag(Qt::ControlModifier) ? 2 : 0) +
-         (modifiers.testFlag(Qt::AltModifier) ? 4 : 0);
-}
-
 // The extra buttons of a mouse are other buttons, like the middle one.
 MouseButton ToMouseButton(Qt::MouseButton button) {
   if (button == Qt::LeftButton) return MouseButton::Left;
@@ -82,7 +77,6 @@ void ControlView::MirrorAppearance() {
   QWidget* const widget = Widget();
   if (widget == nullptr) return;
   widget->setVisible(model_.Visible());
-  widget->setEnabled(model_.Enabled());
   widget->setToolTip(ToolTip(model_.ToolTipText()));
   widget->setAccessibleName(SpokenText(model_));
   widget->setFont(WidgetFont(model_.GetFont()));
@@ -155,8 +149,7 @@ bool ControlView::MousePressed(QWidget& part, const QMouseEvent& event) {
   pressed_ = event.button() == Qt::LeftButton && event.type() == QEvent::MouseButtonPress;
   const QPointF place = part.mapTo(Widget(), event.position());
   Feed([&] {
-    model_.PerformMouseDown(ToMouseButton(event.button()), ShiftMask(event.modifiers()), ToTwips(place.x()),
-                            ToTwips(place.y()));
+    model_.PerformMouseDown(ToMouseButton(event.button()), ToTwips(place.x()), ToTwips(place.y()));
   });
   return false;
 }
@@ -171,8 +164,7 @@ bool ControlView::MouseReleased(QWidget& part, const QMouseEvent& event) {
 
 void ControlView::MouseMoved(QWidget& part, const QMouseEvent& event) {
   const QPointF place = part.mapTo(Widget(), event.position());
-  Feed(
-      [&] { model_.PerformMouseMove(ShiftMask(event.modifiers()), ToTwips(place.x()), ToTwips(place.y())); });
+  Feed([&] { model_.PerformMouseMove(ToTwips(place.x()), ToTwips(place.y())); });
 }
 
 }  // namespace Morvane

@@ -194,7 +194,7 @@ bool FormView::ClientEvent(QEvent& event) {
       return false;
     case QEvent::MouseMove: {
       const QPointF place = static_cast<const QMouseEvent&>(event).position();
-      context_.windows.Dispatch([&] { model_.PerformMouseMove(0, ToTwips(place.x()), ToTwips(place.y())); });
+      context_.windows.Dispatch([&] { model_.PerformMouseMove(ToTwips(place.x()), ToTwips(place.y())); });
       return false;
     }
     case QEvent::Paint:
@@ -257,7 +257,7 @@ CommandButton* FormView::ButtonFor(const QKeyEvent& event) const {
     return focused;
   for (Control* const control : model_.AllControls()) {
     auto* const button = dynamic_cast<CommandButton*>(control);
-    if (button == nullptr || !button->Visible() || !button->Enabled()) continue;
+    if (button == nullptr || !button->Visible()) continue;
     if (enter ? button->IsDefault() : button->IsCancel()) return button;
   }
   return nullptr;

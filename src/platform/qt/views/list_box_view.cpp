@@ -127,7 +127,7 @@ bool ListBoxView::MousePressed(QWidget& part, const QMouseEvent& event) {
 bool ListBoxView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::ContextMenu) return ControlView::eventFilter(watched, event);
   if (static_cast<const QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
-    Feed([this] { model_.PerformMouseDown(MouseButton::Right, 0, 0, 0); });
+    Feed([this] { model_.PerformMouseDown(MouseButton::Right, 0, 0); });
   }
   return true;
 }
