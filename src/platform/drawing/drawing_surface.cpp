@@ -154,6 +154,12 @@ void DrawingSurface::Add(Shape shape) {
   if (OnDrawn) OnDrawn();
 }
 
+DrawingList DrawingSurface::TakeDrawing() {
+  DrawingList taken = std::exchange(drawing_, {});
+  Cls();
+  return taken;
+}
+
 void DrawingSurface::Cls() {
   drawing_.clear();
   CurrentX = 0;

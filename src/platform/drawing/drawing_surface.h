@@ -78,6 +78,8 @@ class DrawingSurface {
   double TextHeight(const std::string& text) const;
 
   const DrawingList& Drawing() const { return drawing_; }
+  // Hands the drawing over and clears the surface.
+  DrawingList TakeDrawing();
 
  private:
   double ToTwipsX(double x) const;

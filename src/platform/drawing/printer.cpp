@@ -35,8 +35,7 @@ PrintDialogAnswer Printer::ShowDialog(const PrintDialogRequest& request) {
 }
 
 void Printer::EndDoc() {
-  const DrawingList page = surface_.Drawing();
-  surface_.Cls();
+  const DrawingList page = surface_.TakeDrawing();
   device_.SendPage(page, orientation_, JobTitle);
 }
 

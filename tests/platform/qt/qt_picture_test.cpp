@@ -142,6 +142,14 @@ TEST_F(QtPictureTest, BrokenAndHostileFilesAreRefusedSoonAndForLittleMemory) {
   EXPECT_LT(usage.ru_maxrss, kHostileKilobytes);
 }
 
+TEST_F(QtPictureTest, FileInUseIsReadAgainOnceItChanged) {
+  const PicturePtr before = Load("foto.png", Encoded(TwoHalves(64, 32), "png"));
+  EXPECT_EQ(loader_.LoadPicture("C:\\foto.png"), before);
+  const PicturePtr after = Load("foto.png", Encoded(TwoHalves(128, 32), "png"));
+  EXPECT_NE(after, before);
+  EXPECT_EQ(after->WidthTwips(), 2 * before->WidthTwips());
+}
+
 // A phone appends its film to the photo: megabytes in which the start of a scan stands by chance.
 TEST_F(QtPictureTest, WhatFollowsAPhotoCostsNothing) {
   const std::string photo = Encoded(TwoHalves(4000, 3000), "jpg");

@@ -142,9 +142,23 @@ QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPat
 }
 
 PicturePtr QtPictureLoader::LoadPicture(const std::string& path) const {
-  if (QFileInfo(QString::fromStdString(files_.ToNative(path))).size() > kMostFileBytes) {
-    throw Bad(path, "è troppo grande.");
+  const QFileInfo file(QString::fromStdString(files_.ToNative(path)));
+  if (file.size() > kMostFileBytes) throw Bad(path, "è troppo grande.");
+  Loaded loaded{file.filePath(), file.lastModified(), file.size(), {}};
+  {
+    const std::lock_guard lock(lastMutex_);
+    const bool same =
+        last_.file == loaded.file && last_.changed == loaded.changed && last_.bytes == loaded.bytes;
+    if (const PicturePtr picture = last_.picture.lock(); picture && same && file.isReadable()) return picture;
   }
+  const PicturePtr picture = Read(path);
+  loaded.picture = picture;
+  const std::lock_guard lock(lastMutex_);
+  last_ = loaded;
+  return picture;
+}
+
+PicturePtr QtPictureLoader::Read(const std::string& path) const {
   const std::string bytes = files_.ReadBytes(path);
   if (const auto format = FormatOf(bytes)) {
     if (!QFileInfo(QString::fromStdString(decoderPath_)).isExecutable()) {

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDateTime>
+#include <memory>
+#include <mutex>
 #include <string>
 
 #include "platform/files/file_system.h"
@@ -28,8 +31,9 @@ PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes);
 
 // Loads picture files by what their bytes say, not by their names: JPEG, BMP (also run-length encoded, also
 // without a file header), GIF, ICO, CUR, PNG, TIFF, WebP; EMF, WMF and IFF through the decoder program. A
-// file is decoded once, small, so that one that cannot be decoded fails here. Hostile files cost at most two
-// seconds and 1.5 GiB.
+// file is decoded once, small, so that one that cannot be decoded fails here; the file loaded last is not
+// read again while its picture is in use and the file is the same. Hostile files cost at most two seconds and
+// 1.5 GiB.
 class QtPictureLoader : public PictureLoader {
  public:
   // `decoderPath` is the native path of the decoder of old formats.
@@ -38,9 +42,20 @@ class QtPictureLoader : public PictureLoader {
   PicturePtr LoadPicture(const std::string& path) const override;
 
  private:
+  struct Loaded {
+    QString file;
+    QDateTime changed;
+    qint64 bytes = 0;
+    std::weak_ptr<const Picture> picture;
+  };
+
+  PicturePtr Read(const std::string& path) const;
+
   const FileSystem& files_;
   const std::string decoderPath_;
   const PictureCheck check_;
+  mutable std::mutex lastMutex_;
+  mutable Loaded last_;  // what was read last, not what this object is; only with the mutex
 };
 
 // Where the decoder of old formats is: beside this program, else in ../libexec/morvane.
