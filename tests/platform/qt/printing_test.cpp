@@ -13,6 +13,7 @@
 #include <QPrintDialog>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTest>
 #include <QTimer>
 
 #include "accepted_queue.h"
@@ -299,6 +300,19 @@ MeasuredSheet ReadRaster(const std::string& path) {
   cupsRasterReadPixels(raster.get(), dots.data(), static_cast<unsigned>(dots.size()));
   close(file);
   return {static_cast<int>(page.cupsBytesPerLine), static_cast<int>(page.cupsHeight), std::move(dots)};
+}
+
+TEST_F(QueueTest, DefaultPrintersOwnSheetIsTakenOnceItIsFound) {
+  cups_.AddRasterQueue("raster");
+  cups_.Run("lpadmin -d raster");
+  QtPrinterDevice device;
+  int changes = 0;
+  device.OnSheetChanged = [&] { ++changes; };
+  device.Prepare();
+  EXPECT_EQ(device.PortraitSheet().heightTwips, kA4.heightTwips);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return changes > 0; }, 20000));
+  EXPECT_NEAR(device.PortraitSheet().widthTwips, 8.5 * kTwipsPerInch, 1);
+  EXPECT_NEAR(device.PortraitSheet().heightTwips, 11 * kTwipsPerInch, 1);
 }
 
 // What a driverless printer is given, dot by dot, when A4 is printed on a queue whose own sheet is Letter.

@@ -70,10 +70,10 @@ TEST_F(FrmAboutTest, CancelChoosesNothingTheTitleBarTheRowSelectedLastAndBothSta
       {[](frmAbout& window) { Hand::See(window.form).close(); }, "C:\\Foto\\b.jpg"},
   };
   for (const auto& [way, chosen] : ways) {
-    Use([&](frmAbout& window) {
+    Use([&leave = way](frmAbout& window) {
       EXPECT_THAT(Hand::Rows(window.List1), ::testing::IsEmpty());
       ChooseRow(window, 1);
-      way(window);
+      leave(window);
     });
     EXPECT_EQ(state.ImmagineScelta, chosen);
     EXPECT_EQ(state.ImmaginePrecedente, "");

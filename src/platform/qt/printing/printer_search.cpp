@@ -16,11 +16,17 @@ FoundPrinters Search(bool wantsPrinter) {
   found.any = !QPrinterInfo::availablePrinterNames().isEmpty();
   if (!found.any || !wantsPrinter) return found;
   found.printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-  found.printer->setFullPage(true);
+  TakeOwnSheet(*found.printer);
   return found;
 }
 
 }  // namespace
+
+// The toolkit takes A4 wherever the queue has it, whatever the queue's own sheet is.
+void TakeOwnSheet(QPrinter& printer) {
+  printer.setPageSize(QPrinterInfo(printer).defaultPageSize());
+  printer.setFullPage(true);
+}
 
 void PrinterSearch::Begin(bool wantsPrinter) {
   if (answer_.valid()) return;

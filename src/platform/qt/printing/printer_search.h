@@ -10,6 +10,9 @@ class QPrinter;
 
 namespace Morvane {
 
+// Makes the queue's own sheet that of its printer.
+void TakeOwnSheet(QPrinter& printer);
+
 struct FoundPrinters {
   PrintService service = PrintService::Silent;
   bool any = false;

@@ -109,7 +109,7 @@ void QtPrinterDevice::SelectPrinter(const std::string& name) {
     throw Failure("La stampante '" + wanted + "' non esiste.");
   }
   printer_->setPrinterName(wanted);
-  printer_->setFullPage(true);
+  TakeOwnSheet(*printer_);
   ReadSheet();
 }
 
