@@ -17,7 +17,7 @@
 namespace Morvane {
 namespace {
 
-constexpr qint64 kMostFileBytes = qint64{256} << 20;
+constexpr std::uintmax_t kMostFileBytes = std::uintmax_t{256} << 20;
 constexpr int kMostDecodedMegabytes = 1024;
 
 // Names for the user, what the reader calls the formats that may be read.
@@ -142,14 +142,18 @@ QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPat
 }
 
 PicturePtr QtPictureLoader::LoadPicture(const std::string& path) const {
-  const QFileInfo file(QString::fromStdString(files_.ToNative(path)));
-  if (file.size() > kMostFileBytes) throw Bad(path, "è troppo grande.");
-  Loaded loaded{file.filePath(), file.lastModified(), file.size(), {}};
+  Loaded loaded{files_.ToNative(path), {}, 0, {}};
+  std::error_code missing;  // Read tells
+  loaded.changed = std::filesystem::last_write_time(loaded.file, missing);
+  if (!missing) loaded.bytes = std::filesystem::file_size(loaded.file, missing);
+  if (missing) return Read(path);
+  if (loaded.bytes > kMostFileBytes) throw Bad(path, "è troppo grande.");
   {
     const std::lock_guard lock(lastMutex_);
+    const PicturePtr picture = last_.picture.lock();
     const bool same =
         last_.file == loaded.file && last_.changed == loaded.changed && last_.bytes == loaded.bytes;
-    if (const PicturePtr picture = last_.picture.lock(); picture && same && file.isReadable()) return picture;
+    if (picture && same) return picture;
   }
   const PicturePtr picture = Read(path);
   loaded.picture = picture;

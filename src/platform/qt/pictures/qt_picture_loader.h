@@ -1,7 +1,8 @@
 #pragma once
 
 #include <QByteArray>
-#include <QDateTime>
+#include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -43,9 +44,9 @@ class QtPictureLoader : public PictureLoader {
 
  private:
   struct Loaded {
-    QString file;
-    QDateTime changed;
-    qint64 bytes = 0;
+    std::string file;  // native path
+    std::filesystem::file_time_type changed;
+    std::uintmax_t bytes = 0;
     std::weak_ptr<const Picture> picture;
   };
 
