@@ -21,7 +21,11 @@ QWidget& Surface(QWidget& widget) {
   return scrolled == nullptr ? widget : *scrolled->viewport();
 }
 
+// A window that was just shown gets the keyboard in its own time.
 QWidget& WithKeyboard() {
+  if (!QTest::qWaitFor([] { return QApplication::activeWindow() != nullptr; })) {
+    throw std::logic_error("no window has the keyboard");
+  }
   QWidget* const focused = QApplication::focusWidget();
   return focused == nullptr ? *QApplication::activeWindow() : *focused;
 }
