@@ -1,4 +1,4 @@
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual)
 # Pictures come from outside.
 add_link_options(-Wl,-z,now)
 if(NOT MORVANE_SANITIZE)
@@ -10,20 +10,23 @@ if(MORVANE_SANITIZE)
   add_compile_definitions(MORVANE_SANITIZE)
 endif()
 if(MORVANE_FUZZ)
-  # The compiler that counts as to warnings is the other one.
-  add_compile_options(-fsanitize=fuzzer-no-link -Wno-error)
+  add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
 # Each folder is seen by others through a link of its own, so that #include "core/val.h" compiles only in a
 # target that links core. A root-wide include path would let every folder use every other.
-# morvane_export_headers(target name folder): the headers of folder are included as name/....
+# morvane_export_headers(target name folder [glob]): the headers of folder are included as name/...; those of the
+# folders in it, too, where glob is GLOB_RECURSE.
 function(morvane_export_headers target name folder)
-  set(view ${CMAKE_BINARY_DIR}/include/${target})
-  get_filename_component(parent ${view}/${name} DIRECTORY)
-  file(MAKE_DIRECTORY ${parent})
-  if(NOT EXISTS ${view}/${name})
-    file(CREATE_LINK ${folder} ${view}/${name} SYMBOLIC)
-  endif()
+  set(glob ${ARGN} GLOB)
+  list(GET glob 0 glob)
+  set(view ${CMAKE_BINARY_DIR}/headers/${target})
+  file(${glob} headers CONFIGURE_DEPENDS RELATIVE ${folder} ${folder}/*.h)
+  foreach(header IN LISTS headers)
+    get_filename_component(parent ${view}/${name}/${header} DIRECTORY)
+    file(MAKE_DIRECTORY ${parent})
+    file(CREATE_LINK ${folder}/${header} ${view}/${name}/${header} SYMBOLIC)
+  endforeach()
   get_target_property(type ${target} TYPE)
   if(type STREQUAL "INTERFACE_LIBRARY")
     target_include_directories(${target} INTERFACE ${view})
@@ -32,24 +35,25 @@ function(morvane_export_headers target name folder)
   endif()
 endfunction()
 
-# morvane_library(folder DEPENDS targets...): the library of one folder below the calling one, its rooms with it where it
-# has some; named after its path below src or the root, with _ for /.
+# morvane_library(folder [ROOMS] DEPENDS targets... [PRIVATE targets...]): the library of one folder below the calling one,
+# with ROOMS the folders in it, too; named after its path below src or the root, with _ for /. What only its sources
+# include is private.
 function(morvane_library folder)
-  cmake_parse_arguments(ARG "ROOMS" "" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "ROOMS" "" "DEPENDS;PRIVATE" ${ARGN})
   file(RELATIVE_PATH name ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR}/${folder})
   string(REGEX REPLACE "^src/" "" name ${name})
   string(REPLACE "/" "_" target ${name})
+  set(glob GLOB)
   if(ARG_ROOMS)
-    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
-  else()
-    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+    set(glob GLOB_RECURSE)
   endif()
+  file(${glob} sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   if(sources)
     add_library(${target} STATIC ${sources})
-    target_link_libraries(${target} PUBLIC ${ARG_DEPENDS})
+    target_link_libraries(${target} PUBLIC ${ARG_DEPENDS} PRIVATE ${ARG_PRIVATE})
   else()
     add_library(${target} INTERFACE)
     target_link_libraries(${target} INTERFACE ${ARG_DEPENDS})
   endif()
-  morvane_export_headers(${target} ${name} ${CMAKE_CURRENT_SOURCE_DIR}/${folder})
+  morvane_export_headers(${target} ${name} ${CMAKE_CURRENT_SOURCE_DIR}/${folder} ${glob})
 endfunction()

@@ -2,14 +2,21 @@
 include(GNUInstallDirs)
 set(packaging ${CMAKE_SOURCE_DIR}/packaging)
 
+# morvane_with_version(file result): the file with the project's version put in.
+function(morvane_with_version file result)
+  configure_file(${packaging}/${file} ${CMAKE_BINARY_DIR}/packaging/plain/${file} @ONLY)
+  set(${result} ${CMAKE_BINARY_DIR}/packaging/plain/${file} PARENT_SCOPE)
+endfunction()
+
 # morvane_install_zipped(file folder name): packs the file as Debian wants it (smallest, without time) into folder/name.gz.
 function(morvane_install_zipped file folder name)
+  morvane_with_version(${file} plain)
   set(zipped ${CMAKE_BINARY_DIR}/packaging/${folder}/${name}.gz)
   get_filename_component(parent ${zipped} DIRECTORY)
   file(MAKE_DIRECTORY ${parent})
   add_custom_command(OUTPUT ${zipped}
-    COMMAND gzip -9nc ${packaging}/${file} > ${zipped}
-    DEPENDS ${packaging}/${file}
+    COMMAND gzip -9nc ${plain} > ${zipped}
+    DEPENDS ${plain}
     VERBATIM)
   set_property(GLOBAL APPEND PROPERTY MORVANE_ZIPPED ${zipped})
   install(FILES ${zipped} DESTINATION ${folder})
@@ -25,7 +32,8 @@ add_custom_target(zipped_documents ALL DEPENDS ${zipped})
 
 install(FILES ${packaging}/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/morvane)
 install(FILES ${packaging}/morvane.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-install(FILES ${packaging}/example.morvane.morvane.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+morvane_with_version(example.morvane.morvane.metainfo.xml metainfo)
+install(FILES ${metainfo} DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${packaging}/morvane-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME morvane.xml)
 install(FILES ${packaging}/lintian-overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME morvane)
 install(FILES ${CMAKE_SOURCE_DIR}/data/images/morvane.svg

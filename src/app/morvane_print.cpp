@@ -16,9 +16,6 @@
 #include "core/default_layout.h"
 #include "core/layout_reader.h"
 #include "platform/files/local_file_system.h"
-#include "platform/platform.h"
-#include "platform/qt/desktop/qt_http_client.h"
-#include "platform/qt/desktop/qt_launcher.h"
 #include "platform/qt/painting/font_stand_ins.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
@@ -99,14 +96,15 @@ using BadPictures = std::map<int, std::string>;  // what is wrong, by cover numb
 
 // All at once: decoding them takes most of the time. A bad picture leaves its slot empty. RuntimeError when a
 // file is not there.
-void LoadPictures(const PrintArguments& arguments, Platform& platform, CoverSlots& slots, BadPictures& bad) {
+void LoadPictures(const PrintArguments& arguments, const FileSystem& files, const PictureLoader& pictures,
+                  CoverSlots& slots, BadPictures& bad) {
   std::map<int, std::string> paths;
-  for (const auto& [cover, file] : arguments.pictures) paths[cover] = WindowsPath(platform.files, file);
+  for (const auto& [cover, file] : arguments.pictures) paths[cover] = WindowsPath(files, file);
   std::map<int, std::future<PicturePtr>> loading;
   QThreadPool pool;
   for (const auto& [cover, path] : paths) {
     const auto load = std::make_shared<std::packaged_task<PicturePtr()>>(
-        [&pictures = std::as_const(platform.pictures), file = arguments.pictures.at(cover), path = path] {
+        [&pictures, file = arguments.pictures.at(cover), path = path] {
           return Naming(file, path, [&] { return pictures.LoadPicture(path); });
         });
     loading.emplace(cover, load->get_future());
@@ -141,55 +139,55 @@ ExitCode Tell(const BadPictures& bad) {
   return bad.empty() ? kDone : kNotPrinted;
 }
 
-ExitCode PrintCovers(const PrintArguments& arguments, Platform& platform, const PdfFiles& pdf) {
+ExitCode PrintCovers(const PrintArguments& arguments, const FileSystem& files, const PictureLoader& pictures,
+                     Printer& printer, const PdfFiles& pdf) {
   AppState state;
   CoverSlots slots;
   state.MaxCopertine = kMaxCovers;
   state.SpessoreBordo = static_cast<std::int16_t>(arguments.outline);
-  if (!arguments.layout.empty()) ReadLayoutFile(state, platform.files, arguments.layout);
+  if (!arguments.layout.empty()) ReadLayoutFile(state, files, arguments.layout);
   if (state.NumCopertine == 0) InstallDefaultLayout(state);
   SetWorkspacePage(state);
   RequireCovers(arguments, state);
   BadPictures bad;
-  LoadPictures(arguments, platform, slots, bad);
-  if (!state.NomeLayout.empty()) platform.printer.JobTitle = state.NomeLayout;
+  LoadPictures(arguments, files, pictures, slots, bad);
+  if (!state.NomeLayout.empty()) printer.JobTitle = state.NomeLayout;
   for (int copy = 1; copy <= arguments.copies; ++copy) {
-    DisegnaFoglio(state, slots, platform.printer);
-    platform.printer.EndDoc();
+    DisegnaFoglio(state, slots, printer);
+    printer.EndDoc();
   }
   FindUndecodable(arguments, slots, pdf.Undecodable, bad);
   return Tell(bad);
 }
 
-void PrintContents(const PrintArguments& arguments, Platform& platform) {
+void PrintContents(const PrintArguments& arguments, const FileSystem& files, const FontCatalog& fonts,
+                   Printer& printer) {
   const PrintArguments::Contents& contents = *arguments.contents;
   AppState state;
   state.ElencoFontName = contents.font;
   state.ElencoFontSize = static_cast<float>(contents.size);
   state.ElencoFontItalic = contents.italic ? 1 : 0;
-  if (!platform.fonts.CanPrint(contents.font)) {
+  if (!fonts.CanPrint(contents.font)) {
     throw RuntimeError(ErrorNumber::InvalidPropertyValue, "Il carattere non è disponibile: " + contents.font);
   }
+  ConsoleWindows windows;
+  Screen screen;
   Listing listing;
-  const std::string folder = WindowsPath(platform.files, contents.folder);
-  Naming(contents.folder, folder, [&] {
-    FindSubFolders(folder, state, {platform.files, platform.screen, platform.windows}, listing);
-  });
+  const std::string folder = WindowsPath(files, contents.folder);
+  Naming(contents.folder, folder, [&] { FindSubFolders(folder, state, {files, screen, windows}, listing); });
   state.ElencoColonne = static_cast<std::int16_t>(contents.columns);
   LineCount lost = 0;
   for (int copy = 1; copy <= arguments.copies; ++copy) {
-    DrawingSurface& page = platform.printer.Surface();
+    DrawingSurface& page = printer.Surface();
     page.SetScaleMode(ScaleMode::Millimetres);
     lost = PrintRoutineAAAA(page, 1.0, state, {listing, contents.title, contents.fullPath});
-    platform.printer.EndDoc();
+    printer.EndDoc();
   }
   if (lost > 0) std::cerr << "morvane-print: righe senza posto sul foglio: " << lost << '\n';
 }
 
 ExitCode Print(const PrintArguments& arguments) {
   LocalFileSystem files("/", MountTable(), {});
-  ConsoleWindows windows;
-  Screen screen;
   // A queue does not tell which pictures it went without.
   const PictureCheck check = arguments.pdf.empty() ? PictureCheck::Whole : PictureCheck::Header;
   QtPictureLoader pictures(files, OldFormatDecoderPath(), check);
@@ -202,11 +200,8 @@ ExitCode Print(const PrintArguments& arguments) {
   if (!arguments.printer.empty()) queues.SelectPrinter(arguments.printer);
   PrinterDevice& device = arguments.pdf.empty() ? static_cast<PrinterDevice&>(queues) : pdf;
   Printer printer(device, metrics, fonts);
-  QtLauncher launcher(files, {});
-  QtHttpClient http;
-  Platform platform{windows, screen, files, pictures, metrics, fonts, printer, launcher, http, AppInfo{}};
-  if (!arguments.contents) return PrintCovers(arguments, platform, pdf);
-  PrintContents(arguments, platform);
+  if (!arguments.contents) return PrintCovers(arguments, files, pictures, printer, pdf);
+  PrintContents(arguments, files, fonts, printer);
   return kDone;
 }
 

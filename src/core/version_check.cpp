@@ -10,7 +10,9 @@ std::string VersioneRemota(std::string_view body) {
 }
 
 std::string VersioneLocale(const AppInfo& app) {
-  return std::to_string(app.major) + std::to_string(app.minor) + std::to_string(app.revision);
+  std::string digits = app.version;
+  std::erase(digits, '.');
+  return digits;
 }
 
 bool IsNewer(std::string_view versioneRemota, std::string_view versioneLocale) {
@@ -22,10 +24,8 @@ std::string NewVersionMessage(const AppInfo& app, std::string_view versioneRemot
   const auto character = [&](std::size_t i) {
     return i < digits.size() ? std::string(1, digits[i]) : std::string();
   };
-  const std::string local =
-      std::to_string(app.major) + "." + std::to_string(app.minor) + "." + std::to_string(app.revision);
   const std::string remote = character(0) + "." + character(1) + "." + character(2);
-  return "Versione di Morvane installata sul PC : " + local + "\r\n" +
+  return "Versione di Morvane installata sul PC : " + app.version + "\r\n" +
          "E' disponibile su Internet la nuova versione " + remote + " del programma.\r\n" +
          "Si desidera scaricala ed installarla adesso? ";
 }

@@ -8,9 +8,7 @@ namespace Morvane {
 struct AppInfo {
   std::string title = "Morvane";
   std::string path;  // the program's folder, Windows form; ends in a backslash only when it is a drive's root
-  int major = 2;
-  int minor = 6;
-  int revision = 0;
+  std::string version = MORVANE_VERSION;  // major, minor and revision with points between
 };
 
 }  // namespace Morvane

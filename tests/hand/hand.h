@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/platform.h"
 #include "platform/qt/desktop/qt_screen.h"
 #include "platform/qt/desktop/qt_window_system.h"
 #include "tests/support/test_machine.h"
+#include "windows/platform.h"
 
 namespace Morvane {
 

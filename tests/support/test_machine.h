@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/platform.h"
 #include "tests/support/scripted_windows.h"
+#include "windows/platform.h"
 
 namespace Morvane {
 

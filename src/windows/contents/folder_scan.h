@@ -3,8 +3,8 @@
 #include <string>
 
 #include "core/app_state.h"
-#include "platform/platform.h"
 #include "windows/contents/listing.h"
+#include "windows/platform.h"
 
 namespace Morvane {
 

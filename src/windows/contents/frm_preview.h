@@ -7,8 +7,8 @@
 #include "core/app_state.h"
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
-#include "platform/platform.h"
 #include "windows/contents/listing.h"
+#include "windows/platform.h"
 
 namespace Morvane {
 

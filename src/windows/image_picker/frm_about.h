@@ -9,7 +9,7 @@
 #include "platform/controls/menu.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/tree_view.h"
-#include "platform/platform.h"
+#include "windows/platform.h"
 
 namespace Morvane {
 

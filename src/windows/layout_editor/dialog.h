@@ -9,9 +9,9 @@
 #include "platform/controls/list_box.h"
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
-#include "platform/platform.h"
 #include "render/cover_drawing.h"
 #include "windows/layout_editor/rnd.h"
+#include "windows/platform.h"
 
 namespace Morvane {
 

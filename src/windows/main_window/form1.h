@@ -9,9 +9,9 @@
 #include "platform/controls/bars.h"
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
-#include "platform/platform.h"
 #include "render/cover_drawing.h"
 #include "windows/main_window/commands.h"
+#include "windows/platform.h"
 
 namespace Morvane {
 

@@ -2,7 +2,6 @@
 
 #include "core/app_state.h"
 #include "platform/controls/window_slot.h"
-#include "platform/platform.h"
 #include "render/cover_drawing.h"
 #include "windows/contents/frm_preview.h"
 #include "windows/fonts/fonten.h"
@@ -10,6 +9,7 @@
 #include "windows/layout_editor/dialog.h"
 #include "windows/layout_editor/rnd.h"
 #include "windows/main_window/form1.h"
+#include "windows/platform.h"
 #include "windows/side_windows/form2.h"
 #include "windows/side_windows/form3.h"
 #include "windows/side_windows/form4.h"

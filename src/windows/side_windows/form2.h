@@ -3,7 +3,7 @@
 #include "core/app_state.h"
 #include "platform/controls/form.h"
 #include "platform/controls/simple_controls.h"
-#include "platform/platform.h"
+#include "windows/platform.h"
 
 namespace Morvane {
 

@@ -123,8 +123,7 @@ void Form3::Form_Load() {
   form.Move((platform_.screen.Width - form.Width()) / 2, (platform_.screen.Height - form.Height()) / 2);
   Picture3.SetImageKey("logo");
   const AppInfo& app = platform_.app;
-  lblVersion.SetCaption("Ver." + std::to_string(app.major) + "." + std::to_string(app.minor) + "." +
-                        std::to_string(app.revision));
+  lblVersion.SetCaption("Ver." + app.version);
   StripToStart();
   inizia();
   TimerAnimazione.SetRunning(true);

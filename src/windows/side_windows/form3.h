@@ -8,7 +8,7 @@
 #include "platform/controls/form.h"
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
-#include "platform/platform.h"
+#include "windows/platform.h"
 
 namespace Morvane {
 

@@ -36,7 +36,7 @@ class InformationWindow : public ::testing::Test {
 };
 
 TEST_F(InformationWindow, OpensWithItsVersionAndBothTimersOn) {
-  machine.platform.app = {.title = "Morvane", .path = "C:\\Morvane", .major = 2, .minor = 6, .revision = 12};
+  machine.platform.app = {.title = "Morvane", .path = "C:\\Morvane", .version = "2.6.12"};
   window.form.EnsureLoaded();
   EXPECT_EQ(window.lblVersion.Caption(), "Ver.2.6.12");
   EXPECT_EQ(window.Picture5.Top(), 930);
