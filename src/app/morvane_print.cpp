@@ -22,7 +22,6 @@
 #include "platform/qt/printing/pdf_file_writer.h"
 #include "platform/qt/printing/qt_printer_device.h"
 #include "platform/runtime_error.h"
-#include "platform/units.h"
 #include "render/print_job.h"
 #include "windows/contents/folder_scan.h"
 #include "windows/contents/listing_composition.h"
@@ -38,7 +37,7 @@ class PdfFiles : public PrinterDevice {
  public:
   PdfFiles(std::string pdf, int copies) : pdf_(std::move(pdf)), copies_(copies) {}
 
-  SheetSize PortraitSheet() override { return {210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre}; }
+  SheetSize PortraitSheet() override { return kA4; }
   PrintDialogAnswer ShowDialog(const PrintDialogRequest&, PageOrientation&) override { return {}; }
   void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override {
     Undecodable =

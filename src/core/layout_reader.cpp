@@ -17,16 +17,15 @@ constexpr std::string_view kCopertina = "Copertina";
 
 struct MeasureKey {
   std::string_view word;
-  LayoutMeasure measure;
   CoverTable<double> LayoutTables::*table;
   double (*stored)(double mm);
 };
 
 constexpr MeasureKey kMeasureKeys[] = {
-    {"Larg", LayoutMeasure::Larg, &LayoutTables::CopLarg, CmFromMm},
-    {"Alte", LayoutMeasure::Alte, &LayoutTables::CopAlte, CmFromMm},
-    {"Distx", LayoutMeasure::Distx, &LayoutTables::CopDistx, InchesFromMm},
-    {"Disty", LayoutMeasure::Disty, &LayoutTables::CopDisty, InchesFromMm},
+    {"Larg", &LayoutTables::CopLarg, CmFromMm},
+    {"Alte", &LayoutTables::CopAlte, CmFromMm},
+    {"Distx", &LayoutTables::CopDistx, InchesFromMm},
+    {"Disty", &LayoutTables::CopDisty, InchesFromMm},
 };
 
 // The cover that a key's number names: 1 to `max`, in the very form in which it is written ("7", not "07" or
@@ -89,9 +88,7 @@ class LayoutReader {
     const std::size_t equals = FindEquals(key.word, line);
     const int n = CoverNumber(line.substr(key.word.size(), equals - key.word.size()), max_);
     if (n == 0) return;
-    const double mm = Val(line.substr(equals + 1));
-    (state_.*key.table)[static_cast<std::size_t>(n)] = key.stored(mm);
-    if (observer_) observer_->MeasureRead(n, key.measure, mm);
+    (state_.*key.table)[static_cast<std::size_t>(n)] = key.stored(Val(line.substr(equals + 1)));
   }
 
   std::size_t FindEquals(std::string_view word, std::string_view line) const {

@@ -7,18 +7,14 @@
 
 namespace Morvane {
 
-enum class LayoutMeasure { Larg, Alte, Distx, Disty };
-
-// Told of each value right after it was stored, while the file is still being read. May itself change the
-// state.
+// Told of the page and of each cover right after it was stored, while the file is still being read. May
+// itself change the state.
 class LayoutObserver {
  public:
   virtual ~LayoutObserver() = default;
 
   virtual void PaginaRead() = 0;
   virtual void CopertinaRead(int n) = 0;
-  // `mm` is the number in the file; the tables hold it in their own units.
-  virtual void MeasureRead(int n, LayoutMeasure measure, double mm) = 0;
 };
 
 // Reads a layout file into the tables, NumCopertine (the number of the last Copertina line) and Orientamento,

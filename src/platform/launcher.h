@@ -10,11 +10,13 @@ class Launcher {
  public:
   virtual ~Launcher() = default;
 
-  // Opens an address or a document with its associated application (verb "open"). Never fails: whether
-  // something opened is not reported. A relative document name is looked up in the program's folder.
+  // Opens `target`, a web or mail address or the path of a document (drive and backslashes, or relative to
+  // the program's folder), with its associated application. Never fails: whether something opened is not
+  // reported.
   virtual void ShellExecute(const std::string& target) = 0;
 
-  // Starts a program by its full path. RuntimeError FileNotFound when it is not there or does not start.
+  // Starts a program by its full path (drive and backslashes), without arguments. RuntimeError FileNotFound
+  // when it is not there or does not start.
   virtual void Shell(const std::string& program) = 0;
 };
 

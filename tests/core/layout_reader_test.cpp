@@ -162,10 +162,6 @@ class Recorder : public LayoutObserver {
   void CopertinaRead(int n) override {
     events.push_back("Copertina" + std::to_string(n) + " of " + std::to_string(state_.NumCopertine));
   }
-  void MeasureRead(int n, LayoutMeasure measure, double mm) override {
-    events.push_back(std::to_string(static_cast<int>(measure)) + " of " + std::to_string(n) + ": " +
-                     std::to_string(static_cast<int>(mm)));
-  }
 
   std::vector<std::string> events;
 
@@ -173,12 +169,11 @@ class Recorder : public LayoutObserver {
   const AppState& state_;
 };
 
-TEST(LayoutReader, TellsTheObserverOfEachValueOnceItIsStored) {
+TEST(LayoutReader, TellsTheObserverOfThePageAndOfEachCoverOnceItIsStored) {
   AppState state = StartState();
   Recorder recorder(state);
-  Read("Disty1=25\rPagina=1\rCopertina01=1\rCopertina4=1\rLarg1=121\rAlte2=7\rDistx3=8\r", state, &recorder);
-  EXPECT_THAT(recorder.events, ElementsAre("3 of 1: 25", "Pagina 1", "Copertina4 of 4", "0 of 1: 121",
-                                           "1 of 2: 7", "2 of 3: 8"));
+  Read("Disty1=25\rPagina=1\rCopertina01=1\rCopertina4=1\rLarg1=121\r", state, &recorder);
+  EXPECT_THAT(recorder.events, ElementsAre("Pagina 1", "Copertina4 of 4"));
 }
 
 TEST(CurrentLayout, IsReadFromTheProgramsFolderAndStaysOpen) {

@@ -49,6 +49,10 @@ void Form::Move(double left, double top) {
   Notify(ViewChange::Geometry);
 }
 
+void Form::CentreOn(const Screen& screen) {
+  Move((screen.Width - width_) / 2, (screen.Height - height_) / 2);
+}
+
 void Form::SetSize(double width, double height) {
   if (width == width_ && height == height_) return;
   width_ = width;

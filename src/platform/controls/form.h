@@ -8,6 +8,7 @@
 
 #include "platform/controls/control.h"
 #include "platform/controls/menu.h"
+#include "platform/controls/screen.h"
 
 namespace Morvane {
 
@@ -65,6 +66,7 @@ class Form : public Container {
   double ClientWidth() const { return width_; }
   double ClientHeight() const { return height_ - frameHeight_; }
   void Move(double left, double top);
+  void CentreOn(const Screen& screen);  // its frame counted in
   void SetSize(double width, double height);
   WindowState State() const { return state_; }
 

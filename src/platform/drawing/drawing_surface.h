@@ -21,7 +21,7 @@ class DrawingSurface {
   DrawingSurface(const DrawingSurface&) = delete;
   DrawingSurface& operator=(const DrawingSurface&) = delete;
 
-  // Called after each change of what is drawn.
+  // Called once what is drawn differs from what Drawing() last gave.
   std::function<void()> OnDrawn;
 
   // Size in twips. A scale set by Scale() keeps its corners when the size changes.
@@ -77,7 +77,10 @@ class DrawingSurface {
   double TextWidth(const std::string& text) const;
   double TextHeight(const std::string& text) const;
 
-  const DrawingList& Drawing() const { return drawing_; }
+  const DrawingList& Drawing() const {
+    changed_ = false;
+    return drawing_;
+  }
   // Hands the drawing over and clears the surface.
   DrawingList TakeDrawing();
 
@@ -87,6 +90,7 @@ class DrawingSurface {
   double TwipsPerUnitX() const;
   double TwipsPerUnitY() const;
   void Add(Shape shape);
+  void Changed();
 
   const TextMetrics& metrics_;
   double widthTwips_ = 0;
@@ -98,6 +102,7 @@ class DrawingSurface {
   double userHeight_ = 1;
   Font font_;
   DrawingList drawing_;
+  mutable bool changed_ = false;  // since Drawing() was last asked
 };
 
 }  // namespace Morvane

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/drawing/drawing_list.h"
+#include "platform/units.h"
 
 namespace Morvane {
 
@@ -13,8 +14,10 @@ struct SheetSize {
   double heightTwips;
 };
 
-// What the user is asked in the print dialog. The dialog never offers printing to a file, a page range or a
-// selection where `restricted` is set.
+inline constexpr SheetSize kA4 = {210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre};
+
+// What the print dialog leaves out: a restricted one offers neither a page range nor a selection. None offers
+// printing to a file.
 struct PrintDialogRequest {
   bool restricted = true;
 };

@@ -73,7 +73,7 @@ FrmPreview::FrmPreview(AppState& state, Platform& platform, FrmPreviewHooks hook
 
 void FrmPreview::Connect() {
   form.Load = [this] {
-    form.Move((platform_.screen.Width - form.Width()) / 2, (platform_.screen.Height - form.Height()) / 2);
+    form.CentreOn(platform_.screen);
     Form_Load();
   };
   form.Activate = [this] { Form_Activate(); };

@@ -64,7 +64,7 @@ fONTEN::fONTEN(AppState& state, Platform& platform) : form(kWindow), state_(stat
 
 void fONTEN::Form_Load() {
   form.SetIconKey("morvane");
-  form.Move((platform_.screen.Width - form.Width()) / 2, (platform_.screen.Height - form.Height()) / 2);
+  form.CentreOn(platform_.screen);
   ElencaFonts(LstFonts, platform_.fonts);
   Label1.SetCaption("N. " + std::to_string(LstFonts.ListCount() + 1) + " Fonts installati");
 }

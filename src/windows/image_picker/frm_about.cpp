@@ -89,7 +89,7 @@ void frmAbout::ConnectButtons() {
 
 void frmAbout::Form_Load() {
   form.SetIconKey("morvane");
-  form.Move((platform_.screen.Width - form.Width()) / 2, (platform_.screen.Height - form.Height()) / 2);
+  form.CentreOn(platform_.screen);
   BuildTree(tvwdirtree, state_, platform_.screen, platform_.files, loadContentsWindow_);
   // Opening the Desktop node named its folder; no folder is current before the first click.
   lblPath.SetCaption("");

@@ -173,7 +173,7 @@ void Dialog::DressEditTable() {
 }
 
 void Dialog::Form_Load() {
-  form.Move((platform_.screen.Width - form.Width()) / 2, (platform_.screen.Height - form.Height()) / 2);
+  form.CentreOn(platform_.screen);
   state_.NomeLayoutAperto = state_.NomeLayout;
   state_.LayoutModificato = 0;
   CartellaApp_ = WithBackslash(platform_.app.path);
@@ -273,10 +273,6 @@ void Dialog::PaginaRead() {
 // harmless where the file has that cover, whose line comes later.
 void Dialog::CopertinaRead(int n) {
   if (n == 1) (state_.CopForma[1] != 0 ? Option4 : Option3).SetValue(true);
-}
-
-void Dialog::MeasureRead(int n, LayoutMeasure measure, double mm) {
-  if (n == 1) ShowMillimetres(kMeasureRows[static_cast<std::size_t>(measure)], mm);
 }
 
 }  // namespace Morvane

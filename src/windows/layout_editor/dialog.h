@@ -96,7 +96,6 @@ class Dialog : private LayoutObserver {
   // What the file's reader tells while it reads.
   void PaginaRead() override;
   void CopertinaRead(int n) override;
-  void MeasureRead(int n, LayoutMeasure measure, double mm) override;
 
   // Editing.
   void ChooseOrientation(std::int16_t orientation);

@@ -18,7 +18,7 @@ struct MeasureRow {
   bool downMarksModified;
 };
 
-// In the order of LayoutMeasure. The step to the left does not mark the layout as modified: a user who only
+// The step to the left does not mark the layout as modified: a user who only
 // nudged a cover to the left is not asked about it.
 inline constexpr std::array<MeasureRow, 4> kMeasureRows = {{
     {&Dialog::Text1, &LayoutTables::CopLarg, CmFromMm, MmFromCm, &Dialog::Command6, &Dialog::Command7, true},

@@ -61,7 +61,7 @@ Form2::Form2(AppState& state, Platform& platform) : form(kWindow), state_(state)
 }
 
 void Form2::Form_Load() {
-  form.Move((platform_.screen.Width - form.Width()) / 2, (platform_.screen.Height - form.Height()) / 2);
+  form.CentreOn(platform_.screen);
   Label1.SetHandPointer(true);
 }
 

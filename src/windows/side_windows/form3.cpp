@@ -120,7 +120,7 @@ void Form3::ConnectEvents() {
 }
 
 void Form3::Form_Load() {
-  form.Move((platform_.screen.Width - form.Width()) / 2, (platform_.screen.Height - form.Height()) / 2);
+  form.CentreOn(platform_.screen);
   Picture3.SetImageKey("logo");
   const AppInfo& app = platform_.app;
   lblVersion.SetCaption("Ver." + app.version);

@@ -54,7 +54,7 @@ Form4::Form4(AppState& state, Platform& platform) : form(kWindow), state_(state)
 }
 
 void Form4::Form_Load() {
-  form.Move((platform_.screen.Width - form.Width()) / 2, (platform_.screen.Height - form.Height()) / 2);
+  form.CentreOn(platform_.screen);
   for (const char* kind : kKinds) List1.AddItem(kind);
   List1.SetListIndex(0);
 }

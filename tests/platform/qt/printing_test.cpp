@@ -36,7 +36,6 @@ using testing::HasSubstr;
 
 constexpr double kSizeMm = 0.05;
 constexpr double kOriginMm = 0.10;
-constexpr SheetSize kA4 = {210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre};
 constexpr double kMmPerPoint = kMillimetresPerInch / 72;
 
 // A disc's booklet with the disc in it, 10 mm and 20 mm from the origin.

@@ -24,7 +24,6 @@ namespace {
 constexpr int kLookMs = 50;
 // From the print command to a dialog, with a service that is silent.
 constexpr std::chrono::milliseconds kPatience(2000);
-constexpr SheetSize kA4 = {210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre};
 
 RuntimeError Failure(const QString& text) {
   return RuntimeError(ErrorNumber::PrinterFailure, text.toStdString());

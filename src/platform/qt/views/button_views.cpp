@@ -5,7 +5,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyleOptionButton>
-#include <QStyleOptionFocusRect>
 #include <QStylePainter>
 #include <algorithm>
 #include <memory>
@@ -30,24 +29,16 @@ void DrawCaption(QStylePainter& painter, const QRect& room, int alignment, const
                        option.state.testFlag(QStyle::State_Enabled), caption, QPalette::ButtonText);
 }
 
-void DrawFocus(QStylePainter& painter, const QStyleOptionButton& option, const QRect& around) {
-  if (!option.state.testFlag(QStyle::State_HasFocus)) return;
-  QStyleOptionFocusRect focus;
-  focus.QStyleOption::operator=(option);
-  focus.rect = around;
-  painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
-}
-
 // The indicator at the left, the caption beside it, both centred in height.
-void DrawChoice(QStylePainter& painter, QStyleOptionButton& option, QStyle::PrimitiveElement indicator,
-                QStyle::PixelMetric metric, const QString& caption) {
+void DrawChoice(QAbstractButton& button, QStylePainter& painter, QStyleOptionButton& option,
+                QStyle::PrimitiveElement indicator, QStyle::PixelMetric metric) {
   const QRect whole = option.rect;
   const int side = painter.style()->pixelMetric(metric, &option);
   option.rect = QRect(0, (whole.height() - side) / 2, side, side);
   painter.drawPrimitive(indicator, option);
   const QRect room = whole.adjusted(side + kIndicatorGap, 0, 0, 0);
-  DrawCaption(painter, room, Qt::AlignLeft | Qt::AlignVCenter, option, caption);
-  DrawFocus(painter, option, room);
+  DrawCaption(painter, room, Qt::AlignLeft | Qt::AlignVCenter, option, button.text());
+  PaintKeyboardFocus(button, painter, room);
 }
 
 void MirrorCaption(QAbstractButton& button, const Control& model) {
@@ -135,7 +126,7 @@ void WrappedButton::paintEvent(QPaintEvent*) {
   option.icon = {};
   painter.drawControl(QStyle::CE_PushButtonBevel, option);
   const QRect room = rect().adjusted(kButtonMargin, kButtonMargin, -kButtonMargin, -kButtonMargin);
-  DrawFocus(painter, option, room);
+  PaintKeyboardFocus(*this, painter, room);
   DrawCaption(painter, DrawIcon(painter, room), Qt::AlignCenter, option, text());
 }
 
@@ -193,14 +184,14 @@ void WrappedCheckBox::paintEvent(QPaintEvent*) {
   QStylePainter painter(this);
   QStyleOptionButton option;
   initStyleOption(&option);
-  DrawChoice(painter, option, QStyle::PE_IndicatorCheckBox, QStyle::PM_IndicatorWidth, text());
+  DrawChoice(*this, painter, option, QStyle::PE_IndicatorCheckBox, QStyle::PM_IndicatorWidth);
 }
 
 void WrappedRadioButton::paintEvent(QPaintEvent*) {
   QStylePainter painter(this);
   QStyleOptionButton option;
   initStyleOption(&option);
-  DrawChoice(painter, option, QStyle::PE_IndicatorRadioButton, QStyle::PM_ExclusiveIndicatorWidth, text());
+  DrawChoice(*this, painter, option, QStyle::PE_IndicatorRadioButton, QStyle::PM_ExclusiveIndicatorWidth);
 }
 
 CheckBoxView::CheckBoxView(CheckBox& model, QWidget& parent, const ViewContext& context)

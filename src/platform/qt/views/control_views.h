@@ -36,7 +36,7 @@ class TitledFrame : public QGroupBox {
   void paintEvent(QPaintEvent* event) override;
 };
 
-// The rectangle around what has the keyboard and no focus of its own.
-void PaintKeyboardFocus(QWidget& widget, QPainter& painter);
+// The dotted rectangle within a widget, where it has the keyboard.
+void PaintKeyboardFocus(QWidget& widget, QPainter& painter, const QRect& around);
 
 }  // namespace Morvane

@@ -40,7 +40,7 @@ void WrappedLabel::paintEvent(QPaintEvent*) {
   QTextOption option(alignment());
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   painter.drawText(QRectF(rect()), text(), option);
-  PaintKeyboardFocus(*this, painter);
+  PaintKeyboardFocus(*this, painter, rect());
 }
 
 LabelView::LabelView(Label& model, QWidget& parent, const ViewContext& context)

@@ -156,7 +156,7 @@ void PictureBoxView::Paint() {
     }
     painter.drawPixmap(0, 0, kept_);
   }
-  if (IsLink()) PaintKeyboardFocus(widget_, painter);
+  if (IsLink()) PaintKeyboardFocus(widget_, painter, widget_.rect());
 }
 
 Pixels PictureBoxView::PixelsFor(QSize painted) {

@@ -20,10 +20,11 @@ constexpr int kCaptionGap = 2;
 
 }  // namespace
 
-void PaintKeyboardFocus(QWidget& widget, QPainter& painter) {
+void PaintKeyboardFocus(QWidget& widget, QPainter& painter, const QRect& around) {
   if (!widget.hasFocus()) return;
   QStyleOptionFocusRect focus;
   focus.initFrom(&widget);
+  focus.rect = around;
   widget.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, &widget);
 }
 
@@ -121,7 +122,7 @@ void ImageBoxView::Paint() {
     PaintDrawing(painter, {PictureShape{whole, model_.GetPicture()}}, Context().painted);
     painter.restore();
   }
-  PaintKeyboardFocus(widget_, painter);
+  PaintKeyboardFocus(widget_, painter, widget_.rect());
 }
 
 // A line has no thickness of its own.
