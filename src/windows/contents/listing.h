@@ -11,8 +11,8 @@ namespace Morvane {
 using LineCount = std::uint64_t;
 inline constexpr LineCount kMostLines = 0x7FFF'FFFF'FFFF'FFFF;
 
-// Lines that are kept. A sheet of the smallest print has place for some thousands.
-inline constexpr std::size_t kKeptLines = 100'000;
+// Lines that are kept. A sheet of the smallest print has place for two thousand.
+inline constexpr std::size_t kKeptLines = 10'000;
 
 // The contents of a disc as lines of text: "(" + full path + ")" for a folder, the full path for a file. The
 // first kKeptLines are kept; the rest is counted.
