@@ -29,11 +29,11 @@ void DrawCaption(QStylePainter& painter, const QRect& room, int alignment, const
                        option.state.testFlag(QStyle::State_Enabled), caption, QPalette::ButtonText);
 }
 
-// The indicator at the left, the caption beside it, both centred in height.
+// The indicator at the left, no higher than the button, the caption beside it, both centred in height.
 void DrawChoice(QAbstractButton& button, QStylePainter& painter, QStyleOptionButton& option,
                 QStyle::PrimitiveElement indicator, QStyle::PixelMetric metric) {
   const QRect whole = option.rect;
-  const int side = painter.style()->pixelMetric(metric, &option);
+  const int side = std::min(painter.style()->pixelMetric(metric, &option), whole.height());
   option.rect = QRect(0, (whole.height() - side) / 2, side, side);
   painter.drawPrimitive(indicator, option);
   const QRect room = whole.adjusted(side + kIndicatorGap, 0, 0, 0);
