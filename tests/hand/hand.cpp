@@ -74,7 +74,9 @@ void Hand::Click(const Control& control, double x, double y, Qt::MouseButton but
 }
 
 void Hand::Point(const Control& control, double x, double y) {
-  QTest::mouseMove(&Surface(Find(control)), QPoint(ToPixels(x), ToPixels(y)));
+  const QPoint place(ToPixels(x), ToPixels(y));
+  // The first move over a window only enters it.
+  for (const QPoint& on : {place - QPoint(1, 0), place}) QTest::mouseMove(&Surface(Find(control)), on);
   Settle();
 }
 

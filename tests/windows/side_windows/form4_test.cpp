@@ -44,12 +44,16 @@ TEST_F(CoverSearch, WithoutATermAsksForOneAndStaysOpen) {
   Hand hand(machine);
   Form4 window(state, hand.platform);
   hand.Show(window.form);
+  EXPECT_EQ(2 * window.form.Left() + window.form.Width(), machine.TheScreen.Width);
   Hand::Press(window.List1);
   Hand::Press(window.Command1);
   ASSERT_EQ(machine.Windows.Boxes.size(), 1U);
   EXPECT_EQ(machine.Windows.Boxes[0].text, "Inserire prima un argomento di ricerca");
+  EXPECT_EQ(machine.Windows.Boxes[0].buttons, MsgBoxButtons::Ok);
   EXPECT_TRUE(Hand::See(window.Text1).hasFocus());
   EXPECT_FALSE(window.form.Unloaded());
+  Hand::Key(Qt::Key_Escape);
+  EXPECT_TRUE(window.form.Unloaded());
   EXPECT_TRUE(machine.Launches.Opened.empty());
 }
 
