@@ -12,7 +12,7 @@
 #include <utility>
 
 #include "platform/files/app_folder.h"
-#include "platform/files/local_file_system.h"
+#include "platform/files/file_system.h"
 #include "platform/qt/desktop/qt_http_client.h"
 #include "platform/qt/desktop/qt_launcher.h"
 #include "platform/qt/desktop/qt_screen.h"
@@ -70,8 +70,8 @@ int main(int argc, char** argv) {
   }
   InstallFontStandIns();
 
-  LocalFileSystem files("/", MountTable(),
-                        QStandardPaths::writableLocation(QStandardPaths::DesktopLocation).toStdString());
+  FileSystem files("/", MountTable(),
+                   QStandardPaths::writableLocation(QStandardPaths::DesktopLocation).toStdString());
   QtWindowSystem windows(files);
   Screen screen;
   const QtScreen screenMirror(screen);

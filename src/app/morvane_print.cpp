@@ -15,7 +15,7 @@
 #include "app/print_arguments.h"
 #include "core/default_layout.h"
 #include "core/layout_reader.h"
-#include "platform/files/local_file_system.h"
+#include "platform/files/file_system.h"
 #include "platform/qt/painting/font_stand_ins.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
@@ -186,7 +186,7 @@ void PrintContents(const PrintArguments& arguments, const FileSystem& files, con
 }
 
 ExitCode Print(const PrintArguments& arguments) {
-  LocalFileSystem files("/", MountTable(), {});
+  FileSystem files("/", MountTable(), {});
   // A queue does not tell which pictures it went without.
   const PictureCheck check = arguments.pdf.empty() ? PictureCheck::Whole : PictureCheck::Header;
   QtPictureLoader pictures(files, OldFormatDecoderPath(), check);

@@ -2,109 +2,95 @@
 
 #include "core/settings_file.h"
 #include "core/version_check.h"
-#include "fake_files.h"
+#include "tests/support/test_machine.h"
 
 namespace Morvane {
 namespace {
 
 constexpr const char* kPath = "C:\\Morvane\\morvane.ini";
 
-AppState Read(FakeFiles& files, const std::string& text) {
-  files.texts[kPath] = text;
-  AppState state;
-  state.AppPath = "C:\\Morvane\\";
-  ReadSettings(state, files);
-  return state;
-}
+class SettingsTest : public testing::Test {
+ protected:
+  SettingsTest() { state.AppPath = "C:\\Morvane\\"; }
 
-TEST(Settings, AreReadFromTheFirstColumnInExactCase) {
-  FakeFiles files;
-  const AppState state = Read(files,
-                              "; FileFolder=no\r\n FileFolder=no\r\nfilefolder=no\r\nAltro=1\r\n"
-                              "FileFolder=  D:\\a=b \r\nSpessoreBordo=5\rSpessoreBordo= 3 ");
-  EXPECT_EQ(state.FileFolder, "D:\\a=b");
-  EXPECT_EQ(state.SpessoreBordo, 3);
-}
-
-TEST(Settings, RoundTheThicknessAndPassOverOneOutsideSixteenBits) {
-  FakeFiles files;
-  EXPECT_EQ(Read(files, "SpessoreBordo=2.5").SpessoreBordo, 2);
-  EXPECT_EQ(Read(files, "SpessoreBordo=3.5").SpessoreBordo, 4);
-  EXPECT_EQ(Read(files, "SpessoreBordo=grosso").SpessoreBordo, 0);
-  EXPECT_EQ(Read(files, "SpessoreBordo=3\r\nSpessoreBordo=40000").SpessoreBordo, 3);
-}
-
-TEST(Settings, FallBackToTheDefaults) {
-  FakeFiles files;
-  for (const std::string text : {"", "; niente", "FileFolder=   \r\nSpessoreBordo=\r\n"}) {
-    const AppState state = Read(files, text);
-    EXPECT_EQ(state.SpessoreBordo, 0);
-    EXPECT_EQ(state.FileFolder, "c:\\");
+  std::string Read() {
+    ReadSettings(state, *machine.Files);
+    return std::to_string(state.SpessoreBordo) + " " + state.FileFolder;
   }
-  files.refuseOpen = true;
-  EXPECT_EQ(Read(files, "FileFolder=D:\\").FileFolder, "c:\\");
-  files.texts.clear();
-  AppState missing;
-  ReadSettings(missing, files);
-  EXPECT_EQ(missing.FileFolder, "c:\\");
-}
+  void RefuseFiles() {
+    machine.Files->BeforeCall = [](const char* call, const std::string& path) {
+      const bool refused = std::string(call) == "OpenForInput" || std::string(call) == "WriteText";
+      if (refused) throw RuntimeError(ErrorNumber::PathFileAccess, path);
+    };
+  }
 
-TEST(Settings, AreWrittenByteForByteAndReadBack) {
-  FakeFiles files;
+  TestMachine machine;
   AppState state;
-  state.AppPath = "C:\\Morvane\\";
-  state.SpessoreBordo = 3;
-  state.FileFolder = "C:\\Città\\";
-  SalvaImpostazioni(state, files);
-  EXPECT_EQ(files.texts[kPath],
-            "; --------------------------------------------------\r\n"
-            ";  File di inizializzazione per Morvane\r\n"
-            ";   Il team di Morvane\r\n"
-            ";   Non manomettere assolutamente queste righe!\r\n"
-            "; --------------------------------------------------\r\n"
-            "SpessoreBordo= 3 \r\n"
-            "FileFolder=C:\\Città\\\r\n");
-  const AppState read = Read(files, files.texts[kPath]);
-  EXPECT_EQ(read.SpessoreBordo, 3);
-  EXPECT_EQ(read.FileFolder, "C:\\Città\\");
+};
+
+TEST_F(SettingsTest, AreReadFromTheFirstColumnInExactCaseElseTheDefaultsStand) {
+  EXPECT_EQ(Read(), "0 c:\\") << "no file";
+  const std::pair<const char*, const char*> files[] = {
+      {"; FileFolder=no\r\n FileFolder=no\r\nfilefolder=no\r\nAltro=1\r\n"
+       "FileFolder=  D:\\a=b \r\nSpessoreBordo=5\rSpessoreBordo= 3 ",
+       "3 D:\\a=b"},
+      {"SpessoreBordo=2.5", "2 c:\\"},
+      {"SpessoreBordo=3.5", "4 c:\\"},
+      {"SpessoreBordo=grosso", "0 c:\\"},
+      {"SpessoreBordo=3\r\nSpessoreBordo=40000", "3 c:\\"},
+      {"", "0 c:\\"},
+      {"; niente", "0 c:\\"},
+      {"FileFolder=D:\\\rSpessoreBordo=2\rFileFolder=   \r\nSpessoreBordo=\r\n", "0 c:\\"}};
+  for (const auto& [text, read] : files) {
+    machine.WriteFile(kPath, text);
+    EXPECT_EQ(Read(), read) << text;
+  }
+  machine.WriteFile(kPath, "FileFolder=D:\\");
+  RefuseFiles();
+  EXPECT_EQ(Read(), "0 c:\\");
 }
 
-TEST(Settings, KeepTheOldFileQuietlyWhenItCannotBeReplaced) {
-  FakeFiles files;
-  AppState state = Read(files, "SpessoreBordo=5");
+TEST_F(SettingsTest, AreWrittenByteForByteReadBackAndKeptQuietlyWhenTheyCannotBeReplaced) {
+  const std::string head =
+      "; --------------------------------------------------\r\n"
+      ";  File di inizializzazione per Morvane\r\n"
+      ";   Il team di Morvane\r\n"
+      ";   Non manomettere assolutamente queste righe!\r\n"
+      "; --------------------------------------------------\r\n";
+  for (const auto& [width, text] : {std::pair(-3, "-3 "), {0, " 0 "}, {5, " 5 "}}) {
+    state.SpessoreBordo = static_cast<std::int16_t>(width);
+    state.FileFolder = "C:\\Città\\";
+    SalvaImpostazioni(state, *machine.Files);
+    EXPECT_EQ(machine.ReadFile(kPath), head + "SpessoreBordo=" + text + "\r\nFileFolder=C:\\Citt\xE0\\\r\n");
+    EXPECT_EQ(Read(), std::to_string(width) + " C:\\Città\\");
+  }
+  RefuseFiles();
   state.SpessoreBordo = 1;
-  files.refuseWrite = true;
-  SalvaImpostazioni(state, files);
-  EXPECT_EQ(files.texts[kPath], "SpessoreBordo=5");
+  SalvaImpostazioni(state, *machine.Files);
+  EXPECT_NE(machine.ReadFile(kPath).find("= 5 "), std::string::npos);
 }
 
-TEST(VersionCheck, DropsTheLastByteOfTheBody) {
-  EXPECT_EQ(VersioneRemota("261\n"), "261");
-  EXPECT_EQ(VersioneRemota("261"), "26");
-  EXPECT_EQ(VersioneRemota("2"), "");
-  EXPECT_EQ(VersioneRemota(""), "");
-}
-
-TEST(VersionCheck, ComparesTheJoinedDigitsAsNumbers) {
+TEST(VersionCheck, DropsTheLastByteOfTheBodyAndComparesTheJoinedDigitsAsNumbers) {
   const std::string local = VersioneLocale(AppInfo{});
   EXPECT_EQ(local, "260");
-  EXPECT_TRUE(IsNewer("261", local));
-  EXPECT_TRUE(IsNewer("2601", local));
-  for (const char* remote : {"260", "26", "259", "", "<html>404</html>"}) {
-    EXPECT_FALSE(IsNewer(remote, local)) << remote;
+  const std::tuple<const char*, const char*, bool> bodies[] = {
+      {"261\n", "261", true},  {"2601\n", "2601", true},
+      {"261", "26", false},    {"260\n", "260", false},
+      {"259\n", "259", false}, {"2", "", false},
+      {"", "", false},         {"<html>404</html>\n", "<html>404</html>", false}};
+  for (const auto& [body, version, newer] : bodies) {
+    EXPECT_EQ(VersioneRemota(body), version);
+    EXPECT_EQ(IsNewer(version, local), newer) << body;
   }
-  EXPECT_TRUE(IsNewer("1000", "999"));
 }
 
 TEST(VersionCheck, NamesTheFirstThreeCharacters) {
-  const std::string head = "Versione di Morvane installata sul PC : 2.6.0\r\n";
-  const std::string tail = " del programma.\r\nSi desidera scaricala ed installarla adesso? ";
-  EXPECT_EQ(NewVersionMessage(AppInfo{}, " 261 "),
-            head + "E' disponibile su Internet la nuova versione 2.6.1" + tail);
-  EXPECT_EQ(NewVersionMessage(AppInfo{}, "2601"),
-            head + "E' disponibile su Internet la nuova versione 2.6.0" + tail);
-  EXPECT_EQ(NewVersionMessage(AppInfo{}, "3"),
-            head + "E' disponibile su Internet la nuova versione 3.." + tail);
+  for (const auto& [remote, named] : {std::pair(" 261 ", "2.6.1"), {"2601", "2.6.0"}, {"3", "3.."}}) {
+    EXPECT_EQ(NewVersionMessage(AppInfo{}, remote),
+              std::string("Versione di Morvane installata sul PC : 2.6.0\r\n"
+                          "E' disponibile su Internet la nuova versione ") +
+                  named + " del programma.\r\nSi desidera scaricala ed installarla adesso? ");
+  }
 }
 
 }  // namespace

@@ -5,9 +5,11 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <string>
 
-#include "faulty_machine.h"
+#include "core/web_addresses.h"
+#include "faults.h"
 #include "windows/main_window/program.h"
 
 namespace Morvane {
@@ -65,6 +67,9 @@ class Session {
     machine.WriteFile("C:\\Foto\\Vacanze\\mare.txt", "");
     machine.WriteFile("C:\\Disco\\Musica\\uno.mp3", "");
     machine.WriteFile("C:\\Disco\\due.txt", "");
+    machine.Http.Bodies[std::string(WebAddresses::kUpdateFile)] = "260\n";
+    machine.Device.Turned = PageOrientation::Portrait;
+    machine.Device.Answers.assign(kPrintings, {.accepted = true, .copies = 2});
     faults.TopWindow = [this] { return windows.TopForm() ? windows.TopForm()->Name() : ""; };
     windows.Scenes = {
         {"Dialog", [this](Form& form) { EditLayouts(form); }},
@@ -77,6 +82,7 @@ class Session {
            Do([&] { Find<TextBox>(form, "Text1").SetText("disco"); });
            Press(form, "Command1");
          }}};
+    faults.Watch(machine);
   }
 
   // `afterStep` looks at the program whenever only the main window is open.
@@ -96,21 +102,17 @@ class Session {
 
   Faults faults;
   TestMachine machine;
-  FaultyFiles files{machine, faults};
   UserWindows windows;
-  TextPictures decoder{files};
-  FaultyPictures pictures{decoder, faults};
-  FaultyPrinter device{machine.Device, faults};
-  FaultyFonts fonts{machine.Fonts, faults};
-  FaultyLauncher launcher{faults};
-  FaultyHttp http{faults};
-  Printer printer{device, machine.Metrics, fonts};
-  Platform platform{windows, machine.TheScreen, files,    pictures, machine.Metrics,
-                    fonts,   printer,           launcher, http,     AppInfo{.path = "C:\\Morvane"}};
+  Platform platform{
+      windows,       machine.TheScreen,  *machine.Files,   machine.Pictures, machine.Metrics,
+      machine.Fonts, machine.ThePrinter, machine.Launches, machine.Http,     AppInfo{.path = "C:\\Morvane"}};
   Program program{platform, ','};
   std::map<std::string, int> visits;
+  std::set<std::string> kept;  // what the files held that the program found
 
  private:
+  static constexpr std::size_t kPrintings = 20;
+
   void Do(const std::function<void()>& event) { windows.UserEvent(event); }
 
   template <typename T>
@@ -181,7 +183,7 @@ class Session {
 
   void WriteKept(const std::string& path, const std::string& text) {
     machine.WriteFile(path, text);
-    files.Written.insert(text);
+    kept.insert(text);
   }
 };
 

@@ -5,15 +5,14 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "core/app_state.h"
 #include "core/layout_reader.h"
 #include "core/layout_writer.h"
 #include "core/measures.h"
+#include "platform/files/file_system.h"
 
 namespace Morvane {
 
@@ -24,11 +23,6 @@ constexpr double kMargin = 8;      // millimetres on each side that a printer ma
 constexpr double kFooterRoom = 8;  // millimetres above cover 1: the footer line stands 0.3 inch above it
 constexpr double kRounding = 1e-9;
 
-std::string Contents(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 std::vector<std::string> ShippedLayouts() {
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(kProject / "data/layouts")) {
@@ -38,24 +32,6 @@ std::vector<std::string> ShippedLayouts() {
   std::sort(names.begin(), names.end());
   return names;
 }
-
-// The lines of a text in memory, ended by CR LF.
-class TextLines : public InputFile {
- public:
-  explicit TextLines(std::string text) : text_(std::move(text)) {}
-
-  bool ReadLine(std::string& line) override {
-    if (next_ >= text_.size()) return false;
-    const std::size_t end = std::min(text_.find("\r\n", next_), text_.size());
-    line = text_.substr(next_, end - next_);
-    next_ = end + 2;
-    return true;
-  }
-
- private:
-  std::string text_;
-  std::size_t next_ = 0;
-};
 
 struct Cover {
   bool ellipse;
@@ -78,9 +54,10 @@ class ShippedLayout : public testing::TestWithParam<std::string> {
   void SetUp() override {
     state.MaxCopertine = 100;
     state.NomeLayout = GetParam();
-    bytes = Contents(kProject / "data/layouts" / (GetParam() + ".mvne"));
-    TextLines lines(bytes);
-    ReadLayout(lines, state);
+    const FileSystem files("/", MountTable("", ""), "/");
+    const std::string path = files.FromNative(kProject / "data/layouts" / (GetParam() + ".mvne"));
+    bytes = files.ReadBytes(path);
+    ReadLayout(*files.OpenForInput(path), state);
     ASSERT_GT(state.NumCopertine, 0);
   }
 

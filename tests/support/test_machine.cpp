@@ -8,7 +8,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "platform/files/local_file_system.h"
+#include "platform/files/file_system.h"
 #include "platform/runtime_error.h"
 
 namespace Morvane {
@@ -38,7 +38,13 @@ double EvenTextMetrics::LineHeight(const Font& font) const {
   return font.size * kTwipsPerPoint * 1.15;
 }
 
+std::vector<std::string> ListedFonts::Families() const {
+  Tell("Families", ErrorNumber::OutOfMemory);
+  return Names;
+}
+
 bool ListedFonts::CanPrint(const std::string& family) const {
+  Tell("CanPrint", ErrorNumber::InvalidPropertyValue);
   const auto in = [&](const std::vector<std::string>& names) {
     return std::find(names.begin(), names.end(), family) != names.end();
   };
@@ -46,17 +52,21 @@ bool ListedFonts::CanPrint(const std::string& family) const {
 }
 
 SheetSize RecordingPrinter::PortraitSheet() {
+  Tell("PortraitSheet", ErrorNumber::PrinterFailure);
   if (Broken) throw RuntimeError(ErrorNumber::PrinterFailure, "La stampante non risponde.");
   return Sheet;
 }
 
-PrintDialogAnswer RecordingPrinter::ShowDialog(const PrintDialogRequest& request, PageOrientation&) {
+PrintDialogAnswer RecordingPrinter::ShowDialog(const PrintDialogRequest& request,
+                                               PageOrientation& orientation) {
+  Tell("ShowDialog", ErrorNumber::PrinterFailure);
   Dialogs.push_back(request);
   if (DialogFails) throw RuntimeError(ErrorNumber::PrinterFailure, "La stampante non risponde.");
   if (Answers.empty()) {
     ADD_FAILURE() << "unexpected print dialog";
     return {};
   }
+  orientation = Turned.value_or(orientation);
   const PrintDialogAnswer answer = Answers.front();
   Answers.pop_front();
   return answer;
@@ -64,11 +74,13 @@ PrintDialogAnswer RecordingPrinter::ShowDialog(const PrintDialogRequest& request
 
 void RecordingPrinter::SendPage(const DrawingList& page, PageOrientation orientation,
                                 const std::string& title) {
+  Tell("SendPage", ErrorNumber::PrinterFailure);
   if (Broken) throw RuntimeError(ErrorNumber::PrinterFailure, "La stampante non risponde.");
   Jobs.push_back({page, orientation, title});
 }
 
 PicturePtr TextPictures::LoadPicture(const std::string& path) const {
+  Tell("LoadPicture", ErrorNumber::InvalidPicture);
   std::istringstream bytes(files_.ReadBytes(path));
   std::string magic;
   double width = 0;
@@ -81,11 +93,18 @@ PicturePtr TextPictures::LoadPicture(const std::string& path) const {
 }
 
 void RecordingLauncher::Shell(const std::string& program) {
+  Tell("Shell", ErrorNumber::FileNotFound);
   Started.push_back(program);
   if (ShellFails) throw RuntimeError(ErrorNumber::FileNotFound, "File non trovato: " + program);
 }
 
+// A request that fails has an empty body.
 std::string CannedHttp::OpenUrl(const std::string& url) {
+  try {
+    Tell("OpenUrl", ErrorNumber::PathNotFound);
+  } catch (const RuntimeError&) {
+    return {};
+  }
   Fetched.push_back(url);
   const auto body = Bodies.find(url);
   return body == Bodies.end() ? std::string() : body->second;
@@ -102,10 +121,26 @@ TemporaryFolder::~TemporaryFolder() {
   std::filesystem::remove_all(path_, ignored);
 }
 
+void TemporaryFolder::Write(const std::string& name, const std::string& bytes) const {
+  std::filesystem::create_directories(std::filesystem::path(Path(name)).parent_path());
+  std::ofstream file(Path(name), std::ios::binary);
+  file << bytes;
+  if (!file) throw std::runtime_error("cannot write " + name);
+}
+
+std::string TemporaryFolder::Read(const std::string& name) const {
+  std::ifstream file(Path(name), std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void TemporaryFolder::MakeFolder(const std::string& name) const {
+  std::filesystem::create_directories(Path(name));
+}
+
 TestMachine::TestMachine()
-    : Files(std::make_unique<LocalFileSystem>(
-          Root.Path(), MountTable{Root.Path() + "/mountinfo", Root.Path() + "/by-label"},
-          Root.Path() + "/home/u/Scrivania")),
+    : Files(std::make_unique<FileSystem>(Root.Path(),
+                                         MountTable{Root.Path() + "/mountinfo", Root.Path() + "/by-label"},
+                                         Root.Path() + "/home/u/Scrivania")),
       ThePrinter(Device, Metrics, Fonts),
       Pictures(*Files),
       platform{Windows, TheScreen,  *Files,   Pictures, Metrics,
@@ -116,9 +151,7 @@ TestMachine::TestMachine()
 
 void TestMachine::WriteFile(const std::string& windowsPath, const std::string& bytes) {
   MakeFolder(windowsPath.substr(0, windowsPath.rfind('\\')));
-  std::ofstream file(Files->ToNative(windowsPath), std::ios::binary);
-  file << bytes;
-  if (!file) throw std::runtime_error("cannot write " + windowsPath);
+  Root.Write(Files->ToNative(windowsPath).substr(Root.Path().size() + 1), bytes);
 }
 
 std::string TestMachine::ReadFile(const std::string& windowsPath) const {
@@ -128,7 +161,7 @@ std::string TestMachine::ReadFile(const std::string& windowsPath) const {
 void TestMachine::MakeFolder(const std::string& windowsPath) {
   std::string relative = windowsPath.substr(2);
   std::replace(relative.begin(), relative.end(), '\\', '/');
-  std::filesystem::create_directories(Root.Path() + relative);
+  Root.MakeFolder(relative);
 }
 
 void TestMachine::WritePicture(const std::string& windowsPath, int widthTwips, int heightTwips) {

@@ -1,16 +1,31 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "platform/runtime_error.h"
 #include "tests/support/scripted_windows.h"
 #include "windows/platform.h"
 
 namespace Morvane {
+
+// A device tells of each call before it is made; what is thrown then is the call's failure, which has a
+// number that suits the device.
+class Hooked {
+ public:
+  std::function<void(const std::string& call, ErrorNumber failure)> BeforeCall;
+
+ protected:
+  void Tell(const char* call, ErrorNumber failure) const {
+    if (BeforeCall) BeforeCall(call, failure);
+  }
+};
 
 // Text of one width for each character, in exact proportion to the font's size.
 class EvenTextMetrics : public TextMetrics {
@@ -19,17 +34,17 @@ class EvenTextMetrics : public TextMetrics {
   double LineHeight(const Font& font) const override;
 };
 
-class ListedFonts : public FontCatalog {
+class ListedFonts : public FontCatalog, public Hooked {
  public:
   std::vector<std::string> Names = {"Verdana", "Arial", "Tahoma"};
   std::vector<std::string> NotForPrinting;
 
-  std::vector<std::string> Families() const override { return Names; }
+  std::vector<std::string> Families() const override;
   bool CanPrint(const std::string& family) const override;
 };
 
 // A printer that keeps its jobs.
-class RecordingPrinter : public PrinterDevice {
+class RecordingPrinter : public PrinterDevice, public Hooked {
  public:
   struct Job {
     DrawingList page;
@@ -38,7 +53,8 @@ class RecordingPrinter : public PrinterDevice {
   };
 
   std::deque<PrintDialogAnswer> Answers;
-  SheetSize Sheet = {11905.5, 16837.8};  // A4
+  std::optional<PageOrientation> Turned;  // by the user in each dialog
+  SheetSize Sheet = {11905.5, 16837.8};   // A4
   bool Broken = false;
   bool DialogFails = false;
   std::vector<Job> Jobs;
@@ -50,7 +66,7 @@ class RecordingPrinter : public PrinterDevice {
 };
 
 // A picture file of the tests is a text "PICTURE width height", in twips; anything else cannot be decoded.
-class TextPictures : public PictureLoader {
+class TextPictures : public PictureLoader, public Hooked {
  public:
   explicit TextPictures(const FileSystem& files) : files_(files) {}
 
@@ -62,7 +78,7 @@ class TextPictures : public PictureLoader {
   const FileSystem& files_;
 };
 
-class RecordingLauncher : public Launcher {
+class RecordingLauncher : public Launcher, public Hooked {
  public:
   std::vector<std::string> Opened;
   std::vector<std::string> Started;
@@ -72,7 +88,7 @@ class RecordingLauncher : public Launcher {
   void Shell(const std::string& program) override;
 };
 
-class CannedHttp : public HttpClient {
+class CannedHttp : public HttpClient, public Hooked {
  public:
   std::map<std::string, std::string> Bodies;
   std::vector<std::string> Fetched;
@@ -89,6 +105,10 @@ class TemporaryFolder {
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
   const std::string& Path() const { return path_; }
+  std::string Path(const std::string& name) const { return path_ + "/" + name; }
+  void Write(const std::string& name, const std::string& bytes) const;  // folders too
+  std::string Read(const std::string& name) const;
+  void MakeFolder(const std::string& name) const;
 
  private:
   std::string path_;

@@ -3,9 +3,18 @@
 #include <string>
 #include <vector>
 
-#include "platform/files/file_system.h"
-
 namespace Morvane {
+
+// Type codes of drives.
+enum class DriveType {
+  Unknown = 0,
+  NoRoot = 1,
+  Removable = 2,
+  Fixed = 3,
+  Remote = 4,
+  CdRom = 5,
+  RamDisk = 6
+};
 
 struct Volume {
   char letter = 0;

@@ -51,8 +51,7 @@ bool CanBeGiven(const std::string& name) {
 
 char DriveLetter(const std::string& path) {
   if (path.size() < 2 || path[1] != ':') return 0;
-  const char letter = path[0];
-  if (letter >= 'a' && letter <= 'z') return static_cast<char>(letter - 'a' + 'A');
+  const char letter = ToUpper(path.substr(0, 1)).front();
   return letter >= 'A' && letter <= 'Z' ? letter : '\0';
 }
 

@@ -40,49 +40,6 @@ bool FewDescriptorsLeft(int descriptor) {
   return static_cast<rlim_t>(descriptor) + reserved >= limit.rlim_cur;
 }
 
-class TextFile : public InputFile {
- public:
-  TextFile(FileDescriptor file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
-
-  bool ReadLine(std::string& line) override {
-    std::string bytes;
-    bool any = false;
-    while (Fill()) {
-      any = true;
-      const std::string_view rest = std::string_view(buffer_).substr(next_);
-      const std::size_t end = rest.find('\r');
-      bytes += rest.substr(0, end);
-      if (end != std::string_view::npos) {
-        next_ += end + 1;
-        if (Fill() && buffer_[next_] == '\n') ++next_;
-        break;
-      }
-      next_ = buffer_.size();
-    }
-    if (any) line = FromWindows1252(bytes);
-    return any;
-  }
-
- private:
-  // Makes sure that a byte is at hand; false at the end of the file. The buffer goes then: the handle may
-  // stay.
-  bool Fill() {
-    if (next_ < buffer_.size()) return true;
-    if (atEnd_) return false;
-    buffer_.clear();
-    next_ = 0;
-    atEnd_ = !AppendFrom(file_.Get(), kChunk, buffer_, path_);
-    if (atEnd_) std::string().swap(buffer_);
-    return !atEnd_;
-  }
-
-  FileDescriptor file_;
-  std::string path_;
-  std::string buffer_;
-  std::size_t next_ = 0;
-  bool atEnd_ = false;
-};
-
 }  // namespace
 
 FileDescriptor OpenPlainFile(const std::string& native, const std::string& path) {
@@ -109,10 +66,40 @@ std::string ReadPlainFile(const std::string& native, const std::string& path) {
   return bytes;
 }
 
-std::unique_ptr<InputFile> OpenTextFile(const std::string& native, const std::string& path) {
-  FileDescriptor file = OpenPlainFile(native, path);
-  if (FewDescriptorsLeft(file.Get())) throw FileError(ErrorNumber::PathFileAccess, path);
-  return std::make_unique<TextFile>(std::move(file), path);
+InputFile::InputFile(const std::string& native, std::string path, FileHook beforeCall)
+    : file_(OpenPlainFile(native, path)), path_(std::move(path)), beforeCall_(std::move(beforeCall)) {
+  if (FewDescriptorsLeft(file_.Get())) throw FileError(ErrorNumber::PathFileAccess, path_);
+}
+
+bool InputFile::ReadLine(std::string& line) {
+  if (beforeCall_) beforeCall_("ReadLine", path_);
+  std::string bytes;
+  bool any = false;
+  while (Fill()) {
+    any = true;
+    const std::string_view rest = std::string_view(buffer_).substr(next_);
+    const std::size_t end = rest.find('\r');
+    bytes += rest.substr(0, end);
+    if (end != std::string_view::npos) {
+      next_ += end + 1;
+      if (Fill() && buffer_[next_] == '\n') ++next_;
+      break;
+    }
+    next_ = buffer_.size();
+  }
+  if (any) line = FromWindows1252(bytes);
+  return any;
+}
+
+// Makes sure that a byte is at hand; false at the end of the file. The buffer goes then: the handle may stay.
+bool InputFile::Fill() {
+  if (next_ < buffer_.size()) return true;
+  if (atEnd_) return false;
+  buffer_.clear();
+  next_ = 0;
+  atEnd_ = !AppendFrom(file_.Get(), kChunk, buffer_, path_);
+  if (atEnd_) std::string().swap(buffer_);
+  return !atEnd_;
 }
 
 }  // namespace Morvane

@@ -43,7 +43,7 @@ TEST_F(FolderListingTest, ReadsEverythingAtOnce) {
 }
 
 TEST_F(FolderListingTest, FindsTheFirstFolderThatIsAccepted) {
-  const LocalFileSystem files = Machine();
+  const FileSystem files = Machine();
   EXPECT_EQ(files.FirstSubFolder("C:\\d", [](const std::string&) { return true; }), ".nascosta");
   EXPECT_EQ(
       files.FirstSubFolder("C:\\d", [](const std::string& name) { return name[0] != '.' && name != "alfa"; }),
@@ -53,7 +53,7 @@ TEST_F(FolderListingTest, FindsTheFirstFolderThatIsAccepted) {
 
 TEST_F(FolderListingTest, TellsWhyAFolderCannotBeRead) {
   Link("giro", "giro");
-  const LocalFileSystem files = Machine();
+  const FileSystem files = Machine();
   EXPECT_EQ(NumberOfErrorIn([&] { files.PlainFiles("C:\\manca"); }), ErrorNumber::PathNotFound);
   EXPECT_EQ(NumberOfErrorIn([&] { files.SubFolders("Q:\\"); }), ErrorNumber::PathNotFound);
   EXPECT_EQ(NumberOfErrorIn([&] { files.ReadFolder("C:\\d\\Beta.jpg"); }), ErrorNumber::PathNotFound);
@@ -61,7 +61,7 @@ TEST_F(FolderListingTest, TellsWhyAFolderCannotBeRead) {
 }
 
 TEST_F(FolderListingTest, FindsOnlyPlainFiles) {
-  const LocalFileSystem files = Machine();
+  const FileSystem files = Machine();
   EXPECT_TRUE(files.FileExists("C:\\d\\BETA.jpg"));
   EXPECT_TRUE(files.FileExists("C:\\d\\collegata.jpg"));
   EXPECT_TRUE(files.FileExists("C:\\d\\.celata.jpg"));

@@ -22,7 +22,7 @@ TEST_F(MovingTest, KillsFilesAndRefusesReadOnlyOnesAndFolders) {
   temp_.Write("root/d/sola.jpg", "");
   ::chmod(temp_.Path("root/d/sola.jpg").c_str(), 0444);
   fs::create_symlink("assente", temp_.Path("root/d/rotto"));
-  LocalFileSystem files = Machine();
+  FileSystem files = Machine();
   files.Kill("C:\\D\\A.JPG");
   files.Kill("C:\\d\\rotto");
   EXPECT_EQ(NumberOfErrorIn([&] { files.Kill("C:\\d\\a.jpg"); }), ErrorNumber::FileNotFound);
@@ -33,7 +33,7 @@ TEST_F(MovingTest, KillsFilesAndRefusesReadOnlyOnesAndFolders) {
 
 TEST_F(MovingTest, RenamesAndMovesAsTyped) {
   temp_.MakeFolder("root/altra");
-  LocalFileSystem files = Machine();
+  FileSystem files = Machine();
   files.Name("C:\\d\\A.jpg", "C:\\d\\Caffè?.jpg");
   files.Name("C:\\d\\b.jpg", "C:\\d\\..\\ALTRA\\b2.jpg");
   EXPECT_EQ(temp_.Read("root/d/Caffè?.jpg"), "a");
@@ -41,14 +41,14 @@ TEST_F(MovingTest, RenamesAndMovesAsTyped) {
 }
 
 TEST_F(MovingTest, TakesAChangeOfCaseAndNoChangeQuietly) {
-  LocalFileSystem files = Machine();
+  FileSystem files = Machine();
   files.Name("C:\\d\\a.jpg", "C:\\d\\a.jpg");
   files.Name("C:\\d\\a.jpg", "C:\\d\\A.JPG");
   EXPECT_THAT(files.PlainFiles("C:\\d"), ElementsAre("A.JPG", "b.jpg"));
 }
 
 TEST_F(MovingTest, NeverReplacesWhatIsThere) {
-  LocalFileSystem files = Machine();
+  FileSystem files = Machine();
   EXPECT_EQ(NumberOfErrorIn([&] { files.Name("C:\\d\\a.jpg", "C:\\d\\B.JPG"); }),
             ErrorNumber::FileAlreadyExists);
   EXPECT_EQ(NumberOfErrorIn([&] { files.Name("C:\\d\\a.jpg", "C:\\D"); }), ErrorNumber::FileAlreadyExists);
@@ -56,7 +56,7 @@ TEST_F(MovingTest, NeverReplacesWhatIsThere) {
 }
 
 TEST_F(MovingTest, RefusesBadNamesAndMissingPlaces) {
-  LocalFileSystem files = Machine();
+  FileSystem files = Machine();
   for (const char* name : {"", "x/y", "../../x", "D:\\x.jpg\\", "D:"}) {
     EXPECT_EQ(NumberOfErrorIn([&] { files.Name("C:\\d\\a.jpg", "C:\\d\\" + std::string(name)); }),
               ErrorNumber::BadFileName)
@@ -75,7 +75,7 @@ TEST_F(MovingTest, CopiesToAnotherVolumeWithoutReplacing) {
     GTEST_SKIP() << "mounting is not permitted";
   temp_.Write("root/volume/b.jpg", "altro");
   temp_.Write("root/d/grande.jpg", std::string(200000, 'g'));
-  LocalFileSystem files = Machine();
+  FileSystem files = Machine();
   files.Name("C:\\d\\a.jpg", "C:\\volume\\a.jpg");
   const std::string moved = temp_.Read("root/volume/a.jpg");
   const ErrorNumber taken = NumberOfErrorIn([&] { files.Name("C:\\d\\b.jpg", "C:\\volume\\b.jpg"); });

@@ -20,7 +20,7 @@ class PathMappingTest : public FilesTest {
 
 TEST_F(PathMappingTest, MapsDrivesBothWays) {
   temp_.Write("root/media/u/MUSICA/Brani/uno.mp3", "");
-  const LocalFileSystem files = Machine(kMounts);
+  const FileSystem files = Machine(kMounts);
   EXPECT_THAT(files.DriveRoots(), ElementsAre("C:\\", "D:\\"));
   EXPECT_EQ(files.TypeOfDrive("D:"), DriveType::CdRom);
   EXPECT_EQ(files.TypeOfDrive("Q:"), DriveType::NoRoot);
@@ -38,7 +38,7 @@ TEST_F(PathMappingTest, MapsDrivesBothWays) {
 }
 
 TEST_F(PathMappingTest, ServesTheRealRoot) {
-  const LocalFileSystem files("/", MountTable("", ""), "/");
+  const FileSystem files("/", MountTable("", ""), "/");
   EXPECT_EQ(files.ToNative("C:\\"), "/");
   EXPECT_EQ(files.ToNative("\\"), "/");
   EXPECT_EQ(files.FromNative("/"), "C:\\");
@@ -53,7 +53,7 @@ TEST_F(PathMappingTest, TakesTheExactNameElseTheFirstEqualWithoutCase) {
   temp_.Write("root/dati/NOTE.txt", "maiuscolo");
   temp_.Write("root/dati/Note.txt", "iniziale");
   temp_.Write("root/DATI/Altro.txt", "altro");
-  const LocalFileSystem files = Machine();
+  const FileSystem files = Machine();
   EXPECT_EQ(files.ReadBytes("C:\\dati\\foto.txt"), "minuscolo");
   EXPECT_EQ(files.ReadBytes("C:\\dati\\FOTO.txt"), "maiuscolo");
   EXPECT_EQ(files.ReadBytes("C:\\dati\\Foto.TXT"), "minuscolo");
@@ -66,7 +66,7 @@ TEST_F(PathMappingTest, TakesTheExactNameElseTheFirstEqualWithoutCase) {
 
 TEST_F(PathMappingTest, ReadsPathsInEachFormThatCallersWrite) {
   temp_.Write("root/dati/a.txt", "a");
-  const LocalFileSystem files = Machine();
+  const FileSystem files = Machine();
   for (const char* path : {"C:\\dati\\a.txt", "c:\\\\dati\\\\a.txt", "\\dati\\a.txt", "dati\\a.txt",
                            "C:dati\\a.txt", "C:\\dati\\.\\x\\..\\a.txt", "C:\\..\\..\\dati\\a.txt"}) {
     EXPECT_TRUE(files.FileExists(path)) << path;
@@ -80,7 +80,7 @@ TEST_F(PathMappingTest, ReadsPathsInEachFormThatCallersWrite) {
 
 TEST_F(PathMappingTest, NeverLeavesADriveThroughItsParents) {
   temp_.Write("fuori.txt", "");
-  const LocalFileSystem files = Machine(kMounts);
+  const FileSystem files = Machine(kMounts);
   EXPECT_FALSE(files.FileExists("C:\\..\\fuori.txt"));
   EXPECT_EQ(files.ToNative("C:\\..\\..\\x"), Root("/x"));
   EXPECT_EQ(files.ToNative("D:\\..\\x"), Root("/media/u/MUSICA/x"));
@@ -90,7 +90,7 @@ TEST_F(PathMappingTest, NeverLeavesADriveThroughItsParents) {
 TEST_F(PathMappingTest, ShowsAndOpensNamesThatAreNoUtf8) {
   temp_.Write("root/vecchi/caff\xE9.jpg", "1252");
   temp_.Write("root/vecchi/un\\nome.jpg", "");
-  const LocalFileSystem files = Machine();
+  const FileSystem files = Machine();
   EXPECT_THAT(files.PlainFiles("C:\\vecchi"), ElementsAre("caffé.jpg"));
   EXPECT_EQ(files.ReadBytes("C:\\vecchi\\caffé.jpg"), "1252");
   EXPECT_EQ(files.ReadBytes("C:\\Vecchi\\CAFFÉ.JPG"), "1252");
@@ -99,7 +99,7 @@ TEST_F(PathMappingTest, ShowsAndOpensNamesThatAreNoUtf8) {
 
 TEST_F(PathMappingTest, TellsAMissingFileFromAMissingFolder) {
   temp_.Write("root/dati/a.txt", "");
-  const LocalFileSystem files = Machine();
+  const FileSystem files = Machine();
   EXPECT_EQ(NumberOfErrorIn([&] { files.ReadBytes("C:\\dati\\b.txt"); }), ErrorNumber::FileNotFound);
   EXPECT_EQ(NumberOfErrorIn([&] { files.ReadBytes("C:\\manca\\b.txt"); }), ErrorNumber::PathNotFound);
   EXPECT_EQ(NumberOfErrorIn([&] { files.ReadBytes("C:\\dati\\a.txt\\b.txt"); }), ErrorNumber::PathNotFound);
@@ -108,7 +108,7 @@ TEST_F(PathMappingTest, TellsAMissingFileFromAMissingFolder) {
 
 TEST_F(PathMappingTest, SeesADriveThatIsMountedWhileTheProgramRuns) {
   temp_.Write("root/media/u/MUSICA/a.txt", "disco");
-  const LocalFileSystem files = Machine("");
+  const FileSystem files = Machine("");
   EXPECT_FALSE(files.FileExists("D:\\a.txt"));
   temp_.Write("mountinfo", kMounts);
   EXPECT_EQ(files.ReadBytes("D:\\a.txt"), "disco");

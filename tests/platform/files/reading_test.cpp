@@ -43,7 +43,7 @@ TEST_F(ReadingTest, RefusesWhatIsNoPlainFile) {
   ::mkfifo(temp_.Path("root/tubo").c_str(), 0600);
   std::filesystem::create_symlink("/dev/zero", temp_.Path("root/zero"));
   std::filesystem::create_symlink("anello", temp_.Path("root/anello"));
-  const LocalFileSystem files = Machine();
+  const FileSystem files = Machine();
   for (const char* path : {"C:\\cartella", "C:\\tubo", "C:\\zero", "C:\\anello"}) {
     EXPECT_EQ(NumberOfErrorIn([&] { files.OpenForInput(path); }), ErrorNumber::PathFileAccess) << path;
     EXPECT_EQ(NumberOfErrorIn([&] { files.ReadBytes(path); }), ErrorNumber::PathFileAccess) << path;
@@ -55,14 +55,14 @@ TEST_F(ReadingTest, ReadsBytesAsTheyStandAndRefusesHugeFiles) {
   temp_.Write("root/foto.bin", bytes);
   temp_.Write("root/enorme.bin", "");
   std::filesystem::resize_file(temp_.Path("root/enorme.bin"), 512ULL * 1024 * 1024 + 1);
-  const LocalFileSystem files = Machine();
+  const FileSystem files = Machine();
   EXPECT_EQ(files.ReadBytes("C:\\foto.bin"), bytes);
   EXPECT_EQ(NumberOfErrorIn([&] { files.ReadBytes("C:\\enorme.bin"); }), ErrorNumber::OutOfMemory);
 }
 
 TEST_F(ReadingTest, RefusesTextFilesWhenFewDescriptorsAreLeft) {
   temp_.Write("root/t.txt", "testo\r\n");
-  const LocalFileSystem files = Machine();
+  const FileSystem files = Machine();
   rlimit before{};
   ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
   // The least that must stay free is 256, or half of a limit that is not much above.

@@ -8,7 +8,7 @@
 #include <iterator>
 #include <string>
 
-#include "platform/files/local_file_system.h"
+#include "platform/files/file_system.h"
 #include "platform/runtime_error.h"
 #include "tests/support/test_machine.h"
 
@@ -40,10 +40,10 @@ class FilesTest : public ::testing::Test {
  protected:
   FilesTest() { temp_.MakeFolder("root/home/u/Scrivania"); }
 
-  LocalFileSystem Machine(const std::string& mountInfo = "") const {
+  FileSystem Machine(const std::string& mountInfo = "") const {
     temp_.Write("mountinfo", mountInfo);
-    return LocalFileSystem(temp_.Path("root"), MountTable(temp_.Path("mountinfo"), temp_.Path("by-label")),
-                           temp_.Path("root/home/u/Scrivania"));
+    return FileSystem(temp_.Path("root"), MountTable(temp_.Path("mountinfo"), temp_.Path("by-label")),
+                      temp_.Path("root/home/u/Scrivania"));
   }
 
   TempFolder temp_;

@@ -51,7 +51,7 @@ TEST_F(WritingTest, RefusesReadOnlyFilesAndWhatIsNoFile) {
   temp_.Write("root/d/sola.txt", "vecchio");
   ::chmod(temp_.Path("root/d/sola.txt").c_str(), 0444);
   temp_.MakeFolder("root/d/cartella");
-  LocalFileSystem files = Machine();
+  FileSystem files = Machine();
   EXPECT_EQ(NumberOfErrorIn([&] { files.WriteText("C:\\d\\sola.txt", "nuovo"); }),
             ErrorNumber::PathFileAccess);
   EXPECT_EQ(NumberOfErrorIn([&] { files.WriteText("C:\\d\\cartella", "nuovo"); }),
@@ -63,7 +63,7 @@ TEST_F(WritingTest, RefusesReadOnlyFilesAndWhatIsNoFile) {
 }
 
 TEST_F(WritingTest, RefusesNamesThatCannotBeGiven) {
-  LocalFileSystem files = Machine();
+  FileSystem files = Machine();
   const std::string names[] = {"a/b.txt",
                                "../../fuori.txt",
                                "C:x.txt",
@@ -83,7 +83,7 @@ TEST_F(WritingTest, RefusesNamesThatCannotBeGiven) {
 
 TEST_F(WritingTest, KeepsTheOldFileWholeWhenTheDiskIsFull) {
   temp_.Write("root/d/a.txt", "vecchio");
-  LocalFileSystem files = Machine();
+  FileSystem files = Machine();
   rlimit before{};
   ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
   const rlimit tight{1000, before.rlim_max};
@@ -126,7 +126,7 @@ bool RunUntilSystemCall(int last, Work work) {
 }
 
 TEST_F(WritingTest, LeavesTheOldTextOrTheNewOneWhereverTheProgramDies) {
-  LocalFileSystem files = Machine();
+  FileSystem files = Machine();
   const std::string newText(3000, 'n');
   bool finished = false;
   int oldSeen = 0;

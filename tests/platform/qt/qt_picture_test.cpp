@@ -10,7 +10,7 @@
 #include <fstream>
 #include <thread>
 
-#include "platform/files/local_file_system.h"
+#include "platform/files/file_system.h"
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/pictures/qt_picture.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
@@ -192,7 +192,7 @@ TEST_F(QtPictureTest, PhotoCutShortIsDrawnAsFarAsItGoes) {
 TEST_F(QtPictureTest, LoadsManyAtOnceWhileVolumesComeAndGo) {
   constexpr int kPictures = 20;
   const std::string table = machine_.Root.Path() + "/mounts";
-  const LocalFileSystem files(machine_.Root.Path(), MountTable(table, ""), "");
+  const FileSystem files(machine_.Root.Path(), MountTable(table, ""), "");
   const QtPictureLoader loader(files, "");
   machine_.WriteFile("C:\\foto.png", Encoded(TwoHalves(64, 32), "png"));
   std::atomic<int> loaded = 0;

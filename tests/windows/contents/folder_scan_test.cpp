@@ -9,7 +9,7 @@
 #include <set>
 
 #include "platform/files/file_error.h"
-#include "platform/files/local_file_system.h"
+#include "platform/files/file_system.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
@@ -19,9 +19,9 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 // A disc that exists in memory only; a folder without an entry can't be read.
-class TreeFiles : public LocalFileSystem {
+class TreeFiles : public FileSystem {
  public:
-  TreeFiles() : LocalFileSystem("/", MountTable{}, "/") {}
+  TreeFiles() : FileSystem("/", MountTable{}, "/") {}
 
   std::map<std::string, FolderEntries> tree;
   mutable std::map<std::string, int> readings;

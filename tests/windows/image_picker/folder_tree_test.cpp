@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "picker_fixture.h"
-#include "platform/files/local_file_system.h"
+#include "platform/files/file_system.h"
 
 namespace Morvane {
 namespace {
@@ -14,10 +14,10 @@ using ::testing::IsEmpty;
 
 // Empty drives A:, B: and so on, of types that no mount of this system gives, too; it notes the drives that
 // were asked for more than their type.
-class Drives : public LocalFileSystem {
+class Drives : public FileSystem {
  public:
   explicit Drives(std::vector<int> types)
-      : LocalFileSystem("/", MountTable("", ""), ""), types_(std::move(types)) {}
+      : FileSystem("/", MountTable("", ""), ""), types_(std::move(types)) {}
 
   mutable std::string asked;
 

@@ -1,4 +1,4 @@
-#include "platform/files/local_file_system.h"
+#include "platform/files/file_system.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -10,9 +10,9 @@
 #include <utility>
 
 #include "platform/files/file_error.h"
+#include "platform/files/folder_reader.h"
 #include "platform/files/name_order.h"
 #include "platform/files/pending_file.h"
-#include "platform/files/plain_file.h"
 #include "platform/windows_1252.h"
 
 namespace Morvane {
@@ -52,6 +52,15 @@ void RemoveFile(const std::string& native, const std::string& path) {
   if (::unlink(native.c_str()) != 0) throw SystemFileError(errno, path);
 }
 
+FolderReader OpenFolder(const PathMapping& paths, const std::string& folder) {
+  const auto native = paths.Find(folder);
+  if (!native) throw FileError(ErrorNumber::PathNotFound, folder);
+  FileDescriptor descriptor(::open(native->c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!descriptor.IsOpen())
+    throw errno == ENOENT ? FileError(ErrorNumber::PathNotFound, folder) : SystemFileError(errno, folder);
+  return {std::move(descriptor), folder};
+}
+
 void MoveToOtherVolume(const std::string& native, const PathTarget& target, const std::string& path) {
   struct stat info {};
   if (::lstat(native.c_str(), &info) != 0) throw SystemFileError(errno, path);
@@ -74,10 +83,15 @@ void MoveToOtherVolume(const std::string& native, const PathTarget& target, cons
 
 }  // namespace
 
-LocalFileSystem::LocalFileSystem(std::string root, MountTable mounts, std::string desktopFolder)
+FileSystem::FileSystem(std::string root, MountTable mounts, std::string desktopFolder)
     : paths_(std::move(root), std::move(mounts)), desktopFolder_(std::move(desktopFolder)) {}
 
-std::vector<std::string> LocalFileSystem::DriveRoots() const {
+void FileSystem::Tell(const char* call, const std::string& path) const {
+  if (BeforeCall) BeforeCall(call, path);
+}
+
+std::vector<std::string> FileSystem::DriveRoots() const {
+  Tell("DriveRoots");
   std::vector<std::string> roots;
   for (const Volume& volume : paths_.CurrentVolumes()) {
     roots.push_back(std::string(1, volume.letter) + ":\\");
@@ -85,28 +99,22 @@ std::vector<std::string> LocalFileSystem::DriveRoots() const {
   return roots;
 }
 
-DriveType LocalFileSystem::TypeOfDrive(const std::string& drive) const {
+DriveType FileSystem::TypeOfDrive(const std::string& drive) const {
+  Tell("TypeOfDrive", drive);
   const auto volume = paths_.VolumeOf(drive);
   return volume ? volume->type : DriveType::NoRoot;
 }
 
-std::string LocalFileSystem::VolumeLabel(const std::string& root) const {
+std::string FileSystem::VolumeLabel(const std::string& root) const {
+  Tell("VolumeLabel", root);
   const auto volume = paths_.VolumeOf(root);
   return volume ? paths_.Label(*volume) : "";
 }
 
-FolderReader LocalFileSystem::OpenFolder(const std::string& folder) const {
-  const auto native = paths_.Find(folder);
-  if (!native) throw FileError(ErrorNumber::PathNotFound, folder);
-  FileDescriptor descriptor(::open(native->c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!descriptor.IsOpen())
-    throw errno == ENOENT ? FileError(ErrorNumber::PathNotFound, folder) : SystemFileError(errno, folder);
-  return {std::move(descriptor), folder};
-}
-
-std::vector<std::string> LocalFileSystem::PlainFiles(const std::string& folder) const {
+std::vector<std::string> FileSystem::PlainFiles(const std::string& folder) const {
+  Tell("PlainFiles", folder);
   std::vector<std::string> names;
-  FolderReader reader = OpenFolder(folder);
+  FolderReader reader = OpenFolder(paths_, folder);
   while (reader.Next()) {
     if (!reader.IsHidden() && reader.Kind() == EntryKind::File) names.push_back(reader.Name());
   }
@@ -114,9 +122,10 @@ std::vector<std::string> LocalFileSystem::PlainFiles(const std::string& folder) 
   return names;
 }
 
-std::vector<std::string> LocalFileSystem::SubFolders(const std::string& folder) const {
+std::vector<std::string> FileSystem::SubFolders(const std::string& folder) const {
+  Tell("SubFolders", folder);
   std::vector<std::string> names;
-  FolderReader reader = OpenFolder(folder);
+  FolderReader reader = OpenFolder(paths_, folder);
   while (reader.Next()) {
     if (reader.Kind() == EntryKind::Folder) names.push_back(reader.Name());
   }
@@ -124,10 +133,11 @@ std::vector<std::string> LocalFileSystem::SubFolders(const std::string& folder) 
   return names;
 }
 
-std::string LocalFileSystem::FirstSubFolder(const std::string& folder,
-                                            const std::function<bool(const std::string&)>& accept) const {
+std::string FileSystem::FirstSubFolder(const std::string& folder,
+                                       const std::function<bool(const std::string&)>& accept) const {
+  Tell("FirstSubFolder", folder);
   std::string first;
-  FolderReader reader = OpenFolder(folder);
+  FolderReader reader = OpenFolder(paths_, folder);
   while (reader.Next()) {
     std::string name = reader.Name();
     const bool better = first.empty() || NameIsBefore(name, first);
@@ -136,9 +146,10 @@ std::string LocalFileSystem::FirstSubFolder(const std::string& folder,
   return first;
 }
 
-FolderEntries LocalFileSystem::ReadFolder(const std::string& folder) const {
+FolderEntries FileSystem::ReadFolder(const std::string& folder) const {
+  Tell("ReadFolder", folder);
   FolderEntries entries;
-  FolderReader reader = OpenFolder(folder);
+  FolderReader reader = OpenFolder(paths_, folder);
   while (reader.Next()) {
     const EntryKind kind = reader.Kind();
     if (kind == EntryKind::Folder) entries.folders.push_back(reader.Name());
@@ -149,33 +160,39 @@ FolderEntries LocalFileSystem::ReadFolder(const std::string& folder) const {
   return entries;
 }
 
-std::string LocalFileSystem::FolderIdentity(const std::string& folder) const {
+std::string FileSystem::FolderIdentity(const std::string& folder) const {
+  Tell("FolderIdentity", folder);
   const auto native = paths_.Find(folder);
   if (!native) throw FileError(ErrorNumber::PathNotFound, folder);
   return ResolveLinks(*native, folder);
 }
 
-bool LocalFileSystem::FileExists(const std::string& path) const {
+bool FileSystem::FileExists(const std::string& path) const {
+  Tell("FileExists", path);
   const auto native = paths_.Find(path);
   struct stat info {};
   return native && ::stat(native->c_str(), &info) == 0 && S_ISREG(info.st_mode);
 }
 
-bool LocalFileSystem::FolderExists(const std::string& path) const {
+bool FileSystem::FolderExists(const std::string& path) const {
+  Tell("FolderExists", path);
   const auto native = paths_.Find(path);
   struct stat info {};
   return native && ::stat(native->c_str(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
-std::unique_ptr<InputFile> LocalFileSystem::OpenForInput(const std::string& path) const {
-  return OpenTextFile(paths_.Existing(path), path);
+std::unique_ptr<InputFile> FileSystem::OpenForInput(const std::string& path) const {
+  Tell("OpenForInput", path);
+  return std::make_unique<InputFile>(paths_.Existing(path), path, BeforeCall);
 }
 
-std::string LocalFileSystem::ReadBytes(const std::string& path) const {
+std::string FileSystem::ReadBytes(const std::string& path) const {
+  Tell("ReadBytes", path);
   return ReadPlainFile(paths_.Existing(path), path);
 }
 
-void LocalFileSystem::WriteText(const std::string& path, const std::string& utf8) {
+void FileSystem::WriteText(const std::string& path, const std::string& utf8) {
+  Tell("WriteText", path);
   const PathTarget target = paths_.Target(path);
   const std::string bytes = ToWindows1252(utf8);
   if (target.existing) {
@@ -187,7 +204,8 @@ void LocalFileSystem::WriteText(const std::string& path, const std::string& utf8
   file.TakeFreeName(target.name);
 }
 
-void LocalFileSystem::Kill(const std::string& path) {
+void FileSystem::Kill(const std::string& path) {
+  Tell("Kill", path);
   const std::string native = paths_.Existing(path);
   struct stat info {};
   const bool leadsNowhere = ::stat(native.c_str(), &info) != 0;
@@ -195,7 +213,8 @@ void LocalFileSystem::Kill(const std::string& path) {
   RemoveFile(native, path);
 }
 
-void LocalFileSystem::Name(const std::string& from, const std::string& to) {
+void FileSystem::Name(const std::string& from, const std::string& to) {
+  Tell("Name", from);
   const std::string native = paths_.Existing(from);
   const PathTarget target = paths_.Target(to);
   const bool toItself = target.existing && target.NativePath() == native;
@@ -213,19 +232,23 @@ void LocalFileSystem::Name(const std::string& from, const std::string& to) {
   }
 }
 
-void LocalFileSystem::ChDir(const std::string& folder) {
+void FileSystem::ChDir(const std::string& folder) {
+  Tell("ChDir", folder);
   if (::chdir(paths_.Existing(folder).c_str()) != 0) throw SystemFileError(errno, folder);
 }
 
-std::string LocalFileSystem::DesktopFolder() const {
+std::string FileSystem::DesktopFolder() const {
+  Tell("DesktopFolder");
   return paths_.FromNative(desktopFolder_);
 }
 
-std::string LocalFileSystem::ToNative(const std::string& path) const {
+std::string FileSystem::ToNative(const std::string& path) const {
+  Tell("ToNative", path);
   return paths_.ToNative(path);
 }
 
-std::string LocalFileSystem::FromNative(const std::string& nativePath) const {
+std::string FileSystem::FromNative(const std::string& nativePath) const {
+  Tell("FromNative", nativePath);
   return paths_.FromNative(nativePath);
 }
 
