@@ -1,92 +1,76 @@
 #include "platform/files/app_folder.h"
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
-
-#include "temp_machine.h"
+#include "files_test.h"
 
 namespace Morvane {
 namespace {
 
-class AppFolderTest : public ::testing::Test {
+using ::testing::UnorderedElementsAre;
+
+class AppFolderTest : public FilesTest {
  protected:
   AppFolderTest() {
-    temp_.Write("share/CD.mvne", "Pagina=0\r\n");
-    temp_.Write("share/morvane_fileid.txt", "testo");
-    ::chmod(temp_.Path("share/CD.mvne").c_str(), 0444);
+    disk.Write("share/CD.mvne", "Pagina=0\r\n");
+    disk.Write("share/morvane_fileid.txt", "testo");
+    disk.MakeFolder("share/sotto");
+    ::chmod(disk.Path("share/CD.mvne").c_str(), 0444);
   }
 
   // A folder that even the superuser cannot write stands for the one of an installed program: it is none.
-  AppFolderPlaces Installed() const {
-    return {temp_.Path("no-folder"), temp_.Path("data"), temp_.Path("home"), temp_.Path("share")};
-  }
-
-  TempFolder temp_;
+  AppFolderPlaces places{disk.Path("no-folder"), disk.Path("data"), disk.Path("home"), disk.Path("share")};
 };
 
-TEST_F(AppFolderTest, IsTheExecutablesOwnWhenItCanBeWrittenAndNothingIsInstalled) {
-  AppFolderPlaces places = Installed();
-  places.executableFolder = temp_.Path();
-  EXPECT_EQ(FindAppFolder(places).path, temp_.Path("data/morvane"));
-  places.shippedFolder = temp_.Path("no-share");
-  EXPECT_EQ(FindAppFolder(places).path, temp_.Path());
-}
-
-TEST_F(AppFolderTest, IsFilledWithWritableCopiesAtFirstUse) {
-  EXPECT_EQ(FindAppFolder(Installed()).path, temp_.Path("data/morvane"));
-  EXPECT_EQ(temp_.Read("data/morvane/CD.mvne"), "Pagina=0\r\n");
-  EXPECT_EQ(temp_.Read("data/morvane/morvane_fileid.txt"), "testo");
+TEST_F(AppFolderTest, IsFilledWithWritableCopiesAtFirstUseAndThenLeftAsTheUserHasIt) {
+  const AppFolder first = FindAppFolder(places);
+  EXPECT_EQ(first.path + first.problem, disk.Path("data/morvane"));
+  EXPECT_THAT(NamesIn("data/morvane"), UnorderedElementsAre("CD.mvne", "morvane_fileid.txt"));
+  EXPECT_EQ(disk.Read("data/morvane/CD.mvne"), "Pagina=0\r\n");
   struct stat info {};
-  ASSERT_EQ(::stat(temp_.Path("data/morvane/CD.mvne").c_str(), &info), 0);
+  ASSERT_EQ(::stat(disk.Path("data/morvane/CD.mvne").c_str(), &info), 0);
   EXPECT_NE(info.st_mode & S_IWUSR, 0U);
+  disk.Write("data/morvane/CD.mvne", "mio");
+  std::filesystem::remove(disk.Path("data/morvane/morvane_fileid.txt"));
+  EXPECT_EQ(FindAppFolder(places).path, disk.Path("data/morvane"));
+  EXPECT_EQ(disk.Read("data/morvane/CD.mvne"), "mio");
+  EXPECT_THAT(NamesIn("data/morvane"), UnorderedElementsAre("CD.mvne"));
 }
 
-TEST_F(AppFolderTest, KeepsWhatTheUserChangedAndDeleted) {
-  FindAppFolder(Installed());
-  temp_.Write("data/morvane/CD.mvne", "mio");
-  std::filesystem::remove(temp_.Path("data/morvane/morvane_fileid.txt"));
-  EXPECT_EQ(FindAppFolder(Installed()).path, temp_.Path("data/morvane"));
-  EXPECT_EQ(temp_.Read("data/morvane/CD.mvne"), "mio");
-  EXPECT_FALSE(temp_.Has("data/morvane/morvane_fileid.txt"));
-}
-
-TEST_F(AppFolderTest, LiesInTheHomeFolderWithoutAUsableDataHome) {
-  AppFolderPlaces places = Installed();
-  for (const char* dataHome : {"", "relativo"}) {
-    places.dataHome = dataHome;
-    EXPECT_EQ(FindAppFolder(places).path, temp_.Path("home/.local/share/morvane"));
+TEST_F(AppFolderTest, LiesWhereTheSystemSaysAndTheShippedFilesServeWhenNoneCanBeMade) {
+  disk.Write("blocked", "");
+  disk.Write("taken/morvane", "");
+  const std::string own = disk.Path("morvane"), blocked = disk.Path("blocked"), home = disk.Path("home");
+  disk.MakeFolder("morvane");
+  const struct {
+    std::string executable, dataHome, home, shipped, path;
+    bool problem;
+  } cases[] = {
+      {own, disk.Path("data"), home, places.shippedFolder, disk.Path("data/morvane"), false},
+      {own, disk.Path("data"), home, disk.Path("no-share"), own, false},
+      {own, "", home, places.shippedFolder, disk.Path("home/.local/share/morvane"), false},
+      {own, "relativo", home, places.shippedFolder, disk.Path("home/.local/share/morvane"), false},
+      {own, blocked, home, places.shippedFolder, places.shippedFolder, true},
+      {own, disk.Path("taken"), home, places.shippedFolder, places.shippedFolder, true},
+      {blocked + "/x", blocked, home, disk.Path("no-share"), blocked + "/x", true},
+      {own, "", "", places.shippedFolder, places.shippedFolder, true},
+  };
+  for (const auto& [executable, dataHome, userHome, shipped, path, problem] : cases) {
+    const AppFolder folder = FindAppFolder({executable, dataHome, userHome, shipped});
+    EXPECT_EQ(folder.path, path) << dataHome;
+    EXPECT_EQ(!folder.problem.empty(), problem) << folder.problem;
   }
 }
 
-TEST_F(AppFolderTest, TheShippedFilesServeWhenNoneCanBeMade) {
-  AppFolderPlaces places = Installed();
-  temp_.Write("blocked", "");
-  places.dataHome = temp_.Path("blocked");
-  EXPECT_EQ(FindAppFolder(places).path, places.shippedFolder);
-  EXPECT_NE(FindAppFolder(places).problem, "");
-  places.dataHome = "";
-  places.home = "";
-  EXPECT_EQ(FindAppFolder(places).path, places.shippedFolder);
-}
-
-// A disk that takes small files only, as a full one does.
 TEST_F(AppFolderTest, AppearsWholeOrNotAtAllAndTheNextStartTriesAgain) {
-  temp_.Write("share/Grande.mvne", std::string(100'000, ';'));
-  rlimit before{};
-  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-  const rlimit small{4096, before.rlim_max};
-  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-  const AppFolder full = FindAppFolder(Installed());
-  ::setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, handler);
-  EXPECT_EQ(full.path, temp_.Path("share"));
-  EXPECT_EQ(full.problem, "Disco pieno: " + temp_.Path("data/morvane"));
-  EXPECT_TRUE(std::filesystem::is_empty(temp_.Path("data")));
-  EXPECT_EQ(FindAppFolder(Installed()).path, temp_.Path("data/morvane"));
-  EXPECT_TRUE(temp_.Has("data/morvane/Grande.mvne"));
+  disk.Write("share/Grande.mvne", std::string(100'000, ';'));
+  AppFolder full;
+  WithFullDisk(4096, [&] { full = FindAppFolder(places); });
+  EXPECT_EQ(full.path, disk.Path("share"));
+  EXPECT_EQ(full.problem, "Disco pieno: " + disk.Path("data/morvane"));
+  EXPECT_THAT(NamesIn("data"), testing::IsEmpty());
+  EXPECT_EQ(FindAppFolder(places).path, disk.Path("data/morvane"));
+  EXPECT_EQ(disk.Read("data/morvane/Grande.mvne").size(), 100'000U);
 }
 
 }  // namespace
