@@ -17,9 +17,9 @@
 namespace Morvane {
 namespace {
 
-// Levels of a colour channel, and pixels. Processors without vector units decode photos up to 3 levels away;
-// the palest line of the windows stands 16 levels from its ground, the shortest is 4 pixels long.
-constexpr int kSmoothing = 12;
+// Levels of a colour channel, and pixels: room for the roundings of another processor or a mended font
+// library. Builds, vector units and locales of one machine agree to the last bit.
+constexpr int kSmoothing = 8;
 constexpr int kStrayPixels = 3;
 
 bool TakesOver() {

@@ -47,11 +47,11 @@ class Session : public testing::Test {
     for (const char* folder : {"Album", "Archivio", "Battesimo", "Capodanno", "Compleanni", "Concerti",
                                "Cucina", "Danza", "Disegni", "Estate"})
       machine.MakeFolder("C:\\" + std::string(folder));
-    machine.WriteFile("C:\\mountinfo", "1 1 11:0 / /media/u/Tre ro - iso9660 /dev/sr0 ro\n");
-    for (const std::string album : {"Colline", "Mare", "Neve"}) {
+    machine.WriteFile("C:\\mountinfo", "1 1 11:0 / /media/u/Musica ro - iso9660 /dev/sr0 ro\n");
+    for (const std::string album : {"Colline", "Mare", "Neve", "Valle"}) {
       for (const char* track : {"01 Il sentiero", "02 Prima luce", "03 Vento", "04 Case bianche",
                                 "05 La corriera", "06 Lucciole"})
-        machine.WriteFile("C:\\media\\u\\Tre\\" + album + "\\" + track + ".mp3", "");
+        machine.WriteFile("C:\\media\\u\\Musica\\" + album + "\\" + track + ".mp3", "");
     }
   }
 
@@ -117,7 +117,7 @@ class Session : public testing::Test {
   void ReadDisc(Form& contents) {
     machine.Windows.Folders.emplace_back("D:\\");
     Hand::Press(The(contents, "Command2"));
-    Hand::Type(The(contents, "Text1"), "Tre dischi");
+    Hand::Type(The(contents, "Text1"), "Quattro dischi");
   }
 };
 

@@ -17,6 +17,14 @@ class Sheets : public Session {
     ByTool("Stampa")();
   }
 
+  void ChooseLayout(const std::string& name) {
+    In("Dialog", ByTool("Settaogg"), [&](Form& form) {
+      Control& list = The(form, "List1");
+      Hand::ClickRow(list, Hand::Row(list, name));
+      Hand::Press(The(form, "OKButton"));
+    });
+  }
+
   // An upright A4 sheet; its printable area begins at `corner`, in mm.
   static QImage Painted(const DrawingList& page, double dotsPerInch, QPointF corner) {
     const double dotsPerTwip = dotsPerInch / kTwipsPerInch;
@@ -39,19 +47,17 @@ TEST_F(Sheets, OfTheDefaultPageHasBothPicturesAndItsFooter) {
   ExpectSheets("default_page", machine.Device.Jobs);
 }
 
-TEST_F(Sheets, OfDiscLabelsHasEllipsesOfThreeAndFiveLines) {
+TEST_F(Sheets, OfLayoutsHaveEllipsesOfThreeAndFiveLinesAndLieAsTheyAre) {
   hand.Show(program.form1.form);
   PickPhoto("Front", 0);
-  In("Dialog", ByTool("Settaogg"), [&](Form& form) {
-    Control& list = The(form, "List1");
-    Hand::ClickRow(list, Hand::Row(list, "CD - Etichetta disco"));
-    Hand::Press(The(form, "OKButton"));
-  });
-  for (const char* outline : {"Linea media", "Linea grossa"}) {
-    ByEntry(outline)();
-    Print();
-  }
-  ExpectSheets("disc_labels", machine.Device.Jobs);
+  ChooseLayout("CD - Etichetta disco");
+  ByEntry("Linea media")();
+  Print();
+  ByEntry("Linea grossa")();
+  Print();
+  ChooseLayout("CD - Libretto");
+  Print();
+  ExpectSheets("layouts", machine.Device.Jobs);
 }
 
 TEST_F(Sheets, OfContentsInSmallAndInLargePrint) {
@@ -61,7 +67,7 @@ TEST_F(Sheets, OfContentsInSmallAndInLargePrint) {
     ReadDisc(contents);
     Hand::Press(The(contents, "Command3"));
     In("fONTEN", ByButton(contents, "Command4"), [&](Form& form) {
-      Hand::Type(The(form, "Text1"), "20");
+      Hand::Type(The(form, "Text1"), "25");
       Hand::Press(The(form, "cmdOK"));
     });
     Hand::Press(The(contents, "Check1"));
