@@ -7,10 +7,7 @@
 #include <QPainter>
 #include <QPolygon>
 #include <QProcess>
-#include <cmath>
 #include <cstdlib>
-#include <iomanip>
-#include <sstream>
 
 #include "platform/units.h"
 
@@ -22,18 +19,17 @@ namespace {
 constexpr int kSmoothing = 8;
 constexpr int kStrayPixels = 3;
 
-bool TakesOver() {
-  return qEnvironmentVariableIsSet("MORVANE_TAKE_PICTURES");
+QString Here(const std::string& file) {
+  return QString::fromStdString(MORVANE_SOURCE_DIR "/" + file);
 }
 
-QString BuildFile(const std::string& file) {
+QString InBuild(const std::string& file) {
   QDir().mkpath(MORVANE_PICTURES_SEEN);
   return QString::fromStdString(MORVANE_PICTURES_SEEN "/" + file);
 }
 
-bool Differ(QRgb a, QRgb b) {
-  return std::abs(qRed(a) - qRed(b)) > kSmoothing || std::abs(qGreen(a) - qGreen(b)) > kSmoothing ||
-         std::abs(qBlue(a) - qBlue(b)) > kSmoothing || qAlpha(a) != qAlpha(b);
+bool TakesOver() {
+  return qEnvironmentVariableIsSet("MORVANE_TAKE_PICTURES");
 }
 
 // What the picture doesn't reach is transparent.
@@ -43,6 +39,15 @@ QImage OnCanvas(QImage picture, QSize size) {
   picture.setDevicePixelRatio(1);
   QPainter(&canvas).drawImage(0, 0, picture);
   return canvas;
+}
+
+bool Differ(QRgb a, QRgb b) {
+  for (const int channel : {0, 8, 16, 24}) {
+    if (std::abs(static_cast<int>(a >> channel & 0xFFU) - static_cast<int>(b >> channel & 0xFFU)) >
+        kSmoothing)
+      return true;
+  }
+  return false;
 }
 
 QPolygon Difference(const QImage& held, const QImage& seen) {
@@ -65,93 +70,76 @@ QImage Marked(QImage picture, const QPolygon& different) {
   return picture;
 }
 
-class SheetText {
- public:
-  explicit SheetText(const std::vector<RecordingPrinter::Job>& jobs) {
-    text_ << std::fixed << std::setprecision(3);
-    for (const RecordingPrinter::Job& job : jobs) {
-      text_ << (job.orientation == PageOrientation::Portrait ? "portrait" : "landscape") << " \"" << job.title
-            << "\"\n";
-      for (const Shape& shape : job.page) std::visit(*this, shape);
-    }
-  }
+// A line a shape: kind, measures in mm, colour, what else there is.
+struct SheetText {
+  QString text;
 
-  void operator()(const LineShape& line) {
-    Write("line   ", {line.x1, line.y1, line.x2 - line.x1, line.y2 - line.y1}) << Hex(line.color) << '\n';
+  void Write(const char* kind, std::initializer_list<double> twips, Color color, const QString& more = {}) {
+    text += QString(kind).leftJustified(8);
+    for (const double measure : twips) {
+      const double mm = static_cast<double>(qRound64(measure / kTwipsPerMillimetre * 1000)) / 1000;
+      text += QString::number(mm, 'f', 3).rightJustified(9);
+    }
+    text += "  " + QColor(color.red, color.green, color.blue).name() + more + '\n';
   }
-  void operator()(const BoxShape& box) {
-    Write(box.filled ? "fill   " : "box    ", box.box) << Hex(box.color) << '\n';
+  void operator()(const LineShape& line) { Write("line", {line.x1, line.y1, line.x2, line.y2}, line.color); }
+  void operator()(const BoxShape& shape) {
+    const TwipsBox& box = shape.box;
+    Write(shape.filled ? "fill" : "box", {box.left, box.top, box.width, box.height}, shape.color);
   }
-  void operator()(const EllipseShape& ellipse) {
-    Write("ellipse", ellipse.box) << Hex(ellipse.color) << '\n';
+  void operator()(const EllipseShape& shape) {
+    Write("ellipse", {shape.box.left, shape.box.top, shape.box.width, shape.box.height}, shape.color);
   }
   void operator()(const PictureShape& shape) {
-    Write("picture", shape.box) << "of ";
-    Millimetres(shape.picture->WidthTwips());
-    Millimetres(shape.picture->HeightTwips());
-    text_ << '\n';
+    const TwipsBox& box = shape.box;
+    const double width = shape.picture->WidthTwips();
+    Write("picture", {box.left, box.top, box.width, box.height, width, shape.picture->HeightTwips()}, {});
   }
-  void operator()(const TextShape& text) {
-    text_ << "text   ";
-    Millimetres(text.left);
-    Millimetres(text.top);
-    text_ << Hex(text.color) << ' ' << text.font.name << ' ' << text.font.size
-          << (text.font.bold ? " bold" : "") << (text.font.italic ? " italic" : "")
-          << (text.font.underline ? " underlined" : "") << " \"" << text.text << "\"\n";
+  void operator()(const TextShape& line) {
+    const Font& font = line.font;
+    const QString style = QString(font.bold ? " bold" : "") + (font.italic ? " italic" : "") +
+                          (font.underline ? " underlined" : "");
+    Write("text", {line.left, line.top}, line.color,
+          QString(" %1 %2%3 \"%4\"").arg(font.name.c_str()).arg(font.size).arg(style, line.text.c_str()));
   }
-
-  std::string Text() const { return text_.str(); }
-
- private:
-  void Millimetres(double twips) {
-    constexpr double kThousandths = 1000;
-    text_ << std::setw(8) << std::round(twips / kTwipsPerMillimetre * kThousandths) / kThousandths + 0.0
-          << ' ';
-  }
-  std::ostream& Write(const char* kind, const TwipsBox& box) {
-    text_ << kind;
-    for (const double measure : {box.left, box.top, box.width, box.height}) Millimetres(measure);
-    return text_;
-  }
-  static std::string Hex(Color color) {
-    return QColor(color.red, color.green, color.blue).name().toStdString();
-  }
-
-  std::ostringstream text_;
 };
 
 }  // namespace
 
 void ExpectPicture(const std::string& name, const QImage& seen) {
-  const std::string path = MORVANE_SOURCE_DIR "/docs/pictures/" + name + ".png";
-  const QImage held(QString::fromStdString(path));
+  const QString path = Here("docs/pictures/" + name + ".png");
+  const QImage held(path);
   const QSize whole = held.size().expandedTo(seen.size());
   const QImage picture = OnCanvas(seen, whole);
   const QPolygon different = Difference(OnCanvas(held, whole), picture);
   if (different.size() <= kStrayPixels) return;
   constexpr int kSmallestFile = 0;
-  if (TakesOver()) {
-    ASSERT_TRUE(seen.save(QString::fromStdString(path), nullptr, kSmallestFile));
-    return;
-  }
-  const QString now = BuildFile(name + ".png");
-  const QString marked = BuildFile(name + "-differs.png");
-  ASSERT_TRUE(seen.save(now) && Marked(picture, different).save(marked));
-  ADD_FAILURE() << 100.0 * static_cast<double>(different.size()) / (whole.width() * whole.height()) << " % ("
-                << different.size() << " pixels) differ from " << path << "\n  seen:  " << now.toStdString()
-                << "\n  where: " << marked.toStdString();
+  const QString now = TakesOver() ? path : InBuild(name + ".png");
+  ASSERT_TRUE(seen.save(now, nullptr, kSmallestFile));
+  if (TakesOver()) return;
+  const QString marked = InBuild(name + "-differs.png");
+  ASSERT_TRUE(Marked(picture, different).save(marked));
+  const double percent = 100.0 * static_cast<double>(different.size()) / (whole.width() * whole.height());
+  ADD_FAILURE() << percent << " % (" << different.size() << " pixels) differ from " << path.toStdString()
+                << "\n  seen:  " << now.toStdString() << "\n  where: " << marked.toStdString();
 }
 
 void ExpectSheets(const std::string& name, const std::vector<RecordingPrinter::Job>& jobs) {
-  const QString held = QString::fromStdString(MORVANE_SOURCE_DIR "/tests/pictures/sheets/" + name + ".txt");
-  const QString now = TakesOver() ? held : BuildFile(name + ".txt");
+  SheetText sheets;
+  for (const RecordingPrinter::Job& job : jobs) {
+    const bool upright = job.orientation == PageOrientation::Portrait;
+    sheets.text += QString("%1 \"%2\"\n").arg(upright ? "portrait" : "landscape", job.title.c_str());
+    for (const Shape& shape : job.page) std::visit(sheets, shape);
+  }
+  const QString path = Here("tests/pictures/sheets/" + name + ".txt");
+  const QString now = TakesOver() ? path : InBuild(name + ".txt");
   QFile file(now);
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(QByteArray::fromStdString(SheetText(jobs).Text()));
+  file.write(sheets.text.toUtf8());
   file.close();
   QProcess diff;
   diff.setProcessChannelMode(QProcess::MergedChannels);
-  diff.start("diff", {"-u", held, now});
+  diff.start("diff", {"-u", path, now});
   ASSERT_TRUE(diff.waitForFinished());
   EXPECT_EQ(diff.exitCode(), 0) << diff.readAll().toStdString();
 }

@@ -4,7 +4,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QLabel>
 #include <QTest>
 #include <QToolButton>
 #include <filesystem>
@@ -35,18 +34,17 @@ class Session : public testing::Test {
                     fonts,        printer,           machine.Launches, machine.Http, machine.platform.app};
   Program program{platform, ','};
 
+  Session() { QApplication::setCursorFlashTime(0); }
+
+  void Copy(const std::string& data, const std::string& folder) const {
+    std::filesystem::copy(MORVANE_SOURCE_DIR "/data/" + data, machine.Files->ToNative(folder));
+  }
+
   void Ship() {
-    for (const char* folder : {"layouts", "program_folder"}) {
-      for (const auto& file :
-           std::filesystem::directory_iterator(MORVANE_SOURCE_DIR "/data/" + std::string(folder)))
-        std::filesystem::copy(file, Native("C:\\Morvane"));
-    }
+    Copy("layouts", "C:\\Morvane");
+    Copy("program_folder", "C:\\Morvane");
     machine.MakeFolder("C:\\Foto");
-    for (const std::string photo : {"fronte.jpg", "retro.jpg"})
-      std::filesystem::copy(MORVANE_SOURCE_DIR "/data/samples/" + photo, Native("C:\\Foto"));
-    for (const char* folder : {"Album", "Archivio", "Battesimo", "Capodanno", "Compleanni", "Concerti",
-                               "Cucina", "Danza", "Disegni", "Estate"})
-      machine.MakeFolder("C:\\" + std::string(folder));
+    Copy("samples", "C:\\Foto");
     machine.WriteFile("C:\\mountinfo", "1 1 11:0 / /media/u/Musica ro - iso9660 /dev/sr0 ro\n");
     for (const std::string album : {"Colline", "Mare", "Neve", "Valle"}) {
       for (const char* track : {"01 Il sentiero", "02 Prima luce", "03 Vento", "04 Case bianche",
@@ -54,8 +52,6 @@ class Session : public testing::Test {
         machine.WriteFile("C:\\media\\u\\Musica\\" + album + "\\" + track + ".mp3", "");
     }
   }
-
-  std::string Native(const std::string& path) const { return machine.Files->ToNative(path); }
 
   Means ByTool(const char* key) {
     return [this, key] {
@@ -73,10 +69,6 @@ class Session : public testing::Test {
       }
       FAIL() << text;
     };
-  }
-
-  static Means ByButton(const Form& form, const char* name) {
-    return [&form, name] { Hand::Press(The(form, name)); };
   }
 
   // Plays in the window that `means` opens; what leaves it open leaves it to the title bar.
@@ -100,23 +92,29 @@ class Session : public testing::Test {
     throw std::logic_error("no control " + name);
   }
 
-  void PickPhoto(
-      const char* tool, int row, const Scene& look = [](Form&) {}) {
-    In("frmAbout", ByTool(tool), [&](Form& form) {
-      Control& tree = The(form, "tvwdirtree");
-      if (Hand::See<QLabel>(The(form, "lblPath")).text().isEmpty()) {
-        Hand::ClickRow(tree, Hand::Row(tree, " (C:)"), -10);
-        Hand::ClickRow(tree, Hand::Row(tree, "Foto"));
-      }
-      Hand::ClickRow(The(form, "List1"), row);
-      look(form);
-      Hand::Press(The(form, "Command1"));
+  static void Press(const Form& form, const char* button) { Hand::Press(The(form, button)); }
+
+  static void Choose(const Form& form, const char* list, const char* row, int x = 5) {
+    Hand::ClickRow(The(form, list), Hand::Row(The(form, list), row), x);
+  }
+
+  void PickPhotos() {
+    In("frmAbout", ByTool("Front"), [](Form& form) {
+      constexpr int kTriangle = -10;  // pixels
+      Choose(form, "tvwdirtree", " (C:)", kTriangle);
+      Choose(form, "tvwdirtree", "Foto");
+      Choose(form, "List1", "fronte.jpg");
+      Press(form, "Command1");
+    });
+    In("frmAbout", ByTool("Back"), [](Form& form) {
+      Choose(form, "List1", "retro.jpg");
+      Press(form, "Command1");
     });
   }
 
-  void ReadDisc(Form& contents) {
+  void ReadDisc(const Form& contents) {
     machine.Windows.Folders.emplace_back("D:\\");
-    Hand::Press(The(contents, "Command2"));
+    Press(contents, "Command2");
     Hand::Type(The(contents, "Text1"), "Quattro dischi");
   }
 };

@@ -8,48 +8,44 @@
 namespace Morvane {
 namespace {
 
+constexpr QSizeF kPaper(210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre);
+
+// An upright sheet whose printable area begins at `corner`, in twips.
+QImage Painted(const DrawingList& page, double dotsPerInch, QPointF corner = {}) {
+  const double dotsPerTwip = dotsPerInch / kTwipsPerInch;
+  QImage sheet((kPaper * dotsPerTwip).toSize(), QImage::Format_RGB32);
+  sheet.fill(Qt::white);
+  QPainter painter(&sheet);
+  painter.scale(dotsPerTwip, dotsPerTwip);
+  painter.translate(corner);
+  PaintCache cache;
+  PaintDrawing(painter, page, cache);
+  return sheet;
+}
+
 class Sheets : public Session {
  protected:
-  Sheets() { Ship(); }
+  Sheets() {
+    Ship();
+    hand.Show(program.form1.form);
+  }
 
   void Print() {
     machine.Device.Answers.push_back({true, 1});
     ByTool("Stampa")();
   }
 
-  void ChooseLayout(const std::string& name) {
+  void ChooseLayout(const char* name) {
     In("Dialog", ByTool("Settaogg"), [&](Form& form) {
-      Control& list = The(form, "List1");
-      Hand::ClickRow(list, Hand::Row(list, name));
-      Hand::Press(The(form, "OKButton"));
+      Choose(form, "List1", name);
+      Press(form, "OKButton");
     });
-  }
-
-  // An upright A4 sheet; its printable area begins at `corner`, in mm.
-  static QImage Painted(const DrawingList& page, double dotsPerInch, QPointF corner) {
-    const double dotsPerTwip = dotsPerInch / kTwipsPerInch;
-    QImage sheet((QSizeF(210, 297) * kTwipsPerMillimetre * dotsPerTwip).toSize(), QImage::Format_RGB32);
-    sheet.fill(Qt::white);
-    QPainter painter(&sheet);
-    painter.scale(dotsPerTwip, dotsPerTwip);
-    painter.translate(corner * kTwipsPerMillimetre);
-    PaintCache cache;
-    PaintDrawing(painter, page, cache);
-    return sheet;
   }
 };
 
-TEST_F(Sheets, OfTheDefaultPageHasBothPicturesAndItsFooter) {
-  hand.Show(program.form1.form);
-  PickPhoto("Front", 0);
-  PickPhoto("Back", 1);
+TEST_F(Sheets, OfCoversHaveOutlinesPicturesAndFooter) {
+  PickPhotos();
   Print();
-  ExpectSheets("default_page", machine.Device.Jobs);
-}
-
-TEST_F(Sheets, OfLayoutsHaveEllipsesOfThreeAndFiveLinesAndLieAsTheyAre) {
-  hand.Show(program.form1.form);
-  PickPhoto("Front", 0);
   ChooseLayout("CD - Etichetta disco");
   ByEntry("Linea media")();
   Print();
@@ -57,33 +53,33 @@ TEST_F(Sheets, OfLayoutsHaveEllipsesOfThreeAndFiveLinesAndLieAsTheyAre) {
   Print();
   ChooseLayout("CD - Libretto");
   Print();
-  ExpectSheets("layouts", machine.Device.Jobs);
+  ExpectSheets("covers", machine.Device.Jobs);
 }
 
 TEST_F(Sheets, OfContentsInSmallAndInLargePrint) {
-  hand.Show(program.form1.form);
   machine.Device.Answers.assign(2, {true, 1});
   In("FrmPreview", ByTool("LeggiCD"), [&](Form& contents) {
     ReadDisc(contents);
-    Hand::Press(The(contents, "Command3"));
-    In("fONTEN", ByButton(contents, "Command4"), [&](Form& form) {
+    Press(contents, "Command3");
+    const Means chooseFont = [&] { Press(contents, "Command4"); };
+    In("fONTEN", chooseFont, [](Form& form) {
       Hand::Type(The(form, "Text1"), "25");
-      Hand::Press(The(form, "cmdOK"));
+      Press(form, "cmdOK");
     });
-    Hand::Press(The(contents, "Check1"));
-    Hand::Press(The(contents, "Command3"));
+    Press(contents, "Check1");
+    Press(contents, "Command3");
   });
   ASSERT_EQ(machine.Device.Jobs.size(), 2U);
   ExpectSheets("contents", machine.Device.Jobs);
-  ExpectPicture("foglio-contenuto", Painted(machine.Device.Jobs[0].page, 60, {0, 0}));
+  ExpectPicture("foglio-contenuto", Painted(machine.Device.Jobs[0].page, 60));
 }
 
 TEST_F(Sheets, OfCalibrationIsTheOneOfTheGuide) {
+  constexpr double kLeft = 3.4, kTop = 6.35;  // mm
   DrawingSurface sheet(metrics);
-  sheet.SetSize(210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre);
-  const QPointF corner(3.4, 6.35);
-  DrawCalibrationSheet(sheet, corner.x(), corner.y(), 210 - 2 * corner.x(), 297 - 2 * corner.y());
-  ExpectPicture("foglio-taratura", Painted(sheet.Drawing(), 80, corner));
+  sheet.SetSize(kPaper.width(), kPaper.height());
+  DrawCalibrationSheet(sheet, kLeft, kTop, 210 - 2 * kLeft, 297 - 2 * kTop);
+  ExpectPicture("foglio-taratura", Painted(sheet.Drawing(), 80, QPointF(kLeft, kTop) * kTwipsPerMillimetre));
 }
 
 }  // namespace
