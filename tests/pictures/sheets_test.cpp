@@ -57,7 +57,7 @@ TEST_F(Sheets, OfCoversHaveOutlinesPicturesAndFooter) {
 }
 
 TEST_F(Sheets, OfContentsInSmallAndInLargePrint) {
-  machine.Device.Answers.assign(2, {true, 1});
+  machine.Device.Answers.assign(3, {true, 1});
   In("FrmPreview", ByTool("LeggiCD"), [&](Form& contents) {
     ReadDisc(contents);
     Press(contents, "Command3");
@@ -68,8 +68,10 @@ TEST_F(Sheets, OfContentsInSmallAndInLargePrint) {
     });
     Press(contents, "Check1");
     Press(contents, "Command3");
+    Press(contents, "Option1(5)");
+    Press(contents, "Command3");
   });
-  ASSERT_EQ(machine.Device.Jobs.size(), 2U);
+  ASSERT_EQ(machine.Device.Jobs.size(), 3U);
   ExpectSheets("contents", machine.Device.Jobs);
   ExpectPicture("foglio-contenuto", Painted(machine.Device.Jobs[0].page, 60));
 }

@@ -24,32 +24,31 @@ class FileSystem {
  public:
   // `root` is the native folder that stands for "/", `desktopFolder` the native path of the user's desktop.
   FileSystem(std::string root, MountTable mounts, std::string desktopFolder);
-  virtual ~FileSystem() = default;
 
   // Told of each call before it is made, from the caller's thread: its name and its first path. It may wait,
   // as a slow disk does, and what it throws is the call's failure. Set before the first call.
   FileHook BeforeCall;
 
   // Roots of all drives in drive order, as "C:\".
-  virtual std::vector<std::string> DriveRoots() const;
+  std::vector<std::string> DriveRoots() const;
   // `drive` is two characters, such as "C:". Asks the medium nothing.
-  virtual DriveType TypeOfDrive(const std::string& drive) const;
+  DriveType TypeOfDrive(const std::string& drive) const;
   // Label of a volume by its root; empty when it has none or holds no medium.
-  virtual std::string VolumeLabel(const std::string& root) const;
+  std::string VolumeLabel(const std::string& root) const;
 
   // Names of the plain files of a folder that are not hidden.
   std::vector<std::string> PlainFiles(const std::string& folder) const;
   // Names of the folders in a folder, hidden ones too, without "." and "..".
   std::vector<std::string> SubFolders(const std::string& folder) const;
   // The first of them that `accept` takes; empty when none. Stops looking as early as it can.
-  virtual std::string FirstSubFolder(const std::string& folder,
-                                     const std::function<bool(const std::string&)>& accept) const;
+  std::string FirstSubFolder(const std::string& folder,
+                             const std::function<bool(const std::string&)>& accept) const;
   // Everything of one folder in one reading.
-  virtual FolderEntries ReadFolder(const std::string& folder) const;
+  FolderEntries ReadFolder(const std::string& folder) const;
 
   // The same text for every path that leads to one folder, by links or not, and for no other. RuntimeError as
   // for reading the folder.
-  virtual std::string FolderIdentity(const std::string& folder) const;
+  std::string FolderIdentity(const std::string& folder) const;
 
   // A plain file stands at this path, hidden or not.
   bool FileExists(const std::string& path) const;

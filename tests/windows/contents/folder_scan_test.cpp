@@ -4,12 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <map>
-#include <random>
-#include <set>
 
 #include "platform/files/file_error.h"
-#include "platform/files/file_system.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
@@ -17,193 +15,123 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using Lines = std::vector<std::string>;
 
-// A disc that exists in memory only; a folder without an entry can't be read.
-class TreeFiles : public FileSystem {
- public:
-  TreeFiles() : FileSystem("/", MountTable{}, "/") {}
+constexpr int kLimit = 2;
 
-  std::map<std::string, FolderEntries> tree;
-  mutable std::map<std::string, int> readings;
-
-  FolderEntries ReadFolder(const std::string& folder) const override {
-    ++readings[folder];
-    const auto found = tree.find(folder);
-    if (found == tree.end()) throw FileError(ErrorNumber::PermissionDenied, folder);
-    return found->second;
-  }
-  std::string FolderIdentity(const std::string& folder) const override { return folder; }
-};
-
-// The scan as its rule reads, with every line kept and every folder read anew at each step.
-struct PlainScan {
-  const std::map<std::string, FolderEntries>& tree;
-  int limit;
-  int righe = 0;
-  int messages = 0;
-  bool hourglass = true;
-  std::vector<std::string> lines = {};
-
-  void FindSubFolders(const std::string& fold) {
-    if (righe > limit) return;
-    const FolderEntries& entries = tree.at(fold);
-    for (const std::string& name : entries.folders) {
-      lines.push_back("(" + fold + "\\" + name + ")");
-      FindSubFolders(fold + "\\" + name);
-      if (righe > limit) return;
-    }
-    hourglass = true;
-    for (const std::string& name : entries.folders) FindSubFolders(fold + "\\" + name);
-    righe = 0;
-    for (const std::string& name : entries.files) {
-      ++righe;
-      lines.push_back(fold + "\\" + name);
-      if (righe > limit) {
-        ++messages;
-        return;
-      }
-    }
-    hourglass = false;
-  }
-};
-
-class FolderScanTest : public ::testing::Test {
+class FolderScan : public ::testing::Test {
  protected:
-  const std::vector<std::string>& Lines() const { return List1.Kept(); }
-  void Scan(const std::string& folder) {
+  FolderScan() {
+    machine.Files->BeforeCall = [this](const std::string& call, const std::string& path) {
+      if (call == "ReadFolder") ++readings[path];
+      if (path == unreadable) throw FileError(ErrorNumber::PermissionDenied, path);
+    };
+  }
+
+  void Write(const Lines& files) {
+    for (const std::string& file : files) machine.WriteFile("C:\\R\\" + file, "");
+  }
+  // What is listed of C:\R, without that beginning.
+  Lines Listed() const {
+    Lines lines = List1.Kept();
+    for (std::string& line : lines) line.erase(line.find("C:\\R\\"), 5);
+    return lines;
+  }
+  void Scan(const std::string& folder = "C:\\R") {
     machine.Windows.Folders.push_back(folder);
     state.ElencoRighe = 0;
     Leggifile(state, machine.platform, List1);
   }
+  Lines ScanLimited() {
+    state.ElencoRighe = 0;
+    machine.Windows.Boxes.clear();
+    FindSubFolders("C:\\R", state, {*machine.Files, machine.TheScreen, machine.Windows}, List1, kLimit);
+    return Listed();
+  }
 
   TestMachine machine;
-  TreeFiles files;
-  const ScanMachine scan{files, machine.TheScreen, machine.Windows};
   AppState state;
   Listing List1;
+  std::string unreadable = "none";
+  std::map<std::string, int> readings;
 };
 
-void Grow(std::map<std::string, FolderEntries>& tree, const std::string& path, int depth,
-          std::mt19937& dice) {
-  const auto below = [&](unsigned n) { return static_cast<int>(dice() % n); };
-  FolderEntries entries;
-  for (int i = below(5); i > 0; --i) entries.files.push_back("f" + std::to_string(i));
-  for (int i = depth > 0 ? below(4) : 0; i > 0; --i) {
-    entries.folders.push_back("d" + std::to_string(i));
-    Grow(tree, path + "\\" + entries.folders.back(), depth - 1, dice);
-  }
-  tree[path] = std::move(entries);
-}
-
-TEST_F(FolderScanTest, GivesTheListOfThePlainRuleOnAnyTreeAndReadsEachFolderOnce) {
-  std::mt19937 dice(20240607);
-  int tripped = 0;
-  for (int round = 0; round < 2000; ++round) {
-    files.tree.clear();
-    files.readings.clear();
-    Grow(files.tree, "D:\\Disco", 3, dice);
-    const int limit = 2 + round % 4;
-    PlainScan plain{files.tree, limit};
-    plain.FindSubFolders("D:\\Disco");
-    ASSERT_LE(plain.messages, 1);
-
-    machine.Windows.Boxes.clear();
-    state.ElencoRighe = 0;
-    FindSubFolders("D:\\Disco", state, scan, List1, limit);
-
-    ASSERT_EQ(Lines(), plain.lines) << "round " << round;
-    ASSERT_EQ(static_cast<int>(machine.Windows.Boxes.size()), plain.messages);
-    ASSERT_EQ(state.ElencoRighe, plain.righe);
-    ASSERT_EQ(machine.TheScreen.Pointer() == MousePointer::Hourglass, plain.hourglass);
-    for (const auto& [folder, times] : files.readings) ASSERT_EQ(times, 1) << folder;
-    tripped += plain.messages;
-  }
-  EXPECT_GT(tripped, 300);
-  EXPECT_LT(tripped, 1700);
-}
-
-TEST_F(FolderScanTest, ListsSubFoldersTwiceAndTheChosenFolderWithoutHeading) {
-  machine.WriteFile("C:\\R\\r", "");
-  machine.WriteFile("C:\\R\\A\\a", "");
-  machine.WriteFile("C:\\R\\A\\B\\b", "");
+TEST_F(FolderScan, ListsSubFoldersTwiceReadsThemOnceAndGivesTheChosenFolderNoHeading) {
+  Write({"r", "A\\a", "A\\B\\b"});
   Scan("C:\\R\\");
-  EXPECT_THAT(Lines(),
-              ElementsAre("(C:\\R\\A)", "(C:\\R\\A\\B)", "C:\\R\\A\\B\\b", "C:\\R\\A\\B\\b", "C:\\R\\A\\a",
-                          "(C:\\R\\A\\B)", "C:\\R\\A\\B\\b", "C:\\R\\A\\B\\b", "C:\\R\\A\\a", "C:\\R\\r"));
+  EXPECT_EQ(Listed(), (Lines{"(A)", "(A\\B)", "A\\B\\b", "A\\B\\b", "A\\a",  //
+                             "(A\\B)", "A\\B\\b", "A\\B\\b", "A\\a", "r"}));
+  for (const auto& [folder, times] : readings) EXPECT_EQ(times, 1) << folder;
   EXPECT_EQ(state.ElencoFontName, "Arial");
   EXPECT_EQ(state.ElencoFontSize, 8);
   EXPECT_EQ(machine.TheScreen.Pointer(), MousePointer::Default);
-}
-
-TEST_F(FolderScanTest, CancelKeepsListAndColumns) {
-  machine.WriteFile("C:\\R\\r", "");
-  Scan("C:\\R");
   state.ElencoColonne = 5;
   Scan("");
-  EXPECT_EQ(List1.ListCount(), 1U);
+  EXPECT_EQ(List1.ListCount(), 10U) << "given up";
   EXPECT_EQ(state.ElencoColonne, 5);
-  Scan("C:\\R");
+  Scan();
   EXPECT_EQ(state.ElencoColonne, 2);
 }
 
-TEST_F(FolderScanTest, AThousandFilesPassAndOneMoreGivesTheMessageAndKeepsTheHourglass) {
-  files.tree["D:"] = {{}, std::vector<std::string>(1000, "f")};
-  FindSubFolders("D:", state, scan, List1);
+TEST_F(FolderScan, FolderOverTheLimitEndsTheFirstPassOfAllAboveIt) {
+  Write({"A\\a", "A\\B\\1", "A\\B\\2", "r"});
+  EXPECT_EQ(ScanLimited().size(), 14U) << "at the limit";
   EXPECT_TRUE(machine.Windows.Boxes.empty());
-  EXPECT_EQ(List1.ListCount(), 1000U);
-  files.tree["D:"].files.resize(1002);
-  FindSubFolders("D:", state, scan, List1);
+  EXPECT_EQ(machine.TheScreen.Pointer(), MousePointer::Default);
+  Write({"A\\B\\3", "A\\B\\4", "Z\\z"});
+  EXPECT_EQ(ScanLimited(), (Lines{"(A)", "(A\\B)", "A\\B\\1", "A\\B\\2", "A\\B\\3"}));
   ASSERT_EQ(machine.Windows.Boxes.size(), 1U);
   EXPECT_EQ(machine.Windows.Boxes[0].text,
             "Numero massimo di files/cartelle visualizzabili : 1000, il programma ignorerà i files in piu'");
-  EXPECT_EQ(List1.ListCount(), 1001U);
   EXPECT_EQ(machine.TheScreen.Pointer(), MousePointer::Hourglass);
+  EXPECT_EQ(state.ElencoRighe, kLimit + 1);
+  FindSubFolders("C:\\R", state, {*machine.Files, machine.TheScreen, machine.Windows}, List1, kLimit);
+  EXPECT_EQ(List1.ListCount(), 5U) << "nothing is read while the count is above the limit";
+  Write({"1", "2", "3"});
+  std::filesystem::remove_all(machine.Files->ToNative("C:\\R\\A"));
+  EXPECT_EQ(ScanLimited(), (Lines{"(Z)", "Z\\z", "Z\\z", "1", "2", "3"}));
 }
 
-TEST_F(FolderScanTest, FolderThatCannotBeReadIsNamedAndTheListStaysAsFarAsItGot) {
-  files.tree["D:"] = {{"A", "B", "C"}, {"r"}};
-  files.tree["D:\\A"] = {{}, {"a"}};
+TEST_F(FolderScan, FolderThatCannotBeReadIsNamedAndTheListStaysAsFarAsItGot) {
+  Write({"A\\a", "B\\b", "r"});
+  unreadable = "C:\\R\\B";
   try {
-    FindSubFolders("D:", state, scan, List1);
+    Scan();
     FAIL() << "no error";
   } catch (const RuntimeError& error) {
-    EXPECT_THAT(error.what(), HasSubstr("D:\\B"));
+    EXPECT_THAT(error.what(), HasSubstr("C:\\R\\B"));
   }
-  EXPECT_THAT(Lines(), ElementsAre("(D:\\A)", "D:\\A\\a", "(D:\\B)"));
-
+  EXPECT_EQ(Listed(), (Lines{"(A)", "A\\a", "(B)"}));
+  EXPECT_EQ(machine.TheScreen.Pointer(), MousePointer::Default);
   EXPECT_THROW(Scan("C:\\Manca"), RuntimeError);
   EXPECT_EQ(List1.ListCount(), 3U);
-  EXPECT_EQ(machine.TheScreen.Pointer(), MousePointer::Default);
 }
 
-TEST_F(FolderScanTest, LinkToAFolderAboveIsListedAndNotEntered) {
+TEST_F(FolderScan, LinkToAFolderAboveIsListedAndNotEntered) {
   namespace fs = std::filesystem;
-  machine.WriteFile("C:\\R\\A\\a", "");
-  fs::create_directory_symlink(machine.Root.Path() + "/R", machine.Root.Path() + "/R/A/su");
-  fs::create_directory_symlink(machine.Root.Path() + "/R/A", machine.Root.Path() + "/R/Z");
-  fs::create_directory_symlink(".", machine.Root.Path() + "/R/A/qui");
-  Scan("C:\\R");
-  EXPECT_THAT(Lines(), ElementsAre("(C:\\R\\A)", "(C:\\R\\A\\qui)", "(C:\\R\\A\\su)", "C:\\R\\A\\a",
-                                   "(C:\\R\\Z)", "(C:\\R\\Z\\qui)", "(C:\\R\\Z\\su)", "C:\\R\\Z\\a",
-                                   "(C:\\R\\A\\qui)", "(C:\\R\\A\\su)", "C:\\R\\A\\a",  //
-                                   "(C:\\R\\Z\\qui)", "(C:\\R\\Z\\su)", "C:\\R\\Z\\a"));
+  Write({"A\\a"});
+  const fs::path folder = machine.Files->ToNative("C:\\R");
+  fs::create_directory_symlink(folder, folder / "A/su");
+  fs::create_directory_symlink(folder / "A", folder / "Z");
+  fs::create_directory_symlink(".", folder / "A/qui");
+  Scan();
+  const Lines a = {"(A\\qui)", "(A\\su)", "A\\a"};
+  const Lines z = {"(Z\\qui)", "(Z\\su)", "Z\\a"};
+  Lines all = {"(A)"};
+  for (const Lines& lines : {a, {"(Z)"}, z, a, z}) all.insert(all.end(), lines.begin(), lines.end());
+  EXPECT_EQ(Listed(), all);
 }
 
-TEST_F(FolderScanTest, FoldersInEachOtherAreCountedExactlyAndOnlySoManyLinesAreKept) {
-  const auto scanChain = [&](int depth) {
-    files.tree.clear();
-    std::string folder = "C:";
-    for (int i = 0; i < depth; ++i, folder += "\\d") files.tree[folder] = {{"d"}, {"f"}};
-    files.tree[folder] = {{}, {"f"}};
-    FindSubFolders("C:", state, scan, List1);
+TEST_F(FolderScan, FoldersInEachOtherAreCountedExactlyAndOnlySoManyLinesAreKept) {
+  for (const auto& [depth, count] : {std::pair(39, 3 * (LineCount{1} << 39) - 2), {199, kMostLines}}) {
+    std::string path = "C:\\R";
+    for (int i = 0; i < depth; ++i, path += "\\d") machine.WriteFile(path + "\\f", "");
+    machine.WriteFile(path + "\\f", "");
+    Scan();
+    EXPECT_EQ(List1.ListCount(), count);
     EXPECT_EQ(List1.Kept().size(), kKeptLines);
-    EXPECT_EQ(List1.Kept()[0], "(C:\\d)");
-    EXPECT_EQ(List1.Kept()[1], "(C:\\d\\d)");
-  };
-  scanChain(40);
-  EXPECT_EQ(List1.ListCount(), 3 * (LineCount{1} << 40) - 2);
-  scanChain(200);
-  EXPECT_EQ(List1.ListCount(), kMostLines);
+    EXPECT_EQ(Listed()[1], "(d\\d)");
+  }
 }
 
 }  // namespace

@@ -8,6 +8,19 @@
 namespace Morvane {
 namespace {
 
+// The first text of each column.
+std::vector<std::string> ColumnStarts(const DrawingList& drawing) {
+  std::vector<std::string> firsts;
+  double left = 0;
+  for (const Shape& shape : drawing) {
+    const auto* text = std::get_if<TextShape>(&shape);
+    if (text == nullptr || text->left == left) continue;
+    left = text->left;
+    firsts.push_back(text->text);
+  }
+  return firsts;
+}
+
 class ContentsWindow : public ::testing::Test {
  protected:
   ContentsWindow() { hand.Show(window.form); }
@@ -31,30 +44,35 @@ class ContentsWindow : public ::testing::Test {
 
   TestMachine machine;
   AppState state;
-  int fontChoosers = 0;
+  std::function<void()> chooseFont;
   Hand hand{machine};
-  FrmPreview window{state, hand.platform, {[&] { ++fontChoosers; }, [] { return std::string("ok"); }}};
+  FrmPreview window{state, hand.platform, {[&] { chooseFont(); }, [] { return std::string("ok"); }}};
 };
 
-TEST_F(ContentsWindow, OpensWithItsTitleTwoColumnsAndTheSheetInProportion) {
-  EXPECT_TRUE(Shows("Titolo CD"));
-  EXPECT_TRUE(window.Option1[0].Value());
-  EXPECT_DOUBLE_EQ(window.Picture1.Height(), 6765 - 60 - 500);
-  EXPECT_DOUBLE_EQ(window.Picture1.Width() / window.Picture1.Height(), 210.0 / 297);
-  EXPECT_EQ(window.Command1.ImageKey(), "ok");
-  EXPECT_EQ(window.Picture2.ImageKey(), "logo");
-  EXPECT_EQ(state.ElencoFontSize, 8);
-}
-
-TEST_F(ContentsWindow, ColumnsSurviveEverythingButAResizeAndAScan) {
-  Hand::Press(window.Option1[3]);
+TEST_F(ContentsWindow, ColumnsSurviveEverythingButAResizeAndAScanAndEachChangeIsShownAtOnce) {
+  for (int i = 0; i < 300; ++i) window.List1.Add(std::to_string(i));
+  state.ElencoFontSize = 20;
+  const auto firstRow = [&] { return ColumnStarts(window.Picture1.Surface.Drawing()); };
+  Type("Altro");
+  const auto two = firstRow();
+  EXPECT_EQ(two[0], "Altro");
+  for (int columns = 3; columns <= 7; ++columns) {
+    const auto before = firstRow();
+    Hand::Press(window.Option1[static_cast<std::size_t>(columns - 2)]);
+    EXPECT_EQ(state.ElencoColonne, columns);
+    EXPECT_NE(firstRow(), before);
+  }
+  const auto seven = firstRow();
   Type("Altro");
   Hand::Press(window.Check1);
+  EXPECT_EQ(firstRow(), seven);
+  chooseFont = [&] { state.ElencoFontSize = 12; };
   Hand::Press(window.Command4);
-  EXPECT_EQ(fontChoosers, 1);
-  EXPECT_EQ(state.ElencoColonne, 5);
+  EXPECT_NE(firstRow(), seven);
+  EXPECT_EQ(state.ElencoColonne, 7);
+  state.ElencoFontSize = 20;
   Hand::Resize(window.form, 9000, 8000);
-  EXPECT_EQ(state.ElencoColonne, 2);
+  EXPECT_EQ(firstRow(), two);
   EXPECT_TRUE(window.Option1[0].Value());
   Hand::Press(window.Option1[3]);
   machine.MakeFolder("C:\\R");
@@ -109,23 +127,12 @@ TEST_F(ContentsWindow, CancelledDialogPrintsAllTheSameAndOnce) {
   Print(false);
   ASSERT_EQ(machine.Device.Jobs.size(), 1U);
   EXPECT_EQ(machine.Device.Jobs[0].title, "Titolo CD");
+  Print(true);
+  EXPECT_EQ(machine.Device.Jobs.size(), 4U) << "three copies";
+  Type("");
+  Print(false);
+  EXPECT_EQ(machine.Device.Jobs.back().title, machine.platform.app.title);
   EXPECT_FALSE(machine.Device.Dialogs[0].restricted);
-  const auto& footer = std::get<TextShape>(machine.Device.Jobs[0].page.back());
-  EXPECT_EQ(footer.font.size, 7);
-  EXPECT_NEAR(footer.top, 266 * kTwipsPerMillimetre, 1e-6);
-}
-
-// The first text of each column.
-std::vector<std::string> ColumnStarts(const DrawingList& drawing) {
-  std::vector<std::string> firsts;
-  double left = 0;
-  for (const Shape& shape : drawing) {
-    const auto* text = std::get_if<TextShape>(&shape);
-    if (text == nullptr || text->left == left) continue;
-    left = text->left;
-    firsts.push_back(text->text);
-  }
-  return firsts;
 }
 
 TEST_F(ContentsWindow, ColumnsBreakAsOnPaperAtAnyFontSizeInWindowsOfAnySizeOnAnySheet) {

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "picker_fixture.h"
-#include "platform/files/file_system.h"
 
 namespace Morvane {
 namespace {
@@ -12,47 +11,24 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// Empty drives A:, B: and so on, of types that no mount of this system gives, too; it notes the drives that
-// were asked for more than their type.
-class Drives : public FileSystem {
- public:
-  explicit Drives(std::vector<int> types)
-      : FileSystem("/", MountTable("", ""), ""), types_(std::move(types)) {}
-
-  mutable std::string asked;
-
-  std::vector<std::string> DriveRoots() const override {
-    std::vector<std::string> roots;
-    for (std::size_t i = 0; i < types_.size(); ++i) roots.push_back(std::string(1, char('A' + i)) + ":\\");
-    return roots;
-  }
-  DriveType TypeOfDrive(const std::string& drive) const override {
-    return static_cast<DriveType>(types_.at(static_cast<std::size_t>(drive[0] - 'A')));
-  }
-  std::string VolumeLabel(const std::string& root) const override {
-    asked += root[0];
-    return root == "D:\\" ? "MIEI DATI" : "";
-  }
-  std::string FirstSubFolder(const std::string& folder,
-                             const std::function<bool(const std::string&)>&) const override {
-    asked += folder[0];
-    return "";
-  }
-
- private:
-  std::vector<int> types_;
-};
-
 TEST_F(PickerTest, EachTypeOfDriveHasItsTextAndImageAndNoFloppyIsWaitedFor) {
-  const Drives drives({6, 2, 5, 3, 0, 4, 1});
-  Form form({.name = "Form1", .caption = ""});
-  TreeView tree(form, "tree");
-  EXPECT_EQ(BuildTree(tree, state, machine.TheScreen, drives, [] {}), "D:");
+  Mount("/dev/fd0", "vfat", "/media/floppy");
+  Mount("/dev/sr0", "iso9660", "/media/disco");
+  Mount("casa:/foto", "nfs", "/media/rete");
+  Mount("/dev/sdb1", "vfat", "/media/u/chiave");
+  machine.MakeFolder("C:\\by-label");
+  std::filesystem::create_symlink("../../sdb1", machine.Root.Path() + "/by-label/MIEI\\x20DATI");
+  bool asked = false;
+  machine.Files->BeforeCall = [&](const std::string& call, const std::string& path) {
+    asked = asked || (path.starts_with("A:") && call != "TypeOfDrive");
+  };
+  Open();
+  EXPECT_FALSE(asked);
   Texts looks;
-  for (const TreeNode* drive : tree.Find("root")->Children()) looks.push_back(drive->Text() + drive->Image());
-  EXPECT_THAT(looks, ElementsAre("(A:)desktop", "Floppy (B:)floppy", " (C:)cdrom", "Miei Dati (D:)hard",
-                                 "(E:)hard", " (F:)net", " (G:)hard"));
-  EXPECT_EQ(drives.asked, "CCDDFFGG");
+  for (const TreeNode* drive : picker->tvwdirtree.Find("root")->Children())
+    looks.push_back(drive->Text() + " " + drive->Image());
+  EXPECT_THAT(looks, ElementsAre("Floppy (A:) floppy", " (C:) hard", " (D:) cdrom", "Rete (E:) net",
+                                 "Miei Dati (F:) hard"));
 }
 
 TEST_F(PickerTest, TheTreeOpensWithTheFirstDrivesFoldersInView) {
