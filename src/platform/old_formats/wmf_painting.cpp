@@ -48,8 +48,11 @@ std::string StyleOf(const wmfFont& font) {
   std::string style;
   if (font.lfItalic != 0) style += " font-style=\"italic\"";
   if (font.lfWeight >= 600) style += " font-weight=\"bold\"";
-  if (font.lfUnderline != 0) style += " text-decoration=\"underline\"";
-  if (font.lfStrikeOut != 0) style += " text-decoration=\"line-through\"";
+  const bool underlined = font.lfUnderline != 0;
+  const bool struckOut = font.lfStrikeOut != 0;
+  if (underlined && struckOut) style += " text-decoration=\"underline line-through\"";
+  if (underlined && !struckOut) style += " text-decoration=\"underline\"";
+  if (struckOut && !underlined) style += " text-decoration=\"line-through\"";
   return style;
 }
 
