@@ -19,7 +19,7 @@ TEST(SvgReferences, AcceptsWhatStaysInside) {
   }
 }
 
-TEST(SvgReferences, RefusesWhatLeadsOutside) {
+TEST(SvgReferences, RefusesWhatLeadsOutsideAndTagsThatCannotBeToldApart) {
   for (const char* svg : {
            R"s(<svg><image xlink:href="/etc/passwd"/></svg>)s",
            R"s(<svg><image HREF = 'file:///etc/passwd'/></svg>)s",
@@ -35,14 +35,16 @@ TEST(SvgReferences, RefusesWhatLeadsOutside) {
            R"s(<!DOCTYPE svg [<!ENTITY e SYSTEM "file:///etc/passwd">]><svg>&e;</svg>)s",
            R"s(<?xml-stylesheet href="x.css"?><svg/>)s",
            R"s(<svg><text><![CDATA[a]]><image href="x.png"/>]]></text></svg>)s",
+           "<svg",
+           "<svg a='1",
+           "<svg a=1>",
+           "<svg a>",
+           "<svg a='<b>'/>",
+           "<![CDATA[",
+           "<!-- ",
+           "</svg <!DOCTYPE x>",
+           "<?xml <script>?>",
        }) {
-    EXPECT_FALSE(RefersOnlyToItself(svg)) << svg;
-  }
-}
-
-TEST(SvgReferences, RefusesTagsThatCannotBeToldApart) {
-  for (const char* svg : {"<svg", "<svg a='1", "<svg a=1>", "<svg a>", "<svg a='<b>'/>", "<![CDATA[", "<!-- ",
-                          "</svg <!DOCTYPE x>", "<?xml <script>?>"}) {
     EXPECT_FALSE(RefersOnlyToItself(svg)) << svg;
   }
 }
