@@ -28,13 +28,19 @@ class DialogTest : public ::testing::Test {
     machine.WriteFile(PathOf(name), text);
   }
 
-  // A layout of one cover for each of the millimetres, which are its width.
+  // A layout of one cover for each of the millimetres, which are its width; each stands further right and
+  // down and is higher than the one before it.
   void WriteCovers(const std::string& name, const std::vector<int>& widths) {
     std::vector<std::string> lines = {"Pagina=0"};
     for (std::size_t i = 0; i < widths.size(); ++i) {
-      const std::string n = std::to_string(i + 1);
-      lines.insert(lines.end(), {"Copertina" + n + "=0", "Distx" + n + "=20", "Disty" + n + "=20",
-                                 "Larg" + n + "=" + std::to_string(widths[i]), "Alte" + n + "=60"});
+      const auto line = [&](const char* key, std::size_t value) {
+        lines.push_back(key + std::to_string(i + 1) + "=" + std::to_string(value));
+      };
+      line("Copertina", 0);
+      line("Distx", 20 + i);
+      line("Disty", 20 + 2 * i);
+      line("Larg", static_cast<std::size_t>(widths[i]));
+      line("Alte", 60 + i);
     }
     WriteLayoutFile(name, lines);
   }

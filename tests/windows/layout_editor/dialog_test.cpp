@@ -13,6 +13,8 @@ TEST_F(DialogTest, OpensOnTheFirstFileThenOnTheCurrentOneWhateverItsCase) {
   WriteCovers("CD", {121, 122});
   machine.WriteFile("C:\\Morvane\\leggimi.txt", "");
   Open();
+  EXPECT_EQ(2 * dialog->form.Left() + dialog->form.Width(), machine.TheScreen.Width);
+  EXPECT_EQ(state.ElencoFontSize, 8);
   EXPECT_EQ(Listed(), (Rows{"CD", "dvd"}));
   EXPECT_EQ(state.NomeLayout, "CD");
   EXPECT_EQ(Shown(dialog->Text1), "121");
@@ -97,10 +99,12 @@ TEST_F(DialogTest, UnreadableFileIsToldOfAndLeavesTheLayoutBeforeIt) {
   EXPECT_EQ(Listed(), (Rows{"b"}));
 }
 
-TEST_F(DialogTest, VanishedFileIsSkipped) {
-  WriteCovers("a", {50});
+TEST_F(DialogTest, VanishedFileIsSkippedAndALayoutHasOneCoverAtLeast) {
+  state.NumCopertine = 0;
+  WriteLayoutFile("a", {"Larg1=50"});
   WriteCovers("b", {60});
   Open();
+  EXPECT_EQ(state.NumCopertine, 1);
   machine.Files->Kill(PathOf("b"));
   Select(1);
   EXPECT_TRUE(machine.Windows.Boxes.empty());
