@@ -1,11 +1,13 @@
 #include "platform/files/mount_info.h"
 
+#include <libmount.h>
+
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <iterator>
-#include <sstream>
+#include <memory>
 #include <string_view>
+#include <utility>
 
 namespace Morvane {
 
@@ -56,40 +58,23 @@ bool IsDeviceNumbered(const std::string& source, std::string_view prefix) {
          std::isdigit(static_cast<unsigned char>(source.back())) != 0;
 }
 
-bool IsOctal(char c) {
-  return c >= '0' && c <= '7';
-}
-
-// Blanks and the like stand in the table as a backslash and three octal digits.
-std::string DecodeOctal(const std::string& text) {
-  std::string decoded;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\\' && i + 3 < text.size() && IsOctal(text[i + 1]) && IsOctal(text[i + 2]) &&
-        IsOctal(text[i + 3])) {
-      decoded += static_cast<char>((text[i + 1] - '0') * 64 + (text[i + 2] - '0') * 8 + (text[i + 3] - '0'));
-      i += 3;
-    } else {
-      decoded += text[i];
-    }
-  }
-  return decoded;
-}
-
 }  // namespace
 
-std::optional<MountInfo> ParseMountInfo(const std::string& line) {
-  std::istringstream stream(line);
-  std::string id, parent, options, field;
-  MountInfo mount;
-  stream >> id >> parent >> mount.device >> mount.root >> mount.mountPoint >> options;
-  while (stream >> field && field != "-") {
+std::vector<MountInfo> ReadMounts(const std::string& mountInfoFile) {
+  std::vector<MountInfo> mounts;
+  const std::unique_ptr<libmnt_table, decltype(&mnt_unref_table)> table(
+      mnt_new_table_from_file(mountInfoFile.c_str()), &mnt_unref_table);
+  const std::unique_ptr<libmnt_iter, decltype(&mnt_free_iter)> at(mnt_new_iter(MNT_ITER_FORWARD),
+                                                                  &mnt_free_iter);
+  const auto text = [](const char* field) { return std::string(field != nullptr ? field : ""); };
+  libmnt_fs* fs = nullptr;
+  while (table && mnt_table_next_fs(table.get(), at.get(), &fs) == 0) {
+    MountInfo mount{std::to_string(mnt_fs_get_devno(fs)), text(mnt_fs_get_root(fs)),
+                    text(mnt_fs_get_target(fs)), text(mnt_fs_get_fstype(fs)), text(mnt_fs_get_source(fs))};
+    std::erase_if(mounts, [&](const MountInfo& earlier) { return earlier.mountPoint == mount.mountPoint; });
+    mounts.push_back(std::move(mount));
   }
-  if (!(stream >> mount.fileSystem >> mount.source)) return std::nullopt;
-  mount.root = DecodeOctal(mount.root);
-  mount.mountPoint = DecodeOctal(mount.mountPoint);
-  mount.source = DecodeOctal(mount.source);
-  if (!mount.mountPoint.starts_with('/')) return std::nullopt;
-  return mount;
+  return mounts;
 }
 
 bool IsOptical(const MountInfo& mount) {

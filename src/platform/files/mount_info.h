@@ -1,21 +1,21 @@
 #pragma once
 
-#include <optional>
 #include <string>
+#include <vector>
 
 namespace Morvane {
 
-// One line of the kernel's table of mounts.
+// One line of the kernel's table of mounts, which is a file of the form of /proc/self/mountinfo.
 struct MountInfo {
-  std::string device;  // major and minor number, "8:1"
+  std::string device;  // its number
   std::string root;    // the part of the file system that is mounted; "/" is all of it
   std::string mountPoint;
   std::string fileSystem;
   std::string source;
 };
 
-// Nothing when the line is not one of the table.
-std::optional<MountInfo> ParseMountInfo(const std::string& line);
+// In the order of the table, without what another mount hides. None when the file cannot be read.
+std::vector<MountInfo> ReadMounts(const std::string& mountInfoFile);
 
 bool IsOptical(const MountInfo& mount);
 bool IsNetwork(const MountInfo& mount);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <set>
 #include <utility>
 
@@ -12,20 +11,6 @@
 namespace Morvane {
 
 namespace {
-
-std::vector<MountInfo> ReadMounts(const std::string& file) {
-  std::vector<MountInfo> mounts;
-  std::ifstream stream(file);
-  std::string line;
-  while (std::getline(stream, line)) {
-    const auto mount = ParseMountInfo(line);
-    if (!mount) continue;
-    // A mount over another one hides it.
-    std::erase_if(mounts, [&](const MountInfo& earlier) { return earlier.mountPoint == mount->mountPoint; });
-    mounts.push_back(*mount);
-  }
-  return mounts;
-}
 
 DriveType TypeOf(const MountInfo& mount) {
   if (IsFloppy(mount)) return DriveType::Removable;

@@ -83,7 +83,6 @@ PathMapping::SplitPath PathMapping::Split(const std::string& path) {
     split.endsInName = end == path.size() && name != "." && name != "..";
     at = end + 1;
   }
-  if (path.ends_with('\\')) split.endsInName = false;
   return split;
 }
 

@@ -66,6 +66,8 @@ TEST_F(MountTableTest, ALetterStaysWhileItsVolumeIsMountedAndZIsTheLast) {
   EXPECT_EQ(Mounted(kRoot + kStick + kDisc),
             "C3/[] D3/media/u/CHIAVE USB[CHIAVE USB] E5/media/u/MUSICA[MUSICA] ");
   EXPECT_EQ(Mounted(kRoot + kDisc), "C3/[] E5/media/u/MUSICA[MUSICA] ");
+  EXPECT_EQ(Mounted(kRoot + "61 27 8:18 / /media/u/MUSICA rw - vfat /dev/sdb2 rw\n"),
+            "C3/[] D3/media/u/MUSICA[MUSICA] ");
   std::string mounts = kRoot;
   for (int i = 0; i < 30; ++i) {
     const std::string n = std::to_string(i);
