@@ -1,9 +1,10 @@
 #include <QPainter>
 
+#include "golden.h"
 #include "platform/drawing/calibration_sheet.h"
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/units.h"
-#include "session.h"
+#include "tests/hand/session.h"
 
 namespace Morvane {
 namespace {
@@ -36,7 +37,7 @@ class Sheets : public Session {
   }
 
   void ChooseLayout(const char* name) {
-    In("Dialog", ByTool("Settaogg"), [&](Form& form) {
+    Open("Dialog", [&](Form& form) {
       Choose(form, "List1", name);
       Press(form, "OKButton");
     });
@@ -58,7 +59,7 @@ TEST_F(Sheets, OfCoversHaveOutlinesPicturesAndFooter) {
 
 TEST_F(Sheets, OfContentsInSmallAndInLargePrint) {
   machine.Device.Answers.assign(3, {true, 1});
-  In("FrmPreview", ByTool("LeggiCD"), [&](Form& contents) {
+  Open("FrmPreview", [&](Form& contents) {
     ReadDisc(contents);
     Press(contents, "Command3");
     const Means chooseFont = [&] { Press(contents, "Command4"); };

@@ -8,9 +8,7 @@
 #include <QMimeData>
 #include <QUrl>
 
-#include "platform/qt/pictures/qt_picture_loader.h"
-#include "tests/hand/hand.h"
-#include "windows/main_window/program.h"
+#include "tests/hand/session.h"
 
 namespace Morvane {
 namespace {
@@ -30,15 +28,8 @@ QByteArray Png(QColor color) {
 
 // The program with a page of three covers, the last over a corner of the second, and pictures of one colour.
 // Places are millimetres of the page.
-class Drop : public testing::Test {
+class Drop : public Session {
  protected:
-  TestMachine machine;
-  Hand hand{machine};
-  QtPictureLoader pictures{*machine.Files, OldFormatDecoderPath()};
-  Platform platform{hand.windows,  machine.TheScreen,  *machine.Files,   pictures,     machine.Metrics,
-                    machine.Fonts, machine.ThePrinter, machine.Launches, machine.Http, machine.platform.app};
-  Program program{platform, '.'};
-
   static constexpr QPointF kFirst{50, 50}, kSecond{30, 110}, kBoth{70, 150}, kThird{120, 180}, kNone{180, 50};
 
   void SetUp() override {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <fstream>
 
-#include "program_fixture.h"
+#include "tests/hand/session.h"
 
 namespace Morvane {
 namespace {
@@ -75,14 +75,16 @@ TEST(Endurance, ADayOfActivationsKeepsTheMemory) {
   EXPECT_LT(growth, kMostGrowth);
 }
 
-using EnduranceTest = ProgramTest;
+using EnduranceTest = Session;
 
 TEST_F(EnduranceTest, OpeningWindowsAndReplacingPicturesKeepsTheMemory) {
   if (kMemoryIsKept) GTEST_SKIP();
+  Ship();
+  hand.Show(program.form1.form);
   const double growth = GrowthMegabytes(300, [&](int n) {
-    Open(kAllWindows[static_cast<std::size_t>(n) % kAllWindows.size()], [&](Form& form, QWidget&) {
-      program.state.ImmagineScelta = n % 16 < 8 ? "C:\\Foto\\a.png" : "C:\\Foto\\b.png";
-      if (form.Name() == "frmAbout") windows.Dispatch([&] { form.Hide(); });
+    Open(kAllWindows[static_cast<std::size_t>(n) % kAllWindows.size()], [&](Form& form) {
+      program.state.ImmagineScelta = n % 16 < 8 ? "C:\\Foto\\fronte.jpg" : "C:\\Foto\\retro.jpg";
+      if (form.Name() == "frmAbout") hand.windows.Dispatch([&] { form.Hide(); });
     });
   });
   EXPECT_NE(program.slots.Image1[0], nullptr);

@@ -7,8 +7,7 @@
 #include "platform/controls/bars.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/tree_view.h"
-#include "program_fixture.h"
-#include "tests/hand/hand.h"
+#include "tests/hand/session.h"
 
 namespace Morvane {
 namespace {
@@ -110,8 +109,9 @@ void ReachEvents(Control& control) {
   });
 }
 
-void ReachEvents(Form& form, QWidget& window) {
+void ReachEvents(Form& form) {
   SCOPED_TRACE(form.Name());
+  QWidget& window = Hand::See(form);
   Reach("Paint", form.Paint, [&] {
     QExposeEvent uncovered(QRegion(0, 0, 9, 9));
     QApplication::sendEvent(window.windowHandle(), &uncovered);
@@ -127,16 +127,18 @@ void ReachEvents(Form& form, QWidget& window) {
   });
 }
 
-class Events : public ProgramTest, public testing::WithParamInterface<std::string> {};
+class Events : public Session, public testing::WithParamInterface<std::string> {};
 
 TEST_P(Events, OfEachConnectedHandlerCanBeFiredByAPerson) {
-  Open(GetParam(), [](Form& form, QWidget& window) {
+  Ship();
+  hand.Show(program.form1.form);
+  Open(GetParam(), [](Form& form) {
     for (Control* const control : form.AllControls()) {
       const bool seen =
           control->Visible() && (control->Width() > 0 || dynamic_cast<Timer*>(control) != nullptr);
       if (seen) ReachEvents(*control);
     }
-    ReachEvents(form, window);
+    ReachEvents(form);
   });
 }
 

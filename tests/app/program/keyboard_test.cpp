@@ -8,7 +8,7 @@
 #include "platform/controls/bars.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/tree_view.h"
-#include "program_fixture.h"
+#include "tests/hand/session.h"
 
 namespace Morvane {
 namespace {
@@ -21,24 +21,23 @@ bool IsOneOf(Control& control) {
 }
 
 // What the user can act on in a control.
-std::vector<QWidget*> Acting(Control& control, QWidget& widget) {
+std::vector<QWidget*> Acting(Control& control) {
+  std::vector<QWidget*> parts;
   if (IsOneOf<Toolbar, StatusBar>(control)) {
-    std::vector<QWidget*> parts;
-    for (QToolButton* const part : widget.findChildren<QToolButton*>()) {
-      if (part->isEnabled()) parts.push_back(part);
-    }
-    return parts;
+    for (QToolButton* const part : Hand::See(control).findChildren<QToolButton*>()) parts.push_back(part);
+  } else if (control.HasHandPointer() ||
+             IsOneOf<CommandButton, CheckBox, OptionButton, TextBox, ListBox, TreeView>(control)) {
+    parts.push_back(&Hand::See(control));
   }
-  const bool acts = control.HasHandPointer() ||
-                    IsOneOf<CommandButton, CheckBox, OptionButton, TextBox, ListBox, TreeView>(control);
-  return acts && widget.isEnabled() ? std::vector<QWidget*>{&widget} : std::vector<QWidget*>{};
+  std::erase_if(parts, [](const QWidget* part) { return !part->isEnabled(); });
+  return parts;
 }
 
-std::vector<QWidget*> ActingIn(const Views& views) {
+std::vector<QWidget*> ActingIn(const Form& form) {
   std::vector<QWidget*> acting;
-  for (const auto& [control, widget] : views) {
-    if (widget == nullptr || !control->Visible()) continue;
-    for (QWidget* const part : Acting(*control, *widget)) acting.push_back(part);
+  for (Control* const control : form.AllControls()) {
+    if (!control->Visible()) continue;
+    for (QWidget* const part : Acting(*control)) acting.push_back(part);
   }
   return acting;
 }
@@ -78,27 +77,32 @@ std::vector<std::string> Names(const std::vector<QWidget*>& widgets) {
   return names;
 }
 
-class Keyboard : public ProgramTest, public testing::WithParamInterface<std::string> {};
+class Keyboard : public Session, public testing::WithParamInterface<std::string> {
+ protected:
+  void SetUp() override {
+    Ship();
+    hand.Show(program.form1.form);
+  }
+};
 
 TEST_P(Keyboard, ReachesEverythingInTheOrderOfTheTable) {
-  Open(GetParam(), [](Form& form, QWidget& window) {
-    std::vector<QWidget*> acting = ActingIn(ViewsOf(form, window));
+  Open(GetParam(), [](Form& form) {
+    const std::vector<QWidget*> acting = ActingIn(form);
     ASSERT_FALSE(acting.empty());
     acting.front()->setFocus();
-    EXPECT_EQ(Names(Reached(window)), Names(acting));
-    for (const auto& [control, widget] : ViewsOf(form, window)) {
-      const auto* const option = dynamic_cast<OptionButton*>(control);
-      if (option != nullptr) {
-        EXPECT_EQ(qobject_cast<QRadioButton*>(widget)->isChecked(), option->Value()) << option->Name();
+    EXPECT_EQ(Names(Reached(Hand::See(form))), Names(acting));
+    for (Control* const control : form.AllControls()) {
+      if (const auto* const option = dynamic_cast<OptionButton*>(control)) {
+        EXPECT_EQ(Hand::See<QRadioButton>(*option).isChecked(), option->Value()) << option->Name();
       }
     }
   });
 }
 
 TEST_P(Keyboard, EverythingHasASpokenNameOfItsOwn) {
-  Open(GetParam(), [](Form& form, QWidget& window) {
+  Open(GetParam(), [](Form& form) {
     std::map<QString, std::string> known;
-    for (QWidget* const widget : ActingIn(ViewsOf(form, window))) {
+    for (QWidget* const widget : ActingIn(form)) {
       const QString name = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
       const bool says = std::any_of(name.begin(), name.end(), [](QChar c) { return c.isLetterOrNumber(); });
       const std::string where = widget->objectName().toStdString();

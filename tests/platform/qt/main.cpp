@@ -13,13 +13,19 @@ extern "C" const char* __lsan_default_suppressions() {
 }
 #endif
 
-// The tests see neither the machine's printers nor the user's folders.
+// The tests see neither the machine's printers nor the user's folders, fonts and taste.
 int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
   const Morvane::TemporaryFolder home;
   qputenv("HOME", home.Path().c_str());
   qputenv("XDG_CONFIG_HOME", home.Path().c_str());
   qputenv("XDG_RUNTIME_DIR", home.Path().c_str());
+  qunsetenv("XDG_CACHE_HOME");
+  qputenv("FONTCONFIG_FILE", MORVANE_SOURCE_DIR "/tests/platform/qt/fonts.conf");
+  for (const char* taste :
+       {"QT_STYLE_OVERRIDE", "QT_FONT_DPI", "QT_SCREEN_SCALE_FACTORS", "QT_QPA_PLATFORMTHEME"}) {
+    qunsetenv(taste);
+  }
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   Morvane::PrivateCups::ChooseSocket(home.Path());
   QApplication application(argc, argv);

@@ -8,15 +8,19 @@
 #include <QToolButton>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <string>
+#include <vector>
 
-#include "golden.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "tests/hand/hand.h"
 #include "windows/main_window/program.h"
 
 namespace Morvane {
+
+inline const std::vector<std::string> kAllWindows = {"Form1",  "Dialog", "frmAbout", "FrmPreview",
+                                                     "fONTEN", "Form2",  "Form3",    "Form4"};
 
 // A person at the program, on a machine with two photos and a disc.
 class Session : public testing::Test {
@@ -83,6 +87,20 @@ class Session : public testing::Test {
     });
     means();
     EXPECT_TRUE(played) << window;
+  }
+
+  // The same for any window, by its button or entry of the main window.
+  void Open(const std::string& window, const Scene& scene) {
+    const std::map<std::string, Means> means = {
+        {"Dialog", ByTool("Settaogg")},    {"frmAbout", ByTool("Front")},
+        {"FrmPreview", ByTool("LeggiCD")}, {"Form4", ByTool("Cerca")},
+        {"Form3", ByTool("Info")},         {"Form2", ByEntry("Informazioni su PDF Creator")}};
+    if (window == "Form1") return scene(program.form1.form);
+    if (window != "fONTEN") return In(window, means.at(window), scene);
+    Open("FrmPreview", [&](Form& contents) {
+      In(
+          window, [&] { Press(contents, "Command4"); }, scene);
+    });
   }
 
   static Control& The(const Form& form, const std::string& name) {
