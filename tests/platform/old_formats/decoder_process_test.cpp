@@ -26,20 +26,16 @@ TEST(DecoderProcess, EndsWithAForbiddenDeedAndAtItsLimits) {
   }
 }
 
-TEST(DecoderProcess, FeedsAndCollectsMoreThanAPipeHoldsAtTheSameTime) {
+TEST(DecoderProcess, FeedsAndCollectsMoreThanAPipeHoldsAndSurvivesWhatDoesNotReadOrIsNotThere) {
   const QByteArray input(5'000'000, 'x');
-  EXPECT_EQ(RunDecoder("/bin/cat", "-", input, input.size(), milliseconds(10000)), input);
-}
-
-TEST(DecoderProcess, SurvivesAProcessThatDoesNotRead) {
-  EXPECT_EQ(RunDecoder("/bin/true", "", QByteArray(5'000'000, 'x'), kMostBytes, DecoderLimits::kWallTime),
-            "");
-  EXPECT_EQ(RunDecoder("/bin/false", "", QByteArray(5'000'000, 'x'), kMostBytes, DecoderLimits::kWallTime),
-            std::nullopt);
-}
-
-TEST(DecoderProcess, GivesNothingForAProgramThatIsNotThere) {
-  EXPECT_EQ(RunDecoder("/nowhere/decoder", "emf", "", kMostBytes, DecoderLimits::kWallTime), std::nullopt);
+  const auto run = [&](const char* program, const char* argument, qsizetype mostBytes) {
+    return RunDecoder(program, argument, input, mostBytes, milliseconds(10000));
+  };
+  EXPECT_EQ(run("/bin/cat", "-", input.size()), input);
+  EXPECT_EQ(run("/bin/cat", "-", input.size() - 1), std::nullopt);
+  EXPECT_EQ(run("/bin/true", "", kMostBytes), "");
+  EXPECT_EQ(run("/bin/false", "", kMostBytes), std::nullopt);
+  EXPECT_EQ(run("/nowhere/decoder", "emf", kMostBytes), std::nullopt);
 }
 
 }  // namespace
