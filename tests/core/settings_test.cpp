@@ -18,9 +18,9 @@ class SettingsTest : public testing::Test {
     return std::to_string(state.SpessoreBordo) + " " + state.FileFolder;
   }
   void RefuseFiles() {
-    machine.Files->BeforeCall = [](const char* call, const std::string& path) {
-      const bool refused = std::string(call) == "OpenForInput" || std::string(call) == "WriteText";
-      if (refused) throw RuntimeError(ErrorNumber::PathFileAccess, path);
+    machine.Files->BeforeCall = [](const std::string& call, const std::string& path) {
+      if (call == "OpenForInput" || call == "WriteText")
+        throw RuntimeError(ErrorNumber::PathFileAccess, path);
     };
   }
 

@@ -48,17 +48,11 @@ TEST_F(FilesTest, WhatIsRefusedHasItsNumberAndLeavesTheDiskAsItIs) {
   const Call moveTo = [&](const auto& path) { files.Name("d\\a.txt", path); };
 
   const std::vector<std::string> noFile = {"d\\cartella", "d\\tubo", "d\\zero", "d\\anello"};
-  const std::vector<std::string> badNames = {"d\\a/b.txt",
-                                             "d\\../../fuori.txt",
-                                             "d\\C:x.txt",
-                                             "d\\D:",
-                                             "d\\",
-                                             "d\\.",
-                                             "d\\..",
-                                             "d\\sotto\\",
-                                             "d\\D:\\x.jpg\\",
-                                             "d\\" + std::string(256, 'n'),
-                                             std::string("d\\a\0b", 5)};
+  std::vector<std::string> badNames = {
+      "d\\a/b.txt", "d\\../../fuori.txt", "d\\C:x.txt",    "d\\D:", "d\\", "d\\.",
+      "d\\..",      "d\\sotto\\",         "d\\D:\\x.jpg\\"};
+  badNames.push_back("d\\" + std::string(256, 'n'));
+  badNames.push_back(std::string("d\\a\0b", 5));
   const std::vector<std::string> noFolder = {"manca\\b.txt", "d\\a.txt\\b.txt", "d\\D:\\x.txt", "Q:\\b.txt"};
   const struct {
     std::vector<Call> calls;
