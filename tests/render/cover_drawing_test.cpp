@@ -45,26 +45,11 @@ class CoverDrawing : public ::testing::Test {
     EXPECT_NEAR(box.top + box.height, bottom * kTwipsPerInch, kTwipsTolerance);
   }
 
-  PicturePtr APicture() {
-    machine.WritePicture("C:\\a.jpg", 100, 100);
-    return machine.Pictures.LoadPicture("C:\\a.jpg");
-  }
-
   TestMachine machine;
   AppState state;
   CoverSlots slots;
   DrawingSurface surface{machine.Metrics};
 };
-
-TEST_F(CoverDrawing, RectangleLinesMoveTwoStepsUpAndLeftOfCentre) {
-  state.SpessoreBordo = 3;
-  DisegnaCopertine(surface, 1, state, slots);
-  const auto boxes = Drawn<BoxShape>();
-  ASSERT_EQ(boxes.size(), 3U);
-  ExpectBox(boxes[0].box, 0.973, 0.973, 3.009, 2.009);
-  ExpectBox(boxes[1].box, 0.964, 0.964, 3.018, 2.018);
-  ExpectBox(boxes[2].box, 0.955, 0.955, 3.027, 2.027);
-}
 
 TEST_F(CoverDrawing, ThickestOutlinesOfAllCoversEndAtTheSheet) {
   state.SpessoreBordo = 32767;
@@ -95,55 +80,6 @@ TEST_F(CoverDrawing, BadEllipseCostsOnlyItself) {
   EXPECT_TRUE(Drawn<EllipseShape>().empty());
   EXPECT_EQ(Drawn<BoxShape>().size(), 1U);
   EXPECT_EQ(Drawn<TextShape>().size(), 1U);
-}
-
-TEST_F(CoverDrawing, ScreenDrawsOutlinesAgainOnTopOfPicturesAndPaperDoesNot) {
-  slots.Image1[0] = APicture();
-  DisegnaCopertine(surface, 1, state, slots);
-  ASSERT_EQ(surface.Drawing().size(), 3U);  // outline, picture, footer
-  EXPECT_TRUE(std::holds_alternative<PictureShape>(surface.Drawing()[1]));
-
-  surface.Cls();
-  state.SuSchermo = 1;
-  DisegnaCopertine(surface, 1, state, slots);
-  ASSERT_EQ(surface.Drawing().size(), 4U);
-  EXPECT_TRUE(std::holds_alternative<BoxShape>(surface.Drawing()[2]));
-
-  surface.Cls();
-  slots.outlinesOn = false;
-  DisegnaCopertine(surface, 1, state, slots);
-  EXPECT_TRUE(Drawn<BoxShape>().empty());
-}
-
-TEST_F(CoverDrawing, PictureFillsItsBoxAndSlotsAboveTheCountStayAway) {
-  slots.Image1[0] = APicture();
-  slots.Image1[1] = APicture();
-  state.CopForma[1] = 1;
-  DisegnaCopertine(surface, 1, state, slots);
-  const auto pictures = Drawn<PictureShape>();
-  ASSERT_EQ(pictures.size(), 1U);
-  ExpectBox(pictures[0].box, 1, 1, 3, 2);
-}
-
-TEST_F(CoverDrawing, OnlyTheCurrentCoverIsColoured) {
-  state.NumCopertine = 2;
-  state.CopCorrente = 2;
-  SetCover(2, 5, 5, 1, 1);
-  DisegnaCopertine(surface, 1, state, slots);
-  const auto boxes = Drawn<BoxShape>();
-  EXPECT_EQ(boxes[0].color, QBColor(0));
-  EXPECT_EQ(boxes[1].color, QBColor(13));
-}
-
-TEST_F(CoverDrawing, FooterFollowsTheFirstCoverEvenOffTheSheet) {
-  state.NumCopertine = 0;
-  DisegnaCopertine(surface, 0.5, state, slots);
-  const auto footer = Drawn<TextShape>();
-  ASSERT_EQ(footer.size(), 1U);
-  EXPECT_NEAR(footer[0].left, kTwipsPerInch, kTwipsTolerance);
-  EXPECT_NEAR(footer[0].top, 0.7 * kTwipsPerInch, kTwipsTolerance);
-  EXPECT_DOUBLE_EQ(footer[0].font.size, 4.5);
-  EXPECT_THAT(footer[0].text, ::testing::StartsWith("Stampato con 'Morvane' - http"));
 }
 
 TEST_F(CoverDrawing, HitTestIsStrictAndTakesAnEllipseByItsBox) {

@@ -1,5 +1,4 @@
 #include <QLineEdit>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
@@ -12,7 +11,6 @@ namespace Morvane {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 QMessageBox* OpenBox() {
   return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -33,14 +31,6 @@ QWidget& WindowOf(const std::string& name) {
 }
 
 using FormViewTest = ViewTest;
-
-TEST_F(FormViewTest, ShowsTheClientAreaInPixelsOf15Twips) {
-  Label label(form, "Label1");
-  Show();
-  EXPECT_EQ(Widget<QWidget>("Label1").parentWidget()->size(), QSize(400, 300));
-  EXPECT_EQ(WindowOf("Form1").size(), QSize(400, 300));
-  EXPECT_EQ(WindowOf("Form1").windowTitle(), "Prova");
-}
 
 TEST_F(FormViewTest, FiresActivateOnceAndPaintWhenItAppears) {
   Label label(form, "Label1");
@@ -72,56 +62,6 @@ TEST_F(FormViewTest, ResizableWindowTellsItsSizeOnceAndTakesOneFromCode) {
   QApplication::processEvents();
   EXPECT_EQ(log.size(), 2U);
   EXPECT_EQ(WindowOf("Wide").size(), QSize(200, 200));
-}
-
-TEST_F(FormViewTest, MenuRunsItsEntryAndFollowsEnabled) {
-  form.MenuBar = {{"menuf", "&File", "", nullptr, {{"menuesci", "&Esci", "Ctrl+E", Log("Esci")}}}};
-  Label label(form, "Label1");
-  Show();
-  QAction& action = Widget<QAction>("menuesci");
-  EXPECT_EQ(action.shortcut(), QKeySequence("Ctrl+E"));
-  action.trigger();
-  form.SetMenuEnabled("menuesci", false);
-  EXPECT_FALSE(action.isEnabled());
-  action.trigger();
-  EXPECT_THAT(log, ElementsAre("Esci"));
-}
-
-TEST_F(FormViewTest, EnterAndEscPressTheDefaultAndCancelButtonsAfterTheTextIsLeft) {
-  TextBox text(form, "Text1");
-  CommandButton ok(form, "OK"), cancel(form, "Annulla");
-  ok.SetDefault(true);
-  cancel.SetCancel(true);
-  text.LostFocus = Log("LostFocus");
-  ok.Click = Log("OK");
-  cancel.Click = Log("Annulla");
-  Show();
-  text.SetFocus();
-  QTest::keyClick(&Widget<QLineEdit>("Text1"), Qt::Key_Return);
-  EXPECT_THAT(log, ElementsAre("LostFocus", "OK"));
-  QTest::keyClick(&Widget<QPushButton>("OK"), Qt::Key_Escape);
-  EXPECT_THAT(log, ElementsAre("LostFocus", "OK", "Annulla"));
-}
-
-TEST_F(FormViewTest, ModalWindowReturnsWhenHiddenAndComesBackWithItsControls) {
-  Show();
-  Form inner({.name = "Inner", .caption = "Dentro", .clientWidth = 3000, .clientHeight = 1500});
-  TextBox text(inner, "Text1");
-  text.SetWidth(1500);
-  text.SetHeight(315);
-  Later([&] {
-    QTest::keyClicks(&Widget<QLineEdit>("Text1"), "ciao");
-    EXPECT_EQ(QApplication::activeModalWidget(), &WindowOf("Inner"));
-    inner.Hide();
-  });
-  windows.ShowModal(inner);
-  EXPECT_EQ(text.Text(), "ciao");
-  EXPECT_FALSE(inner.Unloaded());
-  Later([&] {
-    EXPECT_EQ(Widget<QLineEdit>("Text1").text(), "ciao");
-    inner.Hide();
-  });
-  windows.ShowModal(inner);
 }
 
 TEST_F(FormViewTest, CloseBoxUnloadsTheModalWindowAndActivatesTheOneBelow) {

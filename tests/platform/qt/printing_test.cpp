@@ -16,7 +16,6 @@
 #include <QTest>
 #include <QTimer>
 
-#include "accepted_queue.h"
 #include "platform/drawing/printer.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/printing/calibration_tab.h"
@@ -209,8 +208,10 @@ TEST_F(QueueTest, LandscapeCoverStandsAtTheCornerOfThePrintableArea) {
   ExpectLines(sheet.AcrossMm(left - 70.5), {top + 20, top + 40, top + 120, top + 140});
 }
 
-// Two outlined covers, a rectangle and a disc, through the whole print command.
-TEST_F(QueueTest, CopiesAreJobsOfTheirOwnThatNobodyScales) {
+// Two outlined covers, a rectangle and a disc, through the whole print command: what the toolkit's dialog
+// offers, and what comes of it with options left from elsewhere.
+TEST_F(QueueTest, DialogAsksForCopiesWhichAreJobsOfTheirOwnThatNobodyScales) {
+  LeaveOptions("Dest uneven page-ranges=2-3 number-up=2 fit-to-page");
   AppState state;
   state.NumCopertine = 2;
   state.PaginaAlte = 297;
@@ -221,11 +222,16 @@ TEST_F(QueueTest, CopiesAreJobsOfTheirOwnThatNobodyScales) {
     state.CopDistx[n] = 60 / kMillimetresPerInch;  // the middle lies right of the footer
     state.CopDisty[n] = (n == 1 ? 25 : 150) / kMillimetresPerInch;
   }
-  AcceptedQueue queue(device_);
-  queue.Copies = 3;
-  Printer printer(queue, metrics_, fonts_);
-  printer.JobTitle = "Custodia è";
-  Stampa(state, CoverSlots{}, printer);
+  InDialog<QPrintDialog>([](QPrintDialog& dialog) {
+    EXPECT_FALSE(dialog.findChild<QWidget*>("gbPrintRange")->isVisible());
+    EXPECT_EQ(dialog.findChild<QComboBox*>("printers")->count(), 1) << "a file is no printer";
+    auto* const copies = dialog.findChild<QSpinBox*>("copies");
+    EXPECT_TRUE(copies->isVisible());
+    copies->setValue(3);
+    dialog.accept();
+  });
+  printer_.JobTitle = "Custodia è";
+  Stampa(state, CoverSlots{}, printer_);
   cups_.WaitForJobs();
 
   const MeasuredSheet sheet(cups_.SheetPath());
@@ -245,44 +251,11 @@ TEST_F(QueueTest, CopiesAreJobsOfTheirOwnThatNobodyScales) {
     ASSERT_NE(option, std::string::npos);
     EXPECT_EQ(job.substr(option + 13 + 2, 4), "none");  // behind the length of the value
     EXPECT_EQ(job.find("print-scaling", option + 1), std::string::npos);
-    EXPECT_EQ(job.find("copies"), std::string::npos);
-    EXPECT_THAT(job, HasSubstr("Custodia è"));
-  }
-}
-
-// What the toolkit's dialog offers and what comes of it, with a page range left from elsewhere.
-TEST_F(QueueTest, DialogAsksForPrinterAndCopiesOfWholeSheets) {
-  const QString options = QDir::homePath() + "/.cups";
-  QDir().mkpath(options);
-  std::ofstream(options.toStdString() + "/lpoptions")
-      << "Dest uneven page-ranges=2-3 number-up=2 fit-to-page\n";
-  AppState state;
-  state.NumCopertine = 1;
-  state.PaginaAlte = 297;
-  state.SpessoreBordo = 1;
-  state.CopLarg[1] = state.CopAlte[1] = 12.1;
-  state.CopDistx[1] = state.CopDisty[1] = 1;
-  InDialog<QPrintDialog>([](QPrintDialog& dialog) {
-    EXPECT_FALSE(dialog.findChild<QWidget*>("gbPrintRange")->isVisible());
-    EXPECT_EQ(dialog.findChild<QComboBox*>("printers")->count(), 1) << "a file is no printer";
-    auto* const copies = dialog.findChild<QSpinBox*>("copies");
-    EXPECT_TRUE(copies->isVisible());
-    copies->setValue(3);
-    dialog.accept();
-  });
-  Stampa(state, CoverSlots{}, printer_);
-  cups_.WaitForJobs();
-  const double left = 9.64 * kMmPerPoint + kMillimetresPerInch;
-  const double step = 0.009 * kMillimetresPerInch;
-  ExpectLines(MeasuredSheet(cups_.SheetPath()).AcrossMm(80), {left - 3 * step, left + 121 + step});
-  cups_.Stop();
-  const std::vector<std::string> jobs = cups_.JobRecords();
-  EXPECT_EQ(jobs.size(), 3U);
-  for (const std::string& job : jobs) {
-    for (const char* option : {"page-ranges", "fit-to-page", "copies"}) {
-      EXPECT_EQ(job.find(option), std::string::npos) << option;
+    for (const char* other : {"page-ranges", "fit-to-page", "copies"}) {
+      EXPECT_EQ(job.find(other), std::string::npos) << other;
     }
     EXPECT_EQ(job.substr(job.find("number-up") + 9, 6), std::string("\0\4\0\0\0\1", 6));
+    EXPECT_THAT(job, HasSubstr("Custodia è"));
   }
 }
 

@@ -101,10 +101,6 @@ TEST_F(QtPictureTest, RecordedRotationIsAppliedToSizeAndPixels) {
   EXPECT_GT(qBlue(small.pixel(20, 90)), 200);
 }
 
-TEST_F(QtPictureTest, NeverDecodesFinerThanTheFile) {
-  EXPECT_EQ(Decoded(Load("foto.png", Encoded(TwoHalves(64, 32), "png")), 500, 20).size(), QSize(64, 20));
-}
-
 // Fine stripes become an even grey; picking single pixels would leave stripes.
 TEST_F(QtPictureTest, ReducedPicturesAreAveraged) {
   QImage stripes(1200, 1200, QImage::Format_RGB32);
@@ -211,52 +207,12 @@ TEST_F(QtPictureTest, LoadsManyAtOnceWhileVolumesComeAndGo) {
   for (std::thread& thread : threads) thread.join();
 }
 
-TEST_F(QtPictureTest, MissingFileIsNotFound) {
-  EXPECT_THROW(loader_.LoadPicture("C:\\niente.jpg"), RuntimeError);
-}
-
-TEST_F(QtPictureTest, CacheKeepsTheLastSizeOfAPictureWhileItIsInUse) {
-  PicturePtr picture = Load("foto.png", Encoded(TwoHalves(64, 32), "png"));
-  PictureCache cache;
-  const QImage first = cache.Image(picture, QSize(16, 16));
-  EXPECT_EQ(cache.Image(picture, QSize(16, 16)).cacheKey(), first.cacheKey());
-  EXPECT_EQ(cache.Image(picture, QSize(20, 16)).size(), QSize(20, 16));
-  EXPECT_NE(cache.Image(picture, QSize(16, 16)).cacheKey(), first.cacheKey());
-}
-
 TEST_F(QtPictureTest, CacheGivesTheLastSizeForASizeThatWillNotStay) {
   const PicturePtr picture = Load("foto.png", Encoded(TwoHalves(64, 32), "png"));
   PictureCache cache;
   EXPECT_EQ(cache.Image(picture, QSize(16, 16), Pixels::AsLastTime).size(), QSize(16, 16));
   EXPECT_EQ(cache.Image(picture, QSize(20, 16), Pixels::AsLastTime).size(), QSize(16, 16));
   EXPECT_EQ(cache.Image(picture, QSize(20, 16)).size(), QSize(20, 16));
-}
-
-TEST_F(QtPictureTest, OverviewAndFileShowTheSamePicture) {
-  const auto turned = QImageIOHandler::TransformationRotate90;
-  const PicturePtr picture = Load("foto.jpg", Encoded(TwoHalves(640, 320), "jpg", turned));
-  for (const QSize size : {QSize(40, 80), QSize(41, 80)}) {
-    const QImage image = Decoded(picture, size.width(), size.height());
-    EXPECT_EQ(image.size(), size);
-    EXPECT_GT(qRed(image.pixel(20, 5)), 200);
-    EXPECT_GT(qBlue(image.pixel(20, 75)), 200);
-  }
-}
-
-TEST_F(QtPictureTest, PainterStretchesAPictureToItsBox) {
-  const PicturePtr picture = Load("foto.png", Encoded(TwoHalves(64, 32), "png"));
-  QImage screen(100, 100, QImage::Format_RGB32);
-  screen.fill(Qt::white);
-  PaintCache cache;
-  QPainter painter(&screen);
-  painter.scale(1 / 15.0, 1 / 15.0);
-  PaintDrawing(painter, {PictureShape{{10 * 15, 20 * 15, 80 * 15, 60 * 15}, picture}}, cache);
-  painter.end();
-  EXPECT_EQ(screen.pixelColor(9, 50), Qt::white);
-  EXPECT_EQ(screen.pixelColor(10, 20), Qt::red);
-  EXPECT_EQ(screen.pixelColor(89, 79), Qt::blue);
-  EXPECT_EQ(screen.pixelColor(90, 50), Qt::white);
-  EXPECT_EQ(screen.pixelColor(50, 80), Qt::white);
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include <functional>
 #include <thread>
 
-#include "accepted_queue.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/printing/qt_printer_device.h"
 #include "render/print_job.h"
@@ -17,6 +16,26 @@
 
 namespace Morvane {
 namespace {
+
+// A real queue, with a user who accepts the print dialog; something may go wrong meanwhile.
+class AcceptedQueue : public PrinterDevice {
+ public:
+  explicit AcceptedQueue(PrinterDevice& device) : device_(device) {}
+
+  std::function<void()> Meanwhile = [] {};
+
+  SheetSize PortraitSheet() override { return device_.PortraitSheet(); }
+  PrintDialogAnswer ShowDialog(const PrintDialogRequest&, PageOrientation&) override {
+    Meanwhile();
+    return {.accepted = true, .copies = 1};
+  }
+  void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override {
+    device_.SendPage(page, orientation, title);
+  }
+
+ private:
+  PrinterDevice& device_;
+};
 
 using testing::HasSubstr;
 

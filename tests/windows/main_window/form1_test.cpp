@@ -8,6 +8,8 @@
 #include <QTest>
 #include <QToolButton>
 #include <deque>
+#include <iterator>
+#include <map>
 #include <utility>
 
 #include "core/web_addresses.h"
@@ -336,74 +338,61 @@ class Commands : public MainWindow {
   }
 };
 
-struct Command {
-  std::string name;
-  std::string effect;  // how the one line of the log begins
-  std::string end = {};
-};
-
-TEST_F(Commands, EveryMenuEntryHasItsEffect) {
-  const Command commands[] = {
-      {"&Apri file layout copertine...", "Dialog"},
-      {"Carica immagine &1", "frmAbout"},
-      {"Carica immagine &2", "frmAbout"},
-      {"Stampa contenuto &CD/DVD Dati generico / Cartella...", "FrmPreview"},
-      {"&Stampa...", "print"},
-      {"&Lancia \"Lindorel\"", "start C:\\Morvane\\lindorel.exe"},
-      {"Ricerca Online", "Form4"},
-      {"&Cdcovers (Internazionali)", "open http", "/covers/"},
-      {"&Mega Search", "open http", "/"},
-      {"Ricerca con &Google", "open http", "/search?q=copertine+cd"},
-      {"Ricerca con &Yahoo", "open http", "/search?p=copertine+cd&fr=yfp-t-501&ei=UTF-8&rd=r1"},
-      {"Ricerca con &Arianna", "open http", "/search/abin/integrata.cgi?query=copertine+cd&regione=8"},
-      {"Ricerca con &Virgilio", "open http",
-       "/search/cgi/search.cgi?db=v&ly=vs&vrs=0&qs=%22copertine+cd%22&op"},
-      {"Ricerca con A&ltavista", "open http", "/q?pg=q&q=copertine+cd&kl=XX&what=it"},
-      {"Scarica da Internet PDF Creator", "open http", "/projects/pdfcreator/"},
-      {"Informazioni su PDF Creator", "Form2"},
-      {"&Help", "box Morvane\r\n\r\nQuesto programma esegue", "cliccare sul bottone <Stampa>"},
-      {"&Visita il sito dell'autore...", "open " + std::string(WebAddresses::kMakerSite)},
-      {"&Manda una mail all'autore...", "open mailto:"},
-      {"&About", "Form3"},
-      {"&Esci", "end"},
+TEST_F(Commands, EveryMenuEntryButtonPanelAndPictureHasItsEffect) {
+  // How the one line of the log begins.
+  std::map<Action, std::string> effects = {
+      {Action::CaricaImmagine1, "frmAbout"},
+      {Action::CaricaImmagine2, "frmAbout"},
+      {Action::ScegliLayout, "Dialog"},
+      {Action::LeggiCD, "FrmPreview"},
+      {Action::Stampa, "print"},
+      {Action::AvviaLindorel, "start C:\\Morvane\\lindorel.exe"},
+      {Action::RicercaOnline, "Form4"},
+      {Action::ApriOmbranoKit, "open omk.htm"},
+      {Action::InformazioniPdf, "Form2"},
+      {Action::Aiuto, "box Morvane\r\n\r\nQuesto programma esegue"},
+      {Action::Informazioni, "Form3"},
   };
-  machine.Device.Answers = {{}};
-  std::size_t clickable = 0;
-  for (const MenuRow& row : MenuRows()) clickable += row.action != Action::None;
-  EXPECT_EQ(clickable, std::size(commands));
-  for (const Command& command : commands) {
-    Choose(command.name);
-    EXPECT_THAT(TakeLog(), ElementsAre(AllOf(StartsWith(command.effect), ::testing::EndsWith(command.end))))
-        << command.name;
+  machine.Device.Answers = {{}, {}};
+  for (const MenuRow& row : MenuRows()) {
+    if (row.action == Action::None || row.action == Action::Esci) continue;
+    Choose(std::string(row.caption));
+    const std::string effect =
+        row.action == Action::ApriIndirizzo ? "open " + std::string(row.address) : effects.at(row.action);
+    EXPECT_THAT(TakeLog(), ElementsAre(StartsWith(effect))) << row.caption;
   }
-}
-
-TEST_F(Commands, EveryToolbarButtonHasItsEffect) {
-  const Command commands[] = {
-      {"Front", "frmAbout"},       {"Back", "frmAbout"},      {"Settaogg", "Dialog"}, {"Stampa", "print"},
-      {"OMK", "open omk.htm"},     {"LeggiCD", "FrmPreview"}, {"Cerca", "Form4"},     {"Info", "Form3"},
-      {"Help", "box Morvane\r\n"}, {"Uscita", "end"},
-  };
-  machine.Device.Answers = {{}};
-  EXPECT_THAT(window.Toolbar1.Buttons, SizeIs(17));
-  for (const Command& command : commands) {
-    PressTool(command.name);
-    EXPECT_THAT(TakeLog(), ElementsAre(StartsWith(command.effect))) << command.name;
+  for (const ToolRow& row : ToolRows()) {
+    if (!effects.contains(row.action)) continue;
+    PressTool(std::string(row.key));
+    EXPECT_THAT(TakeLog(), ElementsAre(StartsWith(effects.at(row.action)))) << row.key;
   }
-}
-
-TEST_F(Commands, PanelsAndPicturesHaveTheirEffects) {
-  const char* const effects[] = {"Dialog", "Form3", "Form4"};
-  ASSERT_THAT(window.StatusBar1.Panels, SizeIs(3));
-  for (std::size_t i = 0; i < 3; ++i) {
-    Hand::See(window.StatusBar1).findChildren<QToolButton*>().at(static_cast<int>(i))->click();
+  const QList<QToolButton*> panels = Hand::See(window.StatusBar1).findChildren<QToolButton*>();
+  ASSERT_EQ(panels.size(), std::ssize(StatusRows()));
+  for (int i = 0; i < panels.size(); ++i) {
+    panels[i]->click();
     Hand::Settle();
-    EXPECT_THAT(TakeLog(), ElementsAre(effects[i]));
+    EXPECT_THAT(TakeLog(), ElementsAre(effects.at(StatusRows()[static_cast<std::size_t>(i)].action)));
   }
   Hand::Press(window.Picture2);
   Hand::Press(window.Picture7);
   EXPECT_THAT(TakeLog(), ElementsAre("open " + std::string(WebAddresses::kMakerSite),
-                                     HasSubstr("/it/xclick/business=")));
+                                     "open " + std::string(WebAddresses::kDonation)));
+}
+
+TEST_F(Commands, EachWayOutEndsTheProgramWithoutAQuestion) {
+  Choose("&Esci");
+  EXPECT_THAT(TakeLog(), ElementsAre("end"));
+  for (const bool byButton : {true, false}) {
+    TestMachine other;
+    Hand another(other);
+    Form1 main(state, another.platform, slots, Openers());
+    another.Show(main.form);
+    byButton ? Hand::See(main.Toolbar1).findChild<QToolButton*>("Uscita")->click()
+             : static_cast<void>(Hand::See(main.form).close());
+    Hand::Settle();
+    EXPECT_TRUE(another.windows.Ended());
+    EXPECT_TRUE(other.Windows.Boxes.empty());
+  }
 }
 
 TEST_F(Commands, PrintsTheLayoutWithItsOrientationAfterAFailedDialogToo) {
@@ -451,12 +440,6 @@ TEST_F(Commands, MissingSiblingToolIsToldAndTheProgramGoesOn) {
   Choose("&Lancia \"Lindorel\"");
   EXPECT_THAT(machine.Windows.Boxes, SizeIs(1));
   EXPECT_FALSE(machine.Windows.Ended());
-}
-
-TEST_F(Commands, CloseBoxEndsTheProgramWithoutAQuestion) {
-  Hand::See(window.form).close();
-  Hand::Settle();
-  EXPECT_THAT(TakeLog(), ElementsAre("end"));
 }
 
 }  // namespace
