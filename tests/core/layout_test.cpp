@@ -161,6 +161,7 @@ TEST_F(LayoutTest, TheCurrentLayoutStaysOpenAndIsSkippedWhenMissingOrNotToBeOpen
   RefuseCalls();
   EXPECT_FALSE(ReadCurrentLayout(state, *machine.Files, handles));
   EXPECT_EQ(handles.Count(), 2U);
+  EXPECT_EQ(LayoutPath("C:\\", "..\\CD"), "C:\\../CD.mvne") << "no name leads to another folder";
 }
 
 TEST_F(LayoutTest, IsWrittenByteForByteAndTheCoverOnShowFromItsRawTexts) {

@@ -1,6 +1,7 @@
 #include "platform/files/mount_table.h"
 
 #include <algorithm>
+#include <charconv>
 #include <filesystem>
 #include <set>
 #include <utility>
@@ -64,19 +65,15 @@ void GiveLetters(std::vector<Volume>& volumes, const std::vector<Volume>& before
   std::erase_if(volumes, [](const Volume& volume) { return volume.letter == 0; });
 }
 
-int HexValue(char digit) {
-  if (digit >= '0' && digit <= '9') return digit - '0';
-  if (digit >= 'a' && digit <= 'f') return digit - 'a' + 10;
-  return digit >= 'A' && digit <= 'F' ? digit - 'A' + 10 : -1;
-}
-
 // Blanks and the like stand in a label's link as "\x20".
 std::string DecodeHex(const std::string& text) {
   std::string decoded;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool escape = text[i] == '\\' && i + 3 < text.size() && text[i + 1] == 'x' &&
-                        HexValue(text[i + 2]) >= 0 && HexValue(text[i + 3]) >= 0;
-    decoded += escape ? static_cast<char>(HexValue(text[i + 2]) * 16 + HexValue(text[i + 3])) : text[i];
+    const char* digits = text.data() + i + 2;
+    unsigned character = 0;
+    const bool escape = text.compare(i, 2, "\\x") == 0 && i + 3 < text.size() &&
+                        std::from_chars(digits, digits + 2, character, 16).ptr == digits + 2;
+    decoded += escape ? static_cast<char>(character) : text[i];
     if (escape) i += 3;
   }
   return decoded;

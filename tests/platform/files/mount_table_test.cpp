@@ -80,12 +80,12 @@ TEST_F(MountTableTest, ALetterStaysWhileItsVolumeIsMountedAndZIsTheLast) {
 
 TEST_F(MountTableTest, ALabelComesFromTheDeviceWhereDevicesTellThem) {
   disk.MakeFolder("by-label");
-  Link("../../sdb1", "by-label/FOTO\\x20MARE\\xe9");
+  Link("../../sdb1", "by-label/FOTO\\x20MARE\\xe9\\x4");
   Link("../../sdb2", "by-label/ALTRA");
   Link("sdb2", "disco");
   EXPECT_EQ(Mounted(kRoot + kStick + kDisc + "62 27 8:18 / /media/u/X rw - vfat " + "/dev/../" +
                     disk.Path("disco") + " rw\n63 27 0:50 / /media/u/nas rw - cifs //nas/foto rw\n"),
-            "C3/[] D5/media/u/MUSICA[] E3/media/u/CHIAVE USB[FOTO MAREé] F3/media/u/X[ALTRA] "
+            "C3/[] D5/media/u/MUSICA[] E3/media/u/CHIAVE USB[FOTO MAREé\\x4] F3/media/u/X[ALTRA] "
             "G4/media/u/nas[nas] ");
 }
 
