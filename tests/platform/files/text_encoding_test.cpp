@@ -36,7 +36,7 @@ TEST(Utf8, ReadsBackWhatItAppendsAndKeepsBytesThatAreNone) {
     EXPECT_EQ(ToLower(bad), bad);
     EXPECT_EQ(ReadableUtf8(bad), FromWindows1252(bad));
   }
-  EXPECT_FALSE(ReadUtf8(std::string_view("è", 1), 0).valid);
+  EXPECT_FALSE(ReadUtf8(std::string_view("aè", 2), 1).valid);
   EXPECT_EQ(ReadableUtf8("caff\xE9 perché \x80"), "caffé perché €");
 }
 
