@@ -1,5 +1,8 @@
 #include "windows/image_picker/image_file_operations.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
+
 #include "picker_fixture.h"
 
 namespace Morvane {
@@ -35,6 +38,22 @@ TEST_F(ImageFileTest, RenamingKeepsTheRowsPlaceAndFollowsTheFile) {
   EXPECT_THAT(OnDisk(), ElementsAre("a.jpg", "c.jpg", "z.txt"));
   EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\z.txt");
   EXPECT_EQ(machine.Pictures.Loaded.back(), "C:\\Foto\\z.txt");
+}
+
+TEST_F(ImageFileTest, HighlightedRowStaysWhateverIsPressed) {
+  auto& list = Hand::See<QAbstractItemView>(picker->List1);
+  const auto at = [&](int row) { return list.visualRect(list.model()->index(row, 0)).center(); };
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, at(1));
+  QTest::keyClick(&list, Qt::Key_Space, Qt::ControlModifier);
+  QTest::mousePress(list.viewport(), Qt::LeftButton, {}, at(1));
+  QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, at(2));
+  machine.Windows.MenuChoices = {""};
+  QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, {});
+  QApplication::sendEvent(&list, &byKey);
+  EXPECT_THAT(machine.Windows.MenuChoices, IsEmpty());
+  RightClick({""});
+  EXPECT_THAT(list.selectionModel()->selectedIndexes(), ElementsAre(list.model()->index(1, 0)));
+  EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\b.jpg");
 }
 
 TEST_F(ImageFileTest, AFailedRenameTellsAndOpensTheMenuAgain) {
@@ -82,7 +101,7 @@ TEST_F(ImageFileTest, DeletingIsTriedAgainAfterEachMessageAndLeavesCountPreviewA
       "una cartella di un CD-ROM o DVD-ROM");
   EXPECT_THAT(OnDisk(), ElementsAre("a.jpg", "c.jpg"));
   EXPECT_THAT(Rows(), ElementsAre("a.jpg", "c.jpg"));
-  EXPECT_EQ(picker->List1.ListIndex(), -1);
+  EXPECT_THAT(Hand::See<QAbstractItemView>(picker->List1).selectionModel()->selectedIndexes(), IsEmpty());
   EXPECT_EQ(picker->Label17.Caption(), "N. 3");
   EXPECT_EQ(state.ImmagineScelta, "C:\\Foto\\b.jpg");
   EXPECT_NE(picker->Image1.GetPicture(), nullptr);
