@@ -3,8 +3,8 @@
 
 #include <filesystem>
 #include <fstream>
-#include <map>
 
+#include "bench/files/kept_folder.h"
 #include "tests/support/test_machine.h"
 #include "windows/contents/folder_scan.h"
 #include "windows/contents/frm_preview.h"
@@ -22,30 +22,21 @@ void WriteFiles(const fs::path& folder, int count) {
   for (int i = 0; i < count; ++i) std::ofstream(folder / ("Brano numero " + std::to_string(i) + ".mp3"));
 }
 
-// C:\Disco with so many files, 50 to a folder and 50 folders to a folder.
-struct Disc {
-  TestMachine machine;
-  const fs::path folder = machine.Root.Path() + "/Disco";
-
-  explicit Disc(std::int64_t files) {
+// So many files, 50 to a folder and 50 folders to a folder.
+std::string DiscOf(std::int64_t files) {
+  return KeptFolder("disco-" + std::to_string(files), [files](const fs::path& disc) {
     for (std::int64_t i = 0; i < files / kFilesInEach; ++i) {
-      const fs::path top = folder / ("Autore " + std::to_string(i / kFoldersInEach));
+      const fs::path top = disc / ("Autore " + std::to_string(i / kFoldersInEach));
       WriteFiles(top / ("Disco " + std::to_string(i)), kFilesInEach);
     }
-  }
-};
-
-// Made once for all benchmarks: that takes much longer than to read it.
-Disc& DiscOf(std::int64_t files) {
-  static std::map<std::int64_t, Disc> discs;
-  return discs.try_emplace(files, files).first->second;
+  });
 }
 
 void PlainWalk(benchmark::State& run) {
-  const Disc& disc = DiscOf(run.range(0));
+  const std::string disc = DiscOf(run.range(0));
   for (auto _ : run) {
     int files = 0;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(disc.folder)) {
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(disc)) {
       files += entry.is_regular_file() ? 1 : 0;
     }
     benchmark::DoNotOptimize(files);
@@ -54,13 +45,13 @@ void PlainWalk(benchmark::State& run) {
 BENCHMARK(PlainWalk)->Arg(100)->Arg(1000)->Arg(10000)->Arg(50000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 void FolderScan(benchmark::State& run) {
-  Disc& disc = DiscOf(run.range(0));
+  TestMachine machine;
+  fs::create_directory_symlink(DiscOf(run.range(0)), machine.Root.Path("Disco"));
   AppState state;
   Listing list;
-  const Platform& machine = disc.machine.platform;
   for (auto _ : run) {
     state.ElencoRighe = 0;
-    FindSubFolders("C:\\Disco", state, {machine.files, machine.screen, machine.windows}, list);
+    FindSubFolders("C:\\Disco", state, {*machine.Files, machine.TheScreen, machine.Windows}, list);
   }
   run.counters["lines"] = static_cast<double>(list.ListCount());
 }

@@ -198,6 +198,32 @@ void EditorStep(benchmark::State& run) {
 }
 BENCHMARK(EditorStep)->Unit(benchmark::kMillisecond);
 
+// A window made, shown and painted.
+template <typename Window, typename... Extra>
+void OpenWindow(benchmark::State& run, Extra&&... extra) {
+  WindowMachine desk(PhotoFolder());
+  for (const auto& layout : std::filesystem::directory_iterator(MORVANE_SOURCE_DIR "/data/layouts"))
+    std::filesystem::copy(layout, desk.machine.Root.Path("Morvane"));
+  AppState state;
+  state.MaxCopertine = kMaxCovers;
+  state.AppPath = "C:\\Morvane\\";
+  for (auto _ : run) {
+    Window window(state, desk.platform, extra...);
+    desk.windows.ShowMain(window.form);
+    WindowMachine::Settle(WindowMachine::Widget(window.form.Name(), ""));
+  }
+}
+void OpenEditor(benchmark::State& run) {
+  CoverSlots slots;
+  Rnd rnd;
+  OpenWindow<Dialog>(run, slots, rnd);
+}
+BENCHMARK(OpenEditor)->Unit(benchmark::kMillisecond)->Iterations(5);
+void OpenContents(benchmark::State& run) {
+  OpenWindow<FrmPreview>(run, FrmPreviewHooks{[] {}, [] { return std::string("ok"); }});
+}
+BENCHMARK(OpenContents)->Unit(benchmark::kMillisecond)->Iterations(5);
+
 // A letter more or less in the title of a full sheet: seven columns of small print.
 void TitleKeystroke(benchmark::State& run) {
   WindowMachine desk(PhotoFolder());

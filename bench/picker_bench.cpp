@@ -4,10 +4,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QKeyEvent>
 #include <cstdlib>
 #include <memory>
 #include <optional>
 
+#include "bench/files/kept_folder.h"
+#include "bench/photos/photo.h"
 #include "bench/windows/window_machine.h"
 #include "platform/qt/pictures/qt_picture.h"
 #include "windows/image_picker/frm_about.h"
@@ -20,27 +23,39 @@ namespace fs = std::filesystem;
 
 constexpr int kPictures = 9999;
 constexpr int kFolders = 5000;
+constexpr int kShots = 100;
 constexpr QSize kPreview(247, 165);
+
+// 100 photos of 24 megapixels, of four kinds.
+void WriteShots(const fs::path& folder) {
+  for (int i = 1; i <= kShots; ++i) {
+    fs::create_symlink(
+        std::string(std::getenv("MORVANE_BENCH_PHOTOS")) + "/24-" + std::to_string(i % 4 + 1) + ".jpg",
+        folder / ("Scatto " + std::to_string(i) + ".jpg"));
+  }
+}
 
 // C:\Tante with 9,999 names of one photo, C:\Molte with 5,000 folders of one folder each.
 struct FullMachine {
   WindowMachine desk{std::getenv("MORVANE_BENCH_PHOTOS")};
   AppState state;
   std::unique_ptr<frmAbout> picker;
-  const std::string pictures = desk.machine.Root.Path() + "/Tante";
-  const std::string folders = desk.machine.Root.Path() + "/Molte";
-
-  void WritePictures() {
-    fs::create_directory(pictures);
-    const std::string first = pictures + "/Foto 1.jpg";
-    fs::copy_file(desk.machine.Root.Path() + "/Foto/12-1.jpg", first);
+  const std::string pictures = KeptFolder("tante", [](const fs::path& folder) {
+    const fs::path first = folder / "Foto 1.jpg";
+    fs::copy_file(fs::path(std::getenv("MORVANE_BENCH_PHOTOS")) / "12-1.jpg", first);
     for (int i = 2; i <= kPictures; ++i)
-      fs::create_hard_link(first, pictures + "/Foto " + std::to_string(i) + ".jpg");
-  }
-  void WriteFolders() {
+      fs::create_hard_link(first, folder / ("Foto " + std::to_string(i) + ".jpg"));
+  });
+  const std::string folders = KeptFolder("molte", [](const fs::path& folder) {
     for (int i = 1; i <= kFolders; ++i)
-      fs::create_directories(folders + "/Cartella " + std::to_string(i) + "/Dentro");
+      fs::create_directories(folder / ("Cartella " + std::to_string(i)) / "Dentro");
+  });
+
+  FullMachine() {
+    fs::create_directory_symlink(pictures, desk.machine.Root.Path("Tante"));
+    fs::create_directory_symlink(folders, desk.machine.Root.Path("Molte"));
   }
+
   QWidget& Show() {
     picker = std::make_unique<frmAbout>(state, desk.platform, [] {});
     desk.windows.ShowMain(picker->form);
@@ -58,14 +73,12 @@ int PlainWalk(const std::string& folder) {
 
 void WalkPictures(benchmark::State& run) {
   FullMachine full;
-  full.WritePictures();
   for (auto _ : run) benchmark::DoNotOptimize(PlainWalk(full.pictures));
 }
 BENCHMARK(WalkPictures)->Unit(benchmark::kMillisecond);
 
 void WalkPicturesAndPreview(benchmark::State& run) {
   FullMachine full;
-  full.WritePictures();
   for (auto _ : run) {
     benchmark::DoNotOptimize(PlainWalk(full.pictures));
     const PicturePtr picture = full.desk.pictures.LoadPicture("C:\\Tante\\Foto 1.jpg");
@@ -76,7 +89,6 @@ BENCHMARK(WalkPicturesAndPreview)->Unit(benchmark::kMillisecond);
 
 void ListPictures(benchmark::State& run) {
   FullMachine full;
-  full.WritePictures();
   QWidget& window = full.Show();
   full.picker->lblPath.SetCaption("C:\\Tante");
   for (auto _ : run) {
@@ -86,6 +98,41 @@ void ListPictures(benchmark::State& run) {
   run.counters["pictures"] = full.picker->List1.ListCount();
 }
 BENCHMARK(ListPictures)->Unit(benchmark::kMillisecond);
+
+// The window made, a folder clicked, all painted.
+void OpenPickerOnThem(benchmark::State& run) {
+  FullMachine full;
+  for (auto _ : run) {
+    QWidget& window = full.Show();
+    full.picker->lblPath.SetCaption("C:\\Tante");
+    full.picker->Command4.PerformClick();
+    WindowMachine::Settle(window);
+  }
+}
+BENCHMARK(OpenPickerOnThem)->Unit(benchmark::kMillisecond)->Iterations(5);
+
+// A key a photo, each painted before the next.
+void NextPhoto(benchmark::State& run) {
+  FullMachine full;
+  QWidget& window = full.Show();
+  fs::create_directory_symlink(KeptFolder("scatti", WriteShots), full.desk.machine.Root.Path("Scatti"));
+  full.picker->lblPath.SetCaption("C:\\Scatti");
+  full.picker->Command4.PerformClick();
+  QWidget& list = WindowMachine::Widget(full.picker->form.Name(), "List1");
+  for (auto _ : run) {
+    QKeyEvent down(QEvent::KeyPress,
+                   full.picker->List1.ListIndex() + 1 < kShots ? Qt::Key_Down : Qt::Key_Home, {});
+    QApplication::sendEvent(&list, &down);
+    WindowMachine::Settle(window);
+  }
+}
+BENCHMARK(NextPhoto)->Unit(benchmark::kMillisecond);
+
+void DecodeEighth(benchmark::State& run) {
+  const std::string photo = std::string(std::getenv("MORVANE_BENCH_PHOTOS")) + "/24-1.jpg";
+  for (auto _ : run) benchmark::DoNotOptimize(DecodeToNowhere(photo, 1));
+}
+BENCHMARK(DecodeEighth)->Unit(benchmark::kMillisecond);
 
 // Until the first folder in it is found.
 void LookInto(const std::string& path) {
@@ -100,7 +147,6 @@ void LookInto(const std::string& path) {
 
 void SameCallsAsExpand(benchmark::State& run) {
   FullMachine full;
-  full.WriteFolders();
   for (auto _ : run) {
     DIR* const all = ::opendir(full.folders.c_str());
     while (const dirent* const entry = ::readdir(all)) {
@@ -115,7 +161,7 @@ void ExpandFolders(benchmark::State& run) {
   std::optional<FullMachine> full;
   for (auto _ : run) {
     run.PauseTiming();
-    full.emplace().WriteFolders();
+    full.emplace();
     QWidget& window = full->Show();
     TreeView& tree = full->picker->tvwdirtree;
     if (!tree.Find("C:")->Expanded()) tree.UserExpands(*tree.Find("C:"));

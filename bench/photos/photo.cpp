@@ -66,7 +66,7 @@ void WritePhoto(const std::string& path, PhotoSize size, std::uint32_t seed) {
   jpeg_destroy_compress(&jpeg);
 }
 
-std::size_t DecodeToNowhere(const std::string& path) {
+std::size_t DecodeToNowhere(const std::string& path, unsigned eighths) {
   const File file = Open(path, "rb");
   jpeg_error_mgr errors{};
   jpeg_decompress_struct jpeg{};
@@ -74,6 +74,8 @@ std::size_t DecodeToNowhere(const std::string& path) {
   jpeg_create_decompress(&jpeg);
   jpeg_stdio_src(&jpeg, file.get());
   jpeg_read_header(&jpeg, TRUE);
+  jpeg.scale_num = eighths;
+  jpeg.scale_denom = 8;
   jpeg_start_decompress(&jpeg);
   std::vector<JSAMPLE> row(static_cast<std::size_t>(jpeg.output_width) *
                            static_cast<std::size_t>(jpeg.output_components));
