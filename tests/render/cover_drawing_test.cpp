@@ -105,6 +105,18 @@ TEST_F(PageSetup, TakesTheTighterDirectionOfTheSheet) {
   EXPECT_NEAR(ImpostaPaginaMm(surface, state, machine.ThePrinter), 4 / (11906 / 1440.0), 1e-9);
 }
 
+TEST_F(PageSetup, WritesAsThePrinterDoesInLettersAsSmallAsThePage) {
+  machine.ThePrinter.Surface().SetFontName("Verdana");
+  machine.ThePrinter.Surface().SetFontSize(40);
+  machine.ThePrinter.Surface().ForeColor = {200, 0, 0};
+  const double ratio = ImpostaPagina(surface, state, machine.ThePrinter);
+  surface.Print("a");
+  const TextShape text = Drawn<TextShape>().at(0);
+  EXPECT_EQ(text.font.name, "Verdana");
+  EXPECT_NEAR(text.font.size, 40 * ratio, 1e-6);
+  EXPECT_EQ(text.color.red, 200);
+}
+
 TEST_F(PageSetup, TurnsByTheLayoutAloneSoALandscapePrinterIsTurnedTwice) {
   state.Orientamento = 1;
   ImpostaPagina(surface, state, machine.ThePrinter);
