@@ -3,6 +3,7 @@
 
 #include "platform/controls/list_box.h"
 #include "platform/controls/picture_box.h"
+#include "platform/controls/screen.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/tree_view.h"
 #include "platform/runtime_error.h"
@@ -94,7 +95,9 @@ TEST_F(Trees, RefusesAKeyThatExistsAndKeepsSortedChildrenSorted) {
   tree.Add("r", "a", "A", "closed");
   ASSERT_EQ(root.Children().size(), 3U);
   EXPECT_EQ(root.Children()[0]->Key(), "a");
+  EXPECT_EQ(tree.Node(1).Key(), "r");
   EXPECT_EQ(tree.Node(4).Key(), "a");
+  EXPECT_THROW(tree.Node(0), RuntimeError);
   EXPECT_THROW(tree.Node(5), RuntimeError);
 }
 
@@ -112,6 +115,14 @@ class Windows : public Controls {
   ScriptedWindows windows;
   Form main{FormRow{.name = "Main", .caption = "Main"}};
 };
+
+TEST_F(Windows, CentredWindowHasTheSameRoomOnOppositeSides) {
+  const Screen screen;
+  form.CentreOn(screen);
+  EXPECT_GT(form.Left(), 0);
+  EXPECT_DOUBLE_EQ(form.Left(), screen.Width - form.Width() - form.Left());
+  EXPECT_DOUBLE_EQ(form.Top(), screen.Height - form.Height() - form.Top());
+}
 
 TEST_F(Windows, LoadComesOnceAndTheWindowBelowIsActivatedLater) {
   windows.Modal["Finestra"] = {[](Form& f) { f.Hide(); }, [](Form& f) { f.UnloadForm(); }};
