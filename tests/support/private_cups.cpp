@@ -16,90 +16,8 @@
 namespace Morvane {
 namespace {
 
+const std::string kPrinters = MORVANE_SOURCE_DIR "/tests/support/printers/";
 constexpr auto kPatience = std::chrono::seconds(20);
-
-constexpr const char* kPrinterDescription = R"PPD(*PPD-Adobe: "4.3"
-*FormatVersion: "4.3"
-*FileVersion: "1.0"
-*LanguageVersion: English
-*LanguageEncoding: ISOLatin1
-*PCFileName: "UNEVEN.PPD"
-*Manufacturer: "Test"
-*Product: "(Uneven)"
-*ModelName: "Uneven"
-*ShortNickName: "Uneven"
-*NickName: "Uneven"
-*PSVersion: "(3010.000) 0"
-*LanguageLevel: "3"
-*ColorDevice: True
-*DefaultColorSpace: RGB
-*FileSystem: False
-*LandscapeOrientation: Minus90
-*cupsFilter2: "application/vnd.cups-pdf application/pdf 0 -"
-*OpenUI *PageSize/Media Size: PickOne
-*OrderDependency: 10 AnySetup *PageSize
-*DefaultPageSize: A4
-*PageSize A4/A4: "<</PageSize[595 842]>>setpagedevice"
-*CloseUI: *PageSize
-*OpenUI *PageRegion/Media Size: PickOne
-*OrderDependency: 10 AnySetup *PageRegion
-*DefaultPageRegion: A4
-*PageRegion A4/A4: "<</PageSize[595 842]>>setpagedevice"
-*CloseUI: *PageRegion
-*DefaultImageableArea: A4
-*ImageableArea A4/A4: "9.64 14.4 580.8 823.92"
-*DefaultPaperDimension: A4
-*PaperDimension A4/A4: "595.28 841.89"
-*DefaultFont: Courier
-)PPD";
-
-// As the spooler itself describes a driverless printer that takes rasters only. Its default sheet is Letter.
-constexpr const char* kRasterDescription = R"PPD(*PPD-Adobe: "4.3"
-*FormatVersion: "4.3"
-*FileVersion: "2.0"
-*LanguageVersion: English
-*LanguageEncoding: ISOLatin1
-*PCFileName: "RASTER.PPD"
-*Manufacturer: "Test"
-*Product: "(Raster)"
-*ModelName: "Raster"
-*NickName: "Raster - IPP Everywhere"
-*ShortNickName: "Raster - IPP Everywhere"
-*LanguageLevel: "3"
-*ColorDevice: False
-*FileSystem: False
-*cupsVersion: 2.4
-*cupsLanguages: "en"
-*cupsFilter2: "image/pwg-raster image/pwg-raster 0 -"
-*OpenUI *PageSize/Media Size: PickOne
-*OrderDependency: 10 AnySetup *PageSize
-*DefaultPageSize: Letter
-*PageSize Letter/Letter: "<</PageSize[612 792]>>setpagedevice"
-*PageSize A4/A4: "<</PageSize[595.275590551181 841.889763779528]>>setpagedevice"
-*CloseUI: *PageSize
-*OpenUI *PageRegion/Media Size: PickOne
-*OrderDependency: 10 AnySetup *PageRegion
-*DefaultPageRegion: Letter
-*PageRegion Letter/Letter: "<</PageSize[612 792]>>setpagedevice"
-*PageRegion A4/A4: "<</PageSize[595.275590551181 841.889763779528]>>setpagedevice"
-*CloseUI: *PageRegion
-*DefaultImageableArea: Letter
-*ImageableArea Letter/Letter: "9.64 14.4 597.52 774.03"
-*ImageableArea A4/A4: "9.64 14.4 580.8 823.92"
-*DefaultPaperDimension: Letter
-*PaperDimension Letter/Letter: "612 792"
-*PaperDimension A4/A4: "595.275590551181 841.889763779528"
-*OpenUI *ColorModel/Output Mode: PickOne
-*OrderDependency: 10 AnySetup *ColorModel
-*DefaultColorModel: Gray
-*ColorModel Gray/Grayscale: "<</cupsColorSpace 18/cupsBitsPerColor 8/cupsColorOrder 0/cupsCompression 0>>setpagedevice"
-*CloseUI: *ColorModel
-*OpenUI *Resolution/Resolution: PickOne
-*OrderDependency: 10 AnySetup *Resolution
-*DefaultResolution: 600dpi
-*Resolution 600dpi/600 DPI: "<</HWResolution[600 600]>>setpagedevice"
-*CloseUI: *Resolution
-)PPD";
 
 template <typename Condition>
 void WaitUntil(Condition&& condition, const char* what) {
@@ -154,26 +72,8 @@ void PrivateCups::WriteSettings() const {
   }
   fs::permissions(root, fs::perms(0755));
   fs::permissions(root + "/out", fs::perms::all);
-  std::ofstream(root + "/cupsd.conf") << "Listen " << std::getenv("CUPS_SERVER") << R"(
-Browsing Off
-DefaultAuthType None
-WebInterface No
-PreserveJobFiles Yes
-PreserveJobHistory Yes
-<Location />
- Order allow,deny
- Allow all
-</Location>
-<Location /admin>
- Order allow,deny
- Allow all
-</Location>
-<Policy default>
- <Limit All>
-  Order deny,allow
- </Limit>
-</Policy>
-)";
+  std::ofstream(root + "/cupsd.conf") << "Listen " << std::getenv("CUPS_SERVER") << '\n'
+                                      << std::ifstream(kPrinters + "cupsd.conf").rdbuf();
   std::ofstream files(root + "/cups-files.conf");
   files << "ServerRoot " << root << "\nRequestRoot " << root << "/spool\nTempDir " << root
         << "/spool/tmp\nCacheDir " << root << "/cache\nStateDir " << root << "/run\nServerKeychain " << root
@@ -183,17 +83,16 @@ PreserveJobHistory Yes
 }
 
 void PrivateCups::AddQueue(const std::string& name) {
-  Add(name, SheetPath(), kPrinterDescription);
+  Add(name, SheetPath(), "uneven.ppd");
 }
 
 void PrivateCups::AddRasterQueue(const std::string& name) {
-  Add(name, RasterPath(), kRasterDescription);
+  Add(name, RasterPath(), "raster.ppd");
 }
 
-void PrivateCups::Add(const std::string& name, const std::string& output, const char* description) const {
-  const std::string ppd = folder_.Path() + "/" + name + ".ppd";
-  std::ofstream(ppd) << description;
-  Run("lpadmin -p " + name + " -E -v file:" + output + " -P " + ppd);
+void PrivateCups::Add(const std::string& name, const std::string& output,
+                      const std::string& description) const {
+  Run("lpadmin -p " + name + " -E -v file:" + output + " -P " + kPrinters + description);
 }
 
 void PrivateCups::Run(const std::string& command) const {

@@ -46,7 +46,7 @@ class PrivateCups {
 
  private:
   void WriteSettings() const;
-  void Add(const std::string& name, const std::string& output, const char* description) const;
+  void Add(const std::string& name, const std::string& output, const std::string& description) const;
 
   TemporaryFolder folder_;
   pid_t process_ = -1;
