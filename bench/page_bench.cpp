@@ -5,6 +5,7 @@
 #include <QThread>
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 
 #include "bench/photos/photo.h"
 #include "bench/windows/window_machine.h"
@@ -198,19 +199,24 @@ void EditorStep(benchmark::State& run) {
 }
 BENCHMARK(EditorStep)->Unit(benchmark::kMillisecond);
 
-// A window made, shown and painted.
+// A window made, shown and painted; its views go before it does.
 template <typename Window, typename... Extra>
 void OpenWindow(benchmark::State& run, Extra&&... extra) {
-  WindowMachine desk(PhotoFolder());
-  for (const auto& layout : std::filesystem::directory_iterator(MORVANE_SOURCE_DIR "/data/layouts"))
-    std::filesystem::copy(layout, desk.machine.Root.Path("Morvane"));
   AppState state;
   state.MaxCopertine = kMaxCovers;
   state.AppPath = "C:\\Morvane\\";
   for (auto _ : run) {
-    Window window(state, desk.platform, extra...);
-    desk.windows.ShowMain(window.form);
+    run.PauseTiming();
+    auto desk = std::make_unique<WindowMachine>(PhotoFolder());
+    for (const auto& layout : std::filesystem::directory_iterator(MORVANE_SOURCE_DIR "/data/layouts"))
+      std::filesystem::copy(layout, desk->machine.Root.Path("Morvane"));
+    run.ResumeTiming();
+    Window window(state, desk->platform, extra...);
+    desk->windows.ShowMain(window.form);
     WindowMachine::Settle(WindowMachine::Widget(window.form.Name(), ""));
+    run.PauseTiming();
+    desk.reset();
+    run.ResumeTiming();
   }
 }
 void OpenEditor(benchmark::State& run) {

@@ -42,15 +42,7 @@ const QImage& FilePicture::Overview() const {
 QSize FilePicture::OverviewSize() const {
   const QSizeF size = turned_ ? size_.transposed() : size_;
   const double share = kMostOverviewPixels / (size.width() * size.height());
-  if (share >= 1) return size.toSize();
-  // A JPEG decodes soonest to a half, a quarter or an eighth; one that is not much smaller will do.
-  for (const double part : {2, 4, 8}) {
-    if (share * part * part >= 1 && share * part * part < 2) {
-      return {static_cast<int>(std::ceil(size.width() / part)),
-              static_cast<int>(std::ceil(size.height() / part))};
-    }
-  }
-  return (size * std::sqrt(share)).toSize().expandedTo(QSize(1, 1));
+  return share >= 1 ? size.toSize() : (size * std::sqrt(share)).toSize().expandedTo(QSize(1, 1));
 }
 
 double FilePicture::WidthTwips() const {
