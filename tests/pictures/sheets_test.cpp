@@ -1,9 +1,9 @@
 #include <QPainter>
 
-#include "golden.h"
 #include "platform/drawing/calibration_sheet.h"
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/units.h"
+#include "tests/hand/golden.h"
 #include "tests/hand/session.h"
 
 namespace Morvane {

@@ -1,5 +1,5 @@
-#include "golden.h"
 #include "platform/controls/simple_controls.h"
+#include "tests/hand/golden.h"
 #include "tests/hand/session.h"
 
 namespace Morvane {

@@ -1,4 +1,4 @@
-#include "golden.h"
+#include "tests/hand/golden.h"
 
 #include <gtest/gtest.h>
 
@@ -70,17 +70,17 @@ QImage Marked(QImage picture, const QPolygon& different) {
   return picture;
 }
 
-// A line a shape: kind, measures in mm, colour, what else there is.
 struct SheetText {
-  QString text;
+  QStringList lines;
 
   void Write(const char* kind, std::initializer_list<double> twips, Color color, const QString& more = {}) {
-    text += QString(kind).leftJustified(8);
+    QString text = QString(kind).leftJustified(8);
     for (const double measure : twips) {
       const double mm = static_cast<double>(qRound64(measure / kTwipsPerMillimetre * 1000)) / 1000;
       text += QString::number(mm, 'f', 3).rightJustified(9);
     }
-    text += "  " + QColor(color.red, color.green, color.blue).name() + more + '\n';
+    text += "  " + QColor(color.red, color.green, color.blue).name() + more;
+    lines << text;
   }
   void operator()(const LineShape& line) { Write("line", {line.x1, line.y1, line.x2, line.y2}, line.color); }
   void operator()(const BoxShape& shape) {
@@ -124,22 +124,32 @@ void ExpectPicture(const std::string& name, const QImage& seen) {
                 << "\n  seen:  " << now.toStdString() << "\n  where: " << marked.toStdString();
 }
 
+QStringList ShapesAsText(const DrawingList& drawing) {
+  SheetText sheet;
+  for (const Shape& shape : drawing) std::visit(sheet, shape);
+  return sheet.lines;
+}
+
 void ExpectSheets(const std::string& name, const std::vector<RecordingPrinter::Job>& jobs) {
-  SheetText sheets;
+  QStringList sheets;
   for (const RecordingPrinter::Job& job : jobs) {
     const bool upright = job.orientation == PageOrientation::Portrait;
-    sheets.text += QString("%1 \"%2\"\n").arg(upright ? "portrait" : "landscape", job.title.c_str());
-    for (const Shape& shape : job.page) std::visit(sheets, shape);
+    sheets << QString("%1 \"%2\"").arg(upright ? "portrait" : "landscape", job.title.c_str());
+    sheets << ShapesAsText(job.page);
   }
-  const QString path = Here("tests/pictures/sheets/" + name + ".txt");
-  const QString now = TakesOver() ? path : InBuild(name + ".txt");
+  ExpectText("tests/pictures/sheets/" + name + ".txt", sheets.join('\n') + '\n');
+}
+
+void ExpectText(const std::string& path, const QString& seen) {
+  const QString held = Here(path);
+  const QString now = TakesOver() ? held : InBuild(std::filesystem::path(path).filename());
   QFile file(now);
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(sheets.text.toUtf8());
+  file.write(seen.toUtf8());
   file.close();
   QProcess diff;
   diff.setProcessChannelMode(QProcess::MergedChannels);
-  diff.start("diff", {"-u", path, now});
+  diff.start("diff", {"-u", held, now});
   ASSERT_TRUE(diff.waitForFinished());
   EXPECT_EQ(diff.exitCode(), 0) << diff.readAll().toStdString();
 }

@@ -1,0 +1,175 @@
+#include "sight.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCryptographicHash>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QToolButton>
+#include <QTreeView>
+#include <filesystem>
+
+#include "platform/controls/bars.h"
+#include "platform/controls/picture_box.h"
+#include "platform/controls/simple_controls.h"
+#include "tests/hand/golden.h"
+#include "tests/hand/hand.h"
+
+namespace Morvane {
+namespace {
+
+constexpr qsizetype kWholeOnALine = 100;  // characters
+constexpr qsizetype kMostLines = 6;
+
+const QString kPlace = " at";
+const QString kCaption = " caption";
+
+void AddRows(const QAbstractItemView& view, const QModelIndex& below, const QString& indent,
+             QStringList& rows) {
+  const auto* const tree = qobject_cast<const QTreeView*>(&view);
+  for (int i = 0; i < view.model()->rowCount(below); ++i) {
+    const QModelIndex row = view.model()->index(i, 0, below);
+    const bool open = tree != nullptr && tree->isExpanded(row);
+    const QString mark = !view.model()->hasChildren(row) ? "" : open ? "-" : "+";
+    rows << indent + (view.selectionModel()->isSelected(row) ? "*" : "") + mark + row.data().toString();
+    if (open) AddRows(view, row, indent + "  ", rows);
+  }
+}
+
+QStringList DisabledTools(const QWidget& bar) {
+  QStringList names;
+  for (const auto* const tool : bar.findChildren<QToolButton*>()) {
+    if (!tool->isEnabled()) names << "without " + tool->objectName();
+  }
+  return names;
+}
+
+QString FontOf(const Font& font) {
+  return QString("%1 %2%3%4").arg(font.name.c_str()).arg(font.size).arg(font.bold ? " bold" : "",
+                                                                         font.italic ? " italic" : "");
+}
+
+QStringList Shown(const Control& control, const QWidget& widget) {
+  if (const auto* const box = qobject_cast<const QLineEdit*>(&widget)) return {box->text()};
+  if (const auto* const box = qobject_cast<const QPlainTextEdit*>(&widget))
+    return box->toPlainText().split('\n');
+  if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget))
+    return button->isChecked() ? QStringList{"on"} : QStringList();
+  if (const auto* const view = qobject_cast<const QAbstractItemView*>(&widget)) {
+    QStringList rows;
+    AddRows(*view, {}, "", rows);
+    return rows;
+  }
+  if (const auto* const box = dynamic_cast<const PictureBox*>(&control))
+    return ShapesAsText(box->Surface.Drawing());
+  if (const auto* const image = dynamic_cast<const ImageBox*>(&control); image && image->GetPicture()) {
+    return {QString("picture of %1 x %2 twips")
+                .arg(image->GetPicture()->WidthTwips())
+                .arg(image->GetPicture()->HeightTwips())};
+  }
+  if (dynamic_cast<const Toolbar*>(&control) != nullptr) return DisabledTools(widget);
+  return {};
+}
+
+QString PlaceOf(const QWidget& widget) {
+  const QRect place = widget.geometry();
+  return QString("%1,%2 %3x%4").arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height());
+}
+
+QStringList LinesOf(const std::filesystem::path& file) {
+  if (std::filesystem::is_directory(file)) return {"folder"};
+  const std::string suffix = file.extension().string();
+  QFile bytes(QString::fromStdString(file.string()));
+  if (!bytes.open(QIODevice::ReadOnly)) return {"closed to all"};
+  if (suffix != ".mvne" && suffix != ".ini") return {QString("%1 bytes").arg(bytes.size())};
+  return QString::fromLatin1(bytes.readAll()).split("\r\n", Qt::SkipEmptyParts);
+}
+
+QString Digest(const QStringList& lines) {
+  return QCryptographicHash::hash(lines.join('\n').toUtf8(), QCryptographicHash::Md5).toHex().left(6);
+}
+
+// Those of `lines` that `other` has not, each as often.
+QStringList Less(const QStringList& lines, QStringList other) {
+  QStringList left;
+  for (const QString& line : lines) {
+    if (!other.removeOne(line)) left << line;
+  }
+  return left;
+}
+
+void AddMarked(const QString& mark, const QStringList& lines, QStringList& told) {
+  for (const QString& line : lines.first(std::min(lines.size(), kMostLines))) told << "    " + mark + line;
+  if (lines.size() > kMostLines) told << QString("    %1%2 more").arg(mark).arg(lines.size() - kMostLines);
+}
+
+void Tell(const QString& name, const QStringList& before, const QStringList& after, QStringList& told) {
+  const QString whole = after.join(" | ");
+  if (whole.size() <= kWholeOnALine) {
+    told << "  " + name + ": " + (after.isEmpty() ? "-" : whole);
+    return;
+  }
+  told << QString("  %1: %2 lines, %3").arg(name).arg(after.size()).arg(Digest(after));
+  AddMarked("- ", Less(before, after), told);
+  AddMarked("+ ", Less(after, before), told);
+}
+
+}  // namespace
+
+Sight LookAt(const Form& form) {
+  Sight sight;
+  sight["window" + kPlace] = {PlaceOf(Hand::See(form))};
+  sight["window" + kCaption] = {Hand::See(form).windowTitle()};
+  for (const Control* const control : form.AllControls()) {
+    const auto* const widget =
+        Hand::See(form).findChild<QWidget*>(QString::fromStdString(control->Name()));
+    if (widget == nullptr || !widget->isVisible()) continue;
+    const QString name = QString::fromStdString(control->Name());
+    sight[name] = Shown(*control, *widget);
+    sight[name + kPlace] = {PlaceOf(*widget)};
+    sight[name + kCaption] = {QString::fromStdString(control->Caption()).replace("\r\n", " / ")};
+    sight[name + " font"] = {FontOf(control->GetFont())};
+    sight[name + " tip"] = {widget->toolTip()};
+    if (!widget->isEnabled()) sight[name + " disabled"] = {"yes"};
+  }
+  const QWidget* const focused = QApplication::focusWidget();
+  sight["keyboard"] = {focused == nullptr ? "" : focused->objectName()};
+  return sight;
+}
+
+Sight LookAround(const TestMachine& machine) {
+  Sight sight;
+  namespace fs = std::filesystem;
+  const fs::path root = machine.Root.Path();
+  for (const auto& entry : fs::recursive_directory_iterator(root)) {
+    QString name = QString::fromStdString(entry.path().lexically_relative(root).string());
+    sight["C:\\" + name.replace('/', '\\')] = LinesOf(entry.path());
+  }
+  if (machine.TheScreen.Pointer() == MousePointer::Hourglass) sight["pointer"] = {"hourglass"};
+  return sight;
+}
+
+QStringList Changes(const Sight& before, const Sight& after) {
+  QStringList told;
+  for (const auto& [name, lines] : before) {
+    if (!after.contains(name)) told << "  " + name + " is gone";
+  }
+  for (const auto& [name, lines] : after) {
+    const auto old = before.find(name);
+    if (old == before.end() || old->second != lines)
+      Tell(name, old == before.end() ? QStringList() : old->second, lines, told);
+  }
+  return told;
+}
+
+QStringList FirstSight(const Sight& window) {
+  Sight seldom;
+  for (const auto& [name, lines] : window) {
+    if (name.contains(' ') || name == "keyboard" || lines.isEmpty()) seldom[name] = lines;
+  }
+  return Changes(seldom, window);
+}
+
+}  // namespace Morvane
