@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QToolButton>
 #include <QTreeView>
@@ -21,7 +22,7 @@ namespace Morvane {
 namespace {
 
 constexpr qsizetype kWholeOnALine = 100;  // characters
-constexpr qsizetype kMostLines = 6;
+constexpr qsizetype kMostLines = 4;
 
 const QString kPlace = " at";
 const QString kCaption = " caption";
@@ -35,6 +36,14 @@ void AddRows(const QAbstractItemView& view, const QModelIndex& below, const QStr
     const QString mark = !view.model()->hasChildren(row) ? "" : open ? "-" : "+";
     rows << indent + (view.selectionModel()->isSelected(row) ? "*" : "") + mark + row.data().toString();
     if (open) AddRows(view, row, indent + "  ", rows);
+  }
+}
+
+void AddEntries(const QWidget& menu, const QString& indent, QStringList& entries) {
+  for (const QAction* const entry : menu.actions()) {
+    const QString keys = entry->shortcut().isEmpty() ? "" : "  " + entry->shortcut().toString();
+    entries << indent + entry->text() + keys + (entry->isEnabled() ? "" : " (disabled)");
+    if (entry->menu() != nullptr) AddEntries(*entry->menu(), indent + "  ", entries);
   }
 }
 
@@ -122,6 +131,7 @@ Sight LookAt(const Form& form) {
   Sight sight;
   sight["window" + kPlace] = {PlaceOf(Hand::See(form))};
   sight["window" + kCaption] = {Hand::See(form).windowTitle()};
+  if (const auto* const bar = Hand::See(form).findChild<QMenuBar*>()) AddEntries(*bar, "", sight["window menu"]);
   for (const Control* const control : form.AllControls()) {
     const auto* const widget =
         Hand::See(form).findChild<QWidget*>(QString::fromStdString(control->Name()));
@@ -147,6 +157,8 @@ Sight LookAround(const TestMachine& machine) {
     QString name = QString::fromStdString(entry.path().lexically_relative(root).string());
     sight["C:\\" + name.replace('/', '\\')] = LinesOf(entry.path());
   }
+  const fs::path here = fs::current_path().lexically_relative(root);
+  if (!here.empty() && *here.begin() != "..") sight["working folder"] = {QString::fromStdString(here.string())};
   if (machine.TheScreen.Pointer() == MousePointer::Hourglass) sight["pointer"] = {"hourglass"};
   return sight;
 }

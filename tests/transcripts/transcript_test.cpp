@@ -1,4 +1,5 @@
 #include <QAbstractItemView>
+#include <QBuffer>
 #include <QKeySequence>
 #include <filesystem>
 #include <fstream>
@@ -14,7 +15,7 @@ namespace {
 constexpr const char* kScenes = "tests/transcripts/scenes/";
 
 // The author's own, whose effects are in the scene already.
-const QStringList kWorld = {"file", "picture", "layout", "folder", "remove", "lock", "unlock", "ship"};
+const QStringList kWorld = {"file", "picture", "layout", "files", "folder", "remove", "lock", "unlock", "mount", "ship"};
 
 // A scene is a text: each line that begins with "> " is something that a person or the world does, the lines below it are
 // what is then seen to have changed. The scene is played anew and must read the same.
@@ -29,6 +30,7 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
       if (line.starts_with(">") || line.starts_with("#") || line.empty())
         lines.push_back(QString::fromStdString(line));
     }
+    std::filesystem::current_path("/");
     around = LookAround(machine);
     PlayIn(nullptr);
     if (!lines.empty()) seen << "the windows are gone before the end";
@@ -53,7 +55,8 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
 
   void Do(QString rest) {
     for (const std::string& window : kAllWindows) machine.Windows.Modal[window] = {[this](Form& form) {
-      EXPECT_TRUE(QTest::qWaitForWindowActive(&Hand::See(form))) << form.Name();
+      QWidget& shown = Hand::See(form);
+      EXPECT_TRUE(QTest::qWaitForWindowActive(&shown) && QTest::qWaitForWindowExposed(&shown)) << form.Name();
       Form* const below = top;
       PlayIn(&form);
       top = below;
@@ -62,8 +65,12 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
     const QString verb = Take(rest);
     const auto deed = kDeeds.find(verb);
     if (deed == kDeeds.end()) throw std::logic_error("no deed " + verb.toStdString());
-    (this->*deed->second)(rest);
-    Hand::Settle();
+    try {
+      (this->*deed->second)(rest);
+      Hand::Settle();
+    } catch (const std::exception& error) {
+      seen << QString("  cannot be done: ") + error.what();
+    }
     if (kWorld.contains(verb)) around = LookAround(machine);
   }
 
@@ -75,7 +82,7 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
     around = now;
     if (hand.windows.Ended() && !ended) seen << "  the program ends";
     ended = hand.windows.Ended();
-    if (top == nullptr || !top->Visible()) return;
+    if (top == nullptr || !top->Visible() || ended) return;
     const Sight window = LookAt(*top);
     const QString name = QString::fromStdString(top->Name());
     if (name != reported) seen << "[" + name + "]";
@@ -124,11 +131,13 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
     machine.WriteFile(path, bytes.empty() ? bytes : bytes + "\r\n");
   }
   void Picture(QString rest) {  // path, pixels
-    const QString path = Take(rest);
-    QImage image(rest.section('x', 0, 0).toInt(), rest.section('x', 1).toInt(), QImage::Format_RGB32);
+    const QString size = rest.section(' ', -1);
+    QImage image(size.section('x', 0, 0).toInt(), size.section('x', 1).toInt(), QImage::Format_RGB32);
     image.fill(Qt::red);
-    machine.WriteFile(path.toStdString(), "");
-    ASSERT_TRUE(image.save(QString::fromStdString(machine.Files->ToNative(path.toStdString())), "BMP"));
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(image.save(&bytes, "BMP"));
+    machine.WriteFile(rest.section(' ', 0, -2).toStdString(), bytes.data().toStdString());
   }
   // Covers as wide as told, in millimetres, each further right and down and higher than the one before it.
   void Layout(QString rest) {
@@ -141,6 +150,10 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
     }
     File("C:\\Morvane\\" + name + ".mvne " + text);
   }
+  void Files(QString rest) {  // folder, how many
+    const std::string folder = Take(rest).toStdString();
+    for (int i = 0; i < rest.toInt(); ++i) machine.WriteFile(folder + "\\" + std::to_string(i) + ".txt", "");
+  }
   void Folder(QString rest) { machine.MakeFolder(rest.toStdString()); }
   void Remove(QString rest) { std::filesystem::remove_all(machine.Files->ToNative(rest.toStdString())); }
   void Lock(QString rest) { Permit(rest, std::filesystem::perms::owner_read); }
@@ -148,9 +161,18 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
   void Permit(const QString& path, std::filesystem::perms perms) {
     std::filesystem::permissions(machine.Files->ToNative(path.toStdString()), perms);
   }
+  void Mount(QString rest) {  // device, file system, folder
+    const QString device = Take(rest);
+    const QString fileSystem = Take(rest);
+    machine.MakeFolder("C:" + rest.toStdString());
+    mounts += QString("1 1 %1:0 / %2 rw - %3 %4 rw\n").arg(mounts.count('\n')).arg(rest, fileSystem, device);
+    machine.WriteFile("C:\\mountinfo", mounts.toStdString());
+  }
   void ShipAll(QString) { Ship(); }
+  void LowScreen(QString rest) { machine.TheScreen.Height = rest.toDouble(); }
+  void Launches(QString rest) { machine.Launches.ShellFails = rest == "fail"; }
   void Serve(QString rest) {
-    machine.Http.Bodies[std::string(WebAddresses::kUpdateFile)] = rest.toStdString();
+    machine.Http.Bodies[std::string(WebAddresses::kUpdateFile)] = rest.toStdString() + '\n';
   }
   void Separator(QString rest) { program.state.decimalSeparator = rest[0].toLatin1(); }
   void LayoutInUse(QString rest) { program.state.NomeLayout = rest.toStdString(); }
@@ -163,14 +185,36 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
   }
   void Input(QString rest) { machine.Windows.Inputs.push_back(rest.toStdString()); }
   void Browse(QString rest) { machine.Windows.Folders.push_back(rest.toStdString()); }
+  // Does something else while the n-th box from now is open.
+  void AtBox(QString rest) {
+    machine.Windows.AfterBox = [this, n = Take(rest).toInt(), rest]() mutable {
+      if (--n == 0) Do(rest);
+    };
+  }
   void ChooseNext(QString rest) { machine.Windows.MenuChoices.push_back(rest.toStdString()); }
   void Copies(QString rest) { machine.Device.Answers.push_back({rest != "none", rest.toInt()}); }
-  void Printer(QString rest) { machine.Device.DialogFails = machine.Device.Broken = rest == "fails"; }
+  void Printer(QString rest) {
+    machine.Device.DialogFails = rest == "dialog-fails";
+    machine.Device.Broken = rest == "broken";
+  }
 
   // The hand.
   void Start(QString) { hand.Show(program.form1.form); }
-  void Tool(QString rest) { ByTool(rest.toUtf8())(); }
-  void Menu(QString rest) { ByEntry(rest.toUtf8())(); }
+  void Tool(QString rest) { InMainWindow(ByTool(rest.toUtf8())); }
+  void InMainWindow(const Means& means) const {
+    if (top != &program.form1.form) throw std::logic_error("another window waits for its answer");
+    means();
+  }
+  void Panel(QString rest) {
+    for (auto* const panel : Hand::See(program.form1.StatusBar1).findChildren<QToolButton*>()) {
+      if (panel->text() == rest) panel->click();
+    }
+  }
+  void Repeat(QString rest) {
+    const int times = Take(rest).toInt();
+    for (int i = 0; i < times; ++i) Do(rest);
+  }
+  void Menu(QString rest) { InMainWindow(ByEntry(rest.toUtf8())); }
   void PressIt(QString rest) { Hand::Press(Named(rest)); }
   void Click(QString rest) {  // control, place, button
     const std::map<QString, Qt::MouseButton> buttons = {
@@ -216,9 +260,11 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
   void ResizeIt(QString rest) { Hand::Resize(*top, rest.section(' ', 0, 0).toDouble(), rest.section(' ', 1).toDouble()); }
   void Close(QString) { Hand::See(*top).close(); }
   void LookInto(QString rest) {  // all lines
-    for (const QString& line : LookAt(*top)[rest]) seen << "    " + line;
+    const Sight window = LookAt(*top);
+    for (const QString& line : window.at(rest)) seen << "    " + line;
   }
 
+  QString mounts;
   QStringList lines;
   QStringList seen;
   Form* top = nullptr;
@@ -232,10 +278,17 @@ const std::map<QString, Transcript::Deed> Transcript::kDeeds = {
     {"file", &Transcript::File},
     {"picture", &Transcript::Picture},
     {"layout", &Transcript::Layout},
+    {"files", &Transcript::Files},
+    {"at-box", &Transcript::AtBox},
     {"folder", &Transcript::Folder},
     {"remove", &Transcript::Remove},
     {"lock", &Transcript::Lock},
     {"unlock", &Transcript::Unlock},
+    {"mount", &Transcript::Mount},
+    {"screen", &Transcript::LowScreen},
+    {"launches", &Transcript::Launches},
+    {"panel", &Transcript::Panel},
+    {"repeat", &Transcript::Repeat},
     {"ship", &Transcript::ShipAll},
     {"serve", &Transcript::Serve},
     {"separator", &Transcript::Separator},
