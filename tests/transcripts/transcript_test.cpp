@@ -1,6 +1,7 @@
 #include <QAbstractItemView>
 #include <QBuffer>
 #include <QKeySequence>
+#include <QTimer>
 #include <filesystem>
 #include <fstream>
 
@@ -66,6 +67,7 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
     const auto deed = kDeeds.find(verb);
     if (deed == kDeeds.end()) throw std::logic_error("no deed " + verb.toStdString());
     try {
+      if (ended) throw std::logic_error("the program has ended");
       (this->*deed->second)(rest);
       Hand::Settle();
     } catch (const std::exception& error) {
@@ -319,7 +321,11 @@ const std::map<QString, Transcript::Deed> Transcript::kDeeds = {
 };
 
 TEST_P(Transcript, ReadsTheSame) {
-  Play();
+  QTimer::singleShot(0, qApp, [this] {
+    Play();
+    QApplication::exit();
+  });
+  QApplication::exec();
 }
 
 std::vector<std::string> Scenes() {
