@@ -142,7 +142,8 @@ void ExpectSheets(const std::string& name, const std::vector<RecordingPrinter::J
 
 void ExpectText(const std::string& path, const QString& seen) {
   const QString held = Here(path);
-  const QString now = TakesOver() ? held : InBuild(QString::fromStdString(path).replace('/', '-').toStdString());
+  const QString now =
+      TakesOver() ? held : InBuild(QString::fromStdString(path).replace('/', '-').toStdString());
   QFile file(now);
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   file.write(seen.toUtf8());

@@ -32,13 +32,16 @@ class Session : public testing::Test {
   Hand hand{machine};
   QtPictureLoader pictures{*machine.Files, OldFormatDecoderPath()};
   const QtTextMetrics metrics{};
-  const QtFontCatalog fonts{};
+  const QtFontCatalog installed{};
+  const FontCatalog& fonts;
   Printer printer{machine.Device, metrics, fonts};
   Platform platform{hand.windows, machine.TheScreen, *machine.Files,   pictures,     metrics,
                     fonts,        printer,           machine.Launches, machine.Http, machine.platform.app};
   Program program{platform, ','};
 
-  Session() { QApplication::setCursorFlashTime(0); }
+  explicit Session(const FontCatalog* listed = nullptr) : fonts(listed == nullptr ? installed : *listed) {
+    QApplication::setCursorFlashTime(0);
+  }
 
   void Copy(const std::string& data, const std::string& folder) const {
     std::filesystem::copy(MORVANE_SOURCE_DIR "/data/" + data, machine.Files->ToNative(folder));

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCryptographicHash>
 #include <QFile>
+#include <QHash>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -15,6 +16,7 @@
 #include "platform/controls/bars.h"
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
+#include "platform/controls/tree_view.h"
 #include "tests/hand/golden.h"
 #include "tests/hand/hand.h"
 
@@ -39,6 +41,16 @@ void AddRows(const QAbstractItemView& view, const QModelIndex& below, const QStr
   }
 }
 
+QStringList NodeImages(const TreeView& tree) {
+  QStringList images;
+  for (int i = 1; i <= tree.NodeCount(); ++i) {
+    const TreeNode& node = tree.Node(i);
+    images
+        << QString("%1: %2, %3").arg(node.Text().c_str(), node.Image().c_str(), node.SelectedImage().c_str());
+  }
+  return images;
+}
+
 void AddEntries(const QWidget& menu, const QString& indent, QStringList& entries) {
   for (const QAction* const entry : menu.actions()) {
     const QString keys = entry->shortcut().isEmpty() ? "" : "  " + entry->shortcut().toString();
@@ -56,8 +68,10 @@ QStringList DisabledTools(const QWidget& bar) {
 }
 
 QString FontOf(const Font& font) {
-  return QString("%1 %2%3%4").arg(font.name.c_str()).arg(font.size).arg(font.bold ? " bold" : "",
-                                                                         font.italic ? " italic" : "");
+  return QString("%1 %2%3%4")
+      .arg(font.name.c_str())
+      .arg(font.size)
+      .arg(font.bold ? " bold" : "", font.italic ? " italic" : "");
 }
 
 QStringList Shown(const Control& control, const QWidget& widget) {
@@ -101,10 +115,12 @@ QString Digest(const QStringList& lines) {
 }
 
 // Those of `lines` that `other` has not, each as often.
-QStringList Less(const QStringList& lines, QStringList other) {
+QStringList Less(const QStringList& lines, const QStringList& other) {
+  QHash<QString, int> counts;
+  for (const QString& line : other) ++counts[line];
   QStringList left;
   for (const QString& line : lines) {
-    if (!other.removeOne(line)) left << line;
+    if (--counts[line] < 0) left << line;
   }
   return left;
 }
@@ -131,16 +147,18 @@ Sight LookAt(const Form& form) {
   Sight sight;
   sight["window" + kPlace] = {PlaceOf(Hand::See(form))};
   sight["window" + kCaption] = {Hand::See(form).windowTitle()};
-  if (const auto* const bar = Hand::See(form).findChild<QMenuBar*>()) AddEntries(*bar, "", sight["window menu"]);
+  if (const auto* const bar = Hand::See(form).findChild<QMenuBar*>())
+    AddEntries(*bar, "", sight["window menu"]);
   for (const Control* const control : form.AllControls()) {
-    const auto* const widget =
-        Hand::See(form).findChild<QWidget*>(QString::fromStdString(control->Name()));
+    const auto* const widget = Hand::See(form).findChild<QWidget*>(QString::fromStdString(control->Name()));
     if (widget == nullptr || !widget->isVisible()) continue;
     const QString name = QString::fromStdString(control->Name());
     sight[name] = Shown(*control, *widget);
     sight[name + kPlace] = {PlaceOf(*widget)};
     sight[name + kCaption] = {QString::fromStdString(control->Caption()).replace("\r\n", " / ")};
     sight[name + " font"] = {FontOf(control->GetFont())};
+    if (const auto* const tree = dynamic_cast<const TreeView*>(control))
+      sight[name + " images"] = NodeImages(*tree);
     sight[name + " tip"] = {widget->toolTip()};
     if (!widget->isEnabled()) sight[name + " disabled"] = {"yes"};
   }
@@ -158,7 +176,8 @@ Sight LookAround(const TestMachine& machine) {
     sight["C:\\" + name.replace('/', '\\')] = LinesOf(entry.path());
   }
   const fs::path here = fs::current_path().lexically_relative(root);
-  if (!here.empty() && *here.begin() != "..") sight["working folder"] = {QString::fromStdString(here.string())};
+  if (!here.empty() && *here.begin() != "..")
+    sight["working folder"] = {QString::fromStdString(here.string())};
   if (machine.TheScreen.Pointer() == MousePointer::Hourglass) sight["pointer"] = {"hourglass"};
   return sight;
 }

@@ -1,7 +1,9 @@
 #include <QAbstractItemView>
 #include <QBuffer>
+#include <QExposeEvent>
 #include <QKeySequence>
 #include <QTimer>
+#include <QWindow>
 #include <filesystem>
 #include <fstream>
 
@@ -16,12 +18,15 @@ namespace {
 constexpr const char* kScenes = "tests/transcripts/scenes/";
 
 // The author's own, whose effects are in the scene already.
-const QStringList kWorld = {"file", "picture", "layout", "files", "folder", "remove", "lock", "unlock", "mount", "ship"};
+const QStringList kWorld = {"file", "picture", "layout", "files", "folder", "remove",
+                            "lock", "unlock",  "mount",  "label", "ship"};
 
-// A scene is a text: each line that begins with "> " is something that a person or the world does, the lines below it are
-// what is then seen to have changed. The scene is played anew and must read the same.
+// A scene is a text: each line that begins with "> " is something that a person or the world does, the lines
+// below it are what is then seen to have changed. The scene is played anew and must read the same.
 class Transcript : public Session, public testing::WithParamInterface<std::string> {
  protected:
+  Transcript() : Session(&machine.Fonts) {}
+
   using Deed = void (Transcript::*)(QString rest);
   static const std::map<QString, Deed> kDeeds;
 
@@ -55,14 +60,16 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
   }
 
   void Do(QString rest) {
-    for (const std::string& window : kAllWindows) machine.Windows.Modal[window] = {[this](Form& form) {
-      QWidget& shown = Hand::See(form);
-      EXPECT_TRUE(QTest::qWaitForWindowActive(&shown) && QTest::qWaitForWindowExposed(&shown)) << form.Name();
-      Form* const below = top;
-      PlayIn(&form);
-      top = below;
-      if (form.Visible()) Hand::See(form).close();
-    }};
+    for (const std::string& window : kAllWindows)
+      machine.Windows.Modal[window] = {[this](Form& form) {
+        QWidget& shown = Hand::See(form);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&shown) && QTest::qWaitForWindowExposed(&shown))
+            << form.Name();
+        Form* const below = top;
+        PlayIn(&form);
+        top = below;
+        if (form.Visible()) Hand::See(form).close();
+      }};
     const QString verb = Take(rest);
     const auto deed = kDeeds.find(verb);
     if (deed == kDeeds.end()) throw std::logic_error("no deed " + verb.toStdString());
@@ -112,7 +119,8 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
     }
   }
   void Tell(const char* what, const std::string& text) {
-    seen << QString("  %1: %2").arg(what, QString::fromStdString(text).replace("\r\n", " / ").replace('\n', " / "));
+    seen << QString("  %1: %2")
+                .arg(what, QString::fromStdString(text).replace("\r\n", " / ").replace('\n', " / "));
   }
 
   static QString Take(QString& rest) {
@@ -148,13 +156,20 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
     const QStringList widths = rest.split(' ');
     for (int i = 0; i < widths.size(); ++i) {
       text += QString("|Copertina%1=0|Distx%1=%2|Disty%1=%3|Larg%1=%4|Alte%1=%5")
-                  .arg(i + 1).arg(20 + i).arg(20 + 2 * i).arg(widths[i]).arg(60 + i);
+                  .arg(i + 1)
+                  .arg(20 + i)
+                  .arg(20 + 2 * i)
+                  .arg(widths[i])
+                  .arg(60 + i);
     }
     File("C:\\Morvane\\" + name + ".mvne " + text);
   }
-  void Files(QString rest) {  // folder, how many
+  void Files(QString rest) {  // folder, how many, kind
     const std::string folder = Take(rest).toStdString();
-    for (int i = 0; i < rest.toInt(); ++i) machine.WriteFile(folder + "\\" + std::to_string(i) + ".txt", "");
+    machine.MakeFolder(folder);
+    const std::string native = machine.Files->ToNative(folder) + "/";
+    const int count = Take(rest).toInt();
+    for (int i = 0; i < count; ++i) std::ofstream(native + std::to_string(i) + "." + rest.toStdString());
   }
   void Folder(QString rest) { machine.MakeFolder(rest.toStdString()); }
   void Remove(QString rest) { std::filesystem::remove_all(machine.Files->ToNative(rest.toStdString())); }
@@ -170,19 +185,28 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
     mounts += QString("1 1 %1:0 / %2 rw - %3 %4 rw\n").arg(mounts.count('\n')).arg(rest, fileSystem, device);
     machine.WriteFile("C:\\mountinfo", mounts.toStdString());
   }
+  void VolumeLabel(QString rest) {  // device, label
+    machine.MakeFolder("C:\\by-label");
+    const std::string device = Take(rest).toStdString();
+    std::filesystem::create_symlink("../../" + device,
+                                    machine.Root.Path() + "/by-label/" + rest.toStdString());
+  }
   void ShipAll(QString) { Ship(); }
   void LowScreen(QString rest) { machine.TheScreen.Height = rest.toDouble(); }
   void Launches(QString rest) { machine.Launches.ShellFails = rest == "fail"; }
   void Serve(QString rest) {
     machine.Http.Bodies[std::string(WebAddresses::kUpdateFile)] = rest.toStdString() + '\n';
   }
+  void Unprintable(QString rest) { machine.Fonts.NotForPrinting.push_back(rest.toStdString()); }
   void Separator(QString rest) { program.state.decimalSeparator = rest[0].toLatin1(); }
   void LayoutInUse(QString rest) { program.state.NomeLayout = rest.toStdString(); }
 
   // What the person will answer next.
   void Answer(QString rest) {
-    const std::map<QString, MsgBoxAnswer> answers = {{"yes", MsgBoxAnswer::Yes}, {"no", MsgBoxAnswer::No},
-                                                     {"ok", MsgBoxAnswer::Ok}, {"cancel", MsgBoxAnswer::Cancel}};
+    const std::map<QString, MsgBoxAnswer> answers = {{"yes", MsgBoxAnswer::Yes},
+                                                     {"no", MsgBoxAnswer::No},
+                                                     {"ok", MsgBoxAnswer::Ok},
+                                                     {"cancel", MsgBoxAnswer::Cancel}};
     machine.Windows.Answers.push_back(answers.at(rest));
   }
   void Input(QString rest) { machine.Windows.Inputs.push_back(rest.toStdString()); }
@@ -219,8 +243,10 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
   void Menu(QString rest) { InMainWindow(ByEntry(rest.toUtf8())); }
   void PressIt(QString rest) { Hand::Press(Named(rest)); }
   void Click(QString rest) {  // control, place, button
-    const std::map<QString, Qt::MouseButton> buttons = {
-        {"", Qt::LeftButton}, {"right", Qt::RightButton}, {"middle", Qt::MiddleButton}, {"extra", Qt::ExtraButton1}};
+    const std::map<QString, Qt::MouseButton> buttons = {{"", Qt::LeftButton},
+                                                        {"right", Qt::RightButton},
+                                                        {"middle", Qt::MiddleButton},
+                                                        {"extra", Qt::ExtraButton1}};
     const Control& control = Named(rest);
     const QPointF place = Place(control, rest);
     Hand::Click(control, place.x(), place.y(), buttons.at(rest));
@@ -247,6 +273,27 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
     const Control& list = Named(rest);
     Hand::ClickRow(list, Hand::Row(list, rest.toStdString()), 5, Qt::RightButton);
   }
+  // Pressed on one row, let go on another.
+  void Slide(QString rest) {
+    const Control& list = Named(rest);
+    auto& view = Hand::See<QAbstractItemView>(list);
+    const auto place = [&](const QString& row) {
+      return view.visualRect(Hand::Row(list, row.toStdString())).center();
+    };
+    const QPoint from = place(rest.section(" > ", 0, 0));
+    const QPoint to = place(rest.section(" > ", 1));
+    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, from);
+    QMouseEvent move(QEvent::MouseMove, to, view.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                     {});
+    QApplication::sendEvent(view.viewport(), &move);
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, to);
+  }
+  void ControlRow(QString rest) {
+    const Control& list = Named(rest);
+    auto& view = Hand::See<QAbstractItemView>(list);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      view.visualRect(Hand::Row(list, rest.toStdString())).center());
+  }
   void DoubleRow(QString rest) {
     const Control& list = Named(rest);
     auto& view = Hand::See<QAbstractItemView>(list);
@@ -258,8 +305,16 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
     const Control& tree = Named(rest);
     Hand::ClickRow(tree, Hand::Row(tree, rest.toStdString()), kTriangle);
   }
-  void MoveIt(QString rest) { Hand::Move(*top, rest.section(' ', 0, 0).toDouble(), rest.section(' ', 1).toDouble()); }
-  void ResizeIt(QString rest) { Hand::Resize(*top, rest.section(' ', 0, 0).toDouble(), rest.section(' ', 1).toDouble()); }
+  void MoveIt(QString rest) {
+    Hand::Move(*top, rest.section(' ', 0, 0).toDouble(), rest.section(' ', 1).toDouble());
+  }
+  void ResizeIt(QString rest) {
+    Hand::Resize(*top, rest.section(' ', 0, 0).toDouble(), rest.section(' ', 1).toDouble());
+  }
+  void Uncover(QString) {  // another window was over this one
+    QExposeEvent uncovered(QRegion(0, 0, 9, 9));
+    QApplication::sendEvent(Hand::See(*top).windowHandle(), &uncovered);
+  }
   void Close(QString) { Hand::See(*top).close(); }
   void LookInto(QString rest) {  // all lines
     const Sight window = LookAt(*top);
@@ -277,47 +332,29 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
 };
 
 const std::map<QString, Transcript::Deed> Transcript::kDeeds = {
-    {"file", &Transcript::File},
-    {"picture", &Transcript::Picture},
-    {"layout", &Transcript::Layout},
-    {"files", &Transcript::Files},
-    {"at-box", &Transcript::AtBox},
-    {"folder", &Transcript::Folder},
-    {"remove", &Transcript::Remove},
-    {"lock", &Transcript::Lock},
-    {"unlock", &Transcript::Unlock},
-    {"mount", &Transcript::Mount},
-    {"screen", &Transcript::LowScreen},
-    {"launches", &Transcript::Launches},
-    {"panel", &Transcript::Panel},
-    {"repeat", &Transcript::Repeat},
-    {"ship", &Transcript::ShipAll},
-    {"serve", &Transcript::Serve},
-    {"separator", &Transcript::Separator},
-    {"in-use", &Transcript::LayoutInUse},
-    {"answer", &Transcript::Answer},
-    {"input", &Transcript::Input},
-    {"browse", &Transcript::Browse},
-    {"choose", &Transcript::ChooseNext},
-    {"copies", &Transcript::Copies},
-    {"printer", &Transcript::Printer},
-    {"start", &Transcript::Start},
-    {"tool", &Transcript::Tool},
-    {"menu", &Transcript::Menu},
-    {"press", &Transcript::PressIt},
-    {"click", &Transcript::Click},
-    {"point", &Transcript::PointAt},
-    {"type", &Transcript::TypeIn},
-    {"key", &Transcript::KeyPress},
-    {"hold", &Transcript::Hold},
-    {"row", &Transcript::Row},
-    {"right", &Transcript::RightRow},
-    {"double", &Transcript::DoubleRow},
-    {"unfold", &Transcript::Unfold},
-    {"move", &Transcript::MoveIt},
-    {"resize", &Transcript::ResizeIt},
-    {"close", &Transcript::Close},
-    {"look", &Transcript::LookInto},
+    {"file", &Transcript::File},           {"picture", &Transcript::Picture},
+    {"layout", &Transcript::Layout},       {"files", &Transcript::Files},
+    {"at-box", &Transcript::AtBox},        {"folder", &Transcript::Folder},
+    {"remove", &Transcript::Remove},       {"lock", &Transcript::Lock},
+    {"unlock", &Transcript::Unlock},       {"mount", &Transcript::Mount},
+    {"label", &Transcript::VolumeLabel},   {"screen", &Transcript::LowScreen},
+    {"launches", &Transcript::Launches},   {"panel", &Transcript::Panel},
+    {"repeat", &Transcript::Repeat},       {"ship", &Transcript::ShipAll},
+    {"serve", &Transcript::Serve},         {"unprintable", &Transcript::Unprintable},
+    {"separator", &Transcript::Separator}, {"in-use", &Transcript::LayoutInUse},
+    {"answer", &Transcript::Answer},       {"input", &Transcript::Input},
+    {"browse", &Transcript::Browse},       {"choose", &Transcript::ChooseNext},
+    {"copies", &Transcript::Copies},       {"printer", &Transcript::Printer},
+    {"start", &Transcript::Start},         {"tool", &Transcript::Tool},
+    {"menu", &Transcript::Menu},           {"press", &Transcript::PressIt},
+    {"click", &Transcript::Click},         {"point", &Transcript::PointAt},
+    {"type", &Transcript::TypeIn},         {"key", &Transcript::KeyPress},
+    {"hold", &Transcript::Hold},           {"row", &Transcript::Row},
+    {"right", &Transcript::RightRow},      {"double", &Transcript::DoubleRow},
+    {"slide", &Transcript::Slide},         {"ctrl-row", &Transcript::ControlRow},
+    {"unfold", &Transcript::Unfold},       {"move", &Transcript::MoveIt},
+    {"resize", &Transcript::ResizeIt},     {"uncover", &Transcript::Uncover},
+    {"close", &Transcript::Close},         {"look", &Transcript::LookInto},
 };
 
 TEST_P(Transcript, ReadsTheSame) {

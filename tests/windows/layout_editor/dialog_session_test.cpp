@@ -1,29 +1,35 @@
-#include <QApplication>
+#include <QLineEdit>
+#include <memory>
 #include <random>
 
 #include "core/val.h"
-#include "dialog_fixture.h"
+#include "tests/hand/hand.h"
+#include "windows/layout_editor/dialog.h"
 
 namespace Morvane {
 namespace {
 
 constexpr int kActions = 1000;
 
-class DialogSession : public DialogTest, public ::testing::WithParamInterface<std::pair<unsigned, char>> {
+class DialogSession : public ::testing::TestWithParam<std::pair<unsigned, char>> {
  protected:
   DialogSession() : random(GetParam().first) {
+    state.MaxCopertine = 100;
+    state.NumCopertine = 2;
     state.decimalSeparator = GetParam().second;
-    WriteLayoutFile("a", {"Pagina=2", "Copertina2=5", "Larg2=40.5", "Copertina1=1", "Larg1=80", "Alte1=90"});
-    WriteLayoutFile("b", {"Pagina=1", "Copertina1=0", "Copertina2=", "Copertina3=1", "Alte3=-2"});
-    WriteLayoutFile("c", {"Copertina1=0", "Distx1=25.4", "Larg1=121"});
+    machine.WriteFile(PathOf("a"), "Pagina=2\rCopertina2=5\rLarg2=40.5\rCopertina1=1\rLarg1=80\rAlte1=90\r");
+    machine.WriteFile(PathOf("b"), "Pagina=1\rCopertina1=0\rCopertina2=\rCopertina3=1\rAlte3=-2\r");
+    machine.WriteFile(PathOf("c"), "Copertina1=0\rDistx1=25.4\rLarg1=121\r");
     machine.Windows.AfterBox = [this] {
       const bool yesOrNo = machine.Windows.Boxes.back().buttons == MsgBoxButtons::YesNo;
       const bool first = Pick(3) != 0;
       machine.Windows.Answers = {yesOrNo ? (first ? MsgBoxAnswer::Yes : MsgBoxAnswer::No)
                                          : (first ? MsgBoxAnswer::Ok : MsgBoxAnswer::Cancel)};
     };
-    Open();
+    hand.Show(dialog.form);
   }
+
+  static std::string PathOf(const std::string& name) { return "C:\\Morvane\\" + name + ".mvne"; }
 
   int Pick(std::size_t count) {
     return std::uniform_int_distribution<int>(0, static_cast<int>(count) - 1)(random);
@@ -31,30 +37,36 @@ class DialogSession : public DialogTest, public ::testing::WithParamInterface<st
 
   void DoAnything() {
     machine.Windows.Inputs = {std::string(1, static_cast<char>('a' + Pick(6)))};
-    const std::vector<Control*> controls = dialog->form.AllControls();
+    const std::vector<Control*> controls = dialog.form.AllControls();
     Control& control = *controls[static_cast<std::size_t>(Pick(controls.size()))];
-    const bool leaves = &control == &dialog->OKButton || &control == &dialog->CancelButton;
+    const bool leaves = &control == &dialog.OKButton || &control == &dialog.CancelButton;
     const std::string texts[] = {"12", "12.5", "7,25", "abc", "-3", "1.99", "250", "1e2", " 4 0", ""};
     if (auto* const box = dynamic_cast<TextBox*>(&control)) {
-      hand->Type(*box, texts[Pick(std::size(texts))]);
+      hand.Type(*box, texts[Pick(std::size(texts))]);
     } else if (Pick(6) == 0) {
-      hand->Key(std::array{Qt::Key_Tab, Qt::Key_Down, Qt::Key_Up}[static_cast<std::size_t>(Pick(3))]);
+      hand.Key(std::array{Qt::Key_Tab, Qt::Key_Down, Qt::Key_Up}[static_cast<std::size_t>(Pick(3))]);
     } else if (control.Visible() && !leaves) {
-      hand->Click(control, Pick(100) * control.Width() / 100, Pick(100) * control.Height() / 100);
+      hand.Click(control, Pick(100) * control.Width() / 100, Pick(100) * control.Height() / 100);
     }
   }
 
   // The keyboard leaves the boxes: what is typed counts.
   std::string Saved() {
-    Press(dialog->Command5);
+    Hand::Press(dialog.Command5);
     return machine.ReadFile(PathOf(state.NomeLayout));
   }
   // As it is read from its file.
   std::string SavedOnceMore() {
-    Select(dialog->List1.ListIndex());
+    Hand::ClickRow(dialog.List1, dialog.List1.ListIndex());
     return Saved();
   }
 
+  TestMachine machine;
+  AppState state;
+  CoverSlots slots;
+  Rnd rnd;
+  Hand hand{machine};
+  Dialog dialog{state, hand.platform, slots, rnd};
   std::mt19937 random;
 };
 
@@ -66,15 +78,17 @@ TEST_P(DialogSession, WhateverIsDoneTheRowShowsACoverAndTheFileHoldsWhatIsShown)
     if (action % 10 != 0) continue;
     const std::string saved = Saved();
     ASSERT_EQ(state.LayoutModificato, 0);
-    if (dialog->List1.Text() != state.NomeLayout) continue;
+    if (dialog.List1.Text() != state.NomeLayout) continue;
     // What was typed becomes a number at the first reading, and with a decimal comma a whole one at the next.
     SavedOnceMore();
     const std::string settled = SavedOnceMore();
     ASSERT_EQ(std::count(saved.begin(), saved.end(), '='), std::count(settled.begin(), settled.end(), '='));
     ASSERT_EQ(SavedOnceMore(), settled) << action;
-    ASSERT_NEAR(Val(Shown(dialog->Text1)) / 10, state.CopLarg[1], 0.1) << action;
+    ASSERT_NEAR(Val(Hand::See<QLineEdit>(dialog.Text1).text().toStdString()) / 10, state.CopLarg[1], 0.1)
+        << action;
   }
-  for (const std::string& name : Listed()) EXPECT_TRUE(machine.Files->FileExists(PathOf(name))) << name;
+  for (const std::string& name : Hand::Rows(dialog.List1))
+    EXPECT_TRUE(machine.Files->FileExists(PathOf(name))) << name;
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, DialogSession, ::testing::Values(std::pair(1U, '.'), std::pair(2U, ',')));
