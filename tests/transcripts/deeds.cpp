@@ -1,0 +1,317 @@
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QBuffer>
+#include <QDragEnterEvent>
+#include <QExposeEvent>
+#include <QKeySequence>
+#include <QMimeData>
+#include <QUrl>
+#include <QWindow>
+#include <filesystem>
+#include <fstream>
+
+#include "core/web_addresses.h"
+#include "transcript.h"
+
+namespace Morvane {
+namespace {
+
+using Scene = Transcript;
+
+void WriteLines(Scene& scene, const std::string& path, QString lines) {
+  lines.replace('|', "\r\n");
+  scene.machine.WriteFile(path, lines.isEmpty() ? "" : lines.toStdString() + "\r\n");
+}
+
+std::string Native(Scene& scene, const std::string& path) {
+  return scene.machine.Files->ToNative(path);
+}
+
+// Covers as wide as told, in millimetres, each further right and down and higher than the one before it.
+QString CoversOfWidths(const QStringList& widths) {
+  QString text = "Pagina=0";
+  for (int i = 0; i < widths.size(); ++i) {
+    text += QString("|Copertina%1=0|Distx%1=%2|Disty%1=%3|Larg%1=%4|Alte%1=%5").arg(i + 1);
+    text = text.arg(20 + i).arg(20 + 2 * i).arg(widths[i]).arg(60 + i);
+  }
+  return text;
+}
+
+QByteArray Picture(const QString& size, const char* format = "BMP") {  // widthxheight, in pixels
+  QImage image(size.section('x', 0, 0).toInt(), size.section('x', 1).toInt(), QImage::Format_RGB32);
+  image.fill(Qt::red);
+  QBuffer bytes;
+  bytes.open(QIODevice::WriteOnly);
+  image.save(&bytes, format);
+  return bytes.data();
+}
+
+// The machine before and meanwhile.
+const std::map<QString, Deed> kOfTheWorld = {
+    // path, lines parted by |
+    {"file", {[](Scene& s, Words w) {
+       const std::string path = w.Path();
+       WriteLines(s, path, w.rest);
+     }}},
+    {"layout", {[](Scene& s, Words w) {  // name, widths
+       const QString name = w.Next();
+       WriteLines(s, "C:\\Morvane\\" + name.toStdString() + ".mvne", CoversOfWidths(w.rest.split(' ')));
+     }}},
+    {"picture", {[](Scene& s, Words w) {  // path, size
+       s.machine.WriteFile(w.rest.section(' ', 0, -2).toStdString(),
+                           Picture(w.rest.section(' ', -1)).toStdString());
+     }}},
+    {"half-picture", {[](Scene& s, Words w) {
+       s.machine.WriteFile(w.All(), Picture("30x30", "PNG").left(50).toStdString());
+     }}},
+    {"files", {[](Scene& s, Words w) {  // folder, how many, kind
+       const std::string folder = w.Path();
+       s.machine.MakeFolder(folder);
+       const std::string native = Native(s, folder) + "/";
+       const int count = w.Next().toInt();
+       for (int i = 0; i < count; ++i) std::ofstream(native + std::to_string(i) + "." + w.All());
+     }}},
+    {"folder", {[](Scene& s, Words w) { s.machine.MakeFolder(w.All()); }}},
+    {"remove", {[](Scene& s, Words w) { std::filesystem::remove_all(Native(s, w.All())); }}},
+    {"lock", {[](Scene& s, Words w) {
+       std::filesystem::permissions(Native(s, w.All()), std::filesystem::perms::owner_read);
+     }}},
+    {"unlock", {[](Scene& s, Words w) {
+       std::filesystem::permissions(Native(s, w.All()), std::filesystem::perms::owner_all);
+     }}},
+    {"mount", {[](Scene& s, Words w) {  // device, file system, folder
+       const QString device = w.Next();
+       const QString fileSystem = w.Next();
+       s.machine.MakeFolder("C:" + w.All());
+       s.Mounts +=
+           QString("1 1 %1:0 / %2 rw - %3 %4 rw\n").arg(s.Mounts.count('\n')).arg(w.rest, fileSystem, device);
+       s.machine.WriteFile("C:\\mountinfo", s.Mounts.toStdString());
+     }}},
+    {"label", {[](Scene& s, Words w) {  // device, label
+       s.machine.MakeFolder("C:\\by-label");
+       const std::string device = "../../" + w.Path();
+       std::filesystem::create_symlink(device, s.machine.Root.Path() + "/by-label/" + w.All());
+     }}},
+};
+
+// What the machine and the person will answer.
+const std::map<QString, MsgBoxAnswer> kAnswers = {{"yes", MsgBoxAnswer::Yes},
+                                                  {"no", MsgBoxAnswer::No},
+                                                  {"ok", MsgBoxAnswer::Ok},
+                                                  {"cancel", MsgBoxAnswer::Cancel}};
+const std::map<QString, Deed> kAnswering = {
+    {"serve", {[](Scene& s, Words w) {
+       s.machine.Http.Bodies[std::string(WebAddresses::kUpdateFile)] = w.All() + "\n";
+     }}},
+    {"unprintable", {[](Scene& s, Words w) { s.machine.Fonts.NotForPrinting.push_back(w.All()); }}},
+    {"separator", {[](Scene& s, Words w) { s.program.state.decimalSeparator = w.rest[0].toLatin1(); }}},
+    {"in-use", {[](Scene& s, Words w) { s.program.state.NomeLayout = w.All(); }}},
+    {"screen", {[](Scene& s, Words w) { s.machine.TheScreen.Height = w.Number(); }}},
+    {"launches", {[](Scene& s, Words w) { s.machine.Launches.ShellFails = w.rest == "fail"; }}},
+    {"printer", {[](Scene& s, Words w) {
+       s.machine.Device.DialogFails = w.rest == "dialog-fails";
+       s.machine.Device.Broken = w.rest == "broken";
+     }}},
+    {"copies", {[](Scene& s, Words w) {
+       s.machine.Device.Answers.push_back({w.rest != "none", w.rest.toInt()});
+     }}},
+    {"answer", {[](Scene& s, Words w) { s.machine.Windows.Answers.push_back(kAnswers.at(w.rest)); }}},
+    {"input", {[](Scene& s, Words w) { s.machine.Windows.Inputs.push_back(w.All()); }}},
+    {"browse", {[](Scene& s, Words w) { s.machine.Windows.Folders.push_back(w.All()); }}},
+    {"choose", {[](Scene& s, Words w) { s.machine.Windows.MenuChoices.push_back(w.All()); }}},
+    {"at-box", {[](Scene& s, Words w) {  // n, deed: while the n-th box from now is open
+       s.machine.Windows.AfterBox = [&s, n = w.Next().toInt(), deed = w.rest]() mutable {
+         if (--n == 0) s.Do(deed);
+       };
+     }}},
+};
+
+QPointF Place(const Control& control, Words& words) {  // percent of the control
+  const double x = words.Number() / 100 * control.Width();
+  return {x, words.Number() / 100 * control.Height()};
+}
+
+QPoint RowPlace(const Control& list, const QString& row) {
+  return Hand::See<QAbstractItemView>(list).visualRect(Hand::Row(list, row.toStdString())).center();
+}
+
+void Click(Scene& scene, Words words) {  // control, place, button
+  const std::map<QString, Qt::MouseButton> buttons = {{"", Qt::LeftButton},
+                                                      {"right", Qt::RightButton},
+                                                      {"middle", Qt::MiddleButton},
+                                                      {"extra", Qt::ExtraButton1}};
+  const Control& control = scene.Named(words);
+  const QPointF place = Place(control, words);
+  Hand::Click(control, place.x(), place.y(), buttons.at(words.rest));
+}
+
+void ClickRow(Scene& scene, Words words, int x, Qt::MouseButton button) {
+  const Control& list = scene.Named(words);
+  Hand::ClickRow(list, Hand::Row(list, words.All()), x, button);
+}
+
+// Pressed on one row, let go on another.
+void Slide(Scene& scene, Words words) {
+  const Control& list = scene.Named(words);
+  QWidget& rows = *Hand::See<QAbstractItemView>(list).viewport();
+  const QPoint from = RowPlace(list, words.rest.section(" > ", 0, 0));
+  const QPoint to = RowPlace(list, words.rest.section(" > ", 1));
+  QTest::mousePress(&rows, Qt::LeftButton, {}, from);
+  QMouseEvent move(QEvent::MouseMove, to, rows.mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+  QApplication::sendEvent(&rows, &move);
+  QTest::mouseRelease(&rows, Qt::LeftButton, {}, to);
+}
+
+void PressKey(Scene&, Words words) {
+  const QKeyCombination key = QKeySequence(words.rest)[0];
+  Hand::Key(key.key(), key.keyboardModifiers());
+}
+
+void PressPanel(Scene& scene, Words words) {
+  for (auto* const panel : Hand::See(scene.program.form1.StatusBar1).findChildren<QToolButton*>()) {
+    if (panel->text() == words.rest) panel->click();
+  }
+}
+
+// All that a key leads to, as it is spoken.
+void Walk(Scene& scene, Words words) {
+  const Qt::Key key = QKeySequence(words.rest)[0].key();
+  QWidget& window = Hand::See(scene.Top());
+  QWidgetList stops;
+  while (window.focusWidget() != nullptr && !stops.contains(window.focusWidget())) {
+    stops << window.focusWidget();
+    const QString spoken = QAccessible::queryAccessibleInterface(stops.back())->text(QAccessible::Name);
+    scene.Show("    " + stops.back()->objectName() + " \"" + spoken + "\"");
+    QTest::keyClick(stops.back(), key);
+  }
+}
+
+// Files of one folder, or what else another program's window hands over.
+void Carry(Scene& scene, Words words) {
+  scene.Dragged.clear();
+  if (words.rest == "a text") return scene.Dragged.setText("C:\\Foto\\a.png");
+  if (words.rest == "a web page's picture") {
+    scene.Dragged.setUrls({QUrl("https://example.org/fronte.png")});
+    scene.Dragged.setHtml("<img src='https://example.org/fronte.png'>");
+    scene.Dragged.setData("image/x-unknown", "?");
+    return scene.Dragged.setData("image/bmp", Picture("50x25"));
+  }
+  if (words.rest == "a web page's link")
+    return scene.Dragged.setUrls({QUrl("https://example.org/fronte.png")});
+  const std::string folder = Native(scene, words.Path());
+  QList<QUrl> urls;
+  for (const QString& name : words.rest.split(' '))
+    urls << QUrl::fromLocalFile(QString::fromStdString(folder) + "/" + name);
+  scene.Dragged.setUrls(urls);
+}
+
+// Over the page, at millimetres of an upright A4 sheet. With Shift the other program offers to move its file;
+// it must not be told to.
+constexpr Qt::DropActions kActions = Qt::CopyAction | Qt::MoveAction;
+
+QPointF OnPage(const QWidget& page, Words& words) {
+  const double x = words.Number() / 210 * page.width();
+  return {x, words.Number() / 297 * page.height()};
+}
+
+void Drag(Scene& scene, Words words) {
+  QWidget& page = Hand::See(scene.program.form1.Picture1);
+  const QPoint place = OnPage(page, words).toPoint();
+  QDragEnterEvent enter(place, kActions, &scene.Dragged, Qt::LeftButton, {});
+  QDragMoveEvent move(place, kActions, &scene.Dragged, Qt::LeftButton, {});
+  QApplication::sendEvent(&page, &enter);
+  if (enter.isAccepted()) QApplication::sendEvent(&page, &move);
+  scene.Show(enter.isAccepted() && move.isAccepted() ? "  may be dropped" : "  may not be dropped");
+}
+
+void Drop(Scene& scene, Words words) {
+  QWidget& page = Hand::See(scene.program.form1.Picture1);
+  QDropEvent drop(OnPage(page, words), kActions, &scene.Dragged, Qt::LeftButton, Qt::ShiftModifier);
+  QApplication::sendEvent(&page, &drop);
+  scene.Show(drop.isAccepted() && drop.dropAction() == Qt::CopyAction ? "  copied" : "  not copied");
+}
+
+void DragAway(Scene& scene, Words) {
+  QDragLeaveEvent leave;
+  QApplication::sendEvent(&Hand::See(scene.program.form1.Picture1), &leave);
+}
+
+void LookInto(Scene& scene, Words words) {  // all lines of it
+  const Sight window = LookAt(scene.Top());
+  for (const QString& line : window.at(words.rest)) scene.Show("    " + line);
+}
+
+// The hand. Controls come first, then places, rows or texts.
+const std::map<QString, Deed> kOfTheHand = {
+    {"start", {[](Scene& s, Words) { s.hand.Show(s.program.form1.form); }}},
+    {"tool", {[](Scene& s, Words w) { s.InMainWindow(s.ByTool(w.rest.toUtf8())); }}},
+    {"menu", {[](Scene& s, Words w) { s.InMainWindow(s.ByEntry(w.rest.toUtf8())); }}},
+    {"panel", {PressPanel}},
+    {"press", {[](Scene& s, Words w) { Hand::Press(s.Named(w)); }}},
+    {"click", {Click}},
+    {"point", {[](Scene& s, Words w) {
+       const Control& control = s.Named(w);
+       const QPointF place = Place(control, w);
+       Hand::Point(control, place.x(), place.y());
+     }}},
+    {"type", {[](Scene& s, Words w) {
+       const Control& box = s.Named(w);
+       Hand::Type(box, w.All());
+     }}},
+    {"key", {PressKey}},
+    {"hold", {[](Scene&, Words w) { Hand::HoldDown(QKeySequence(w.rest)[0].key()); }}},
+    {"walk", {Walk}},
+    {"row", {[](Scene& s, Words w) { ClickRow(s, w, 5, Qt::LeftButton); }}},
+    {"right", {[](Scene& s, Words w) { ClickRow(s, w, 5, Qt::RightButton); }}},
+    {"unfold", {[](Scene& s, Words w) { ClickRow(s, w, -10, Qt::LeftButton); }}},  // its triangle
+    {"double", {[](Scene& s, Words w) {
+       const Control& list = s.Named(w);
+       QTest::mouseDClick(Hand::See<QAbstractItemView>(list).viewport(), Qt::LeftButton, {},
+                          RowPlace(list, w.rest));
+     }}},
+    {"ctrl-row", {[](Scene& s, Words w) {
+       const Control& list = s.Named(w);
+       QTest::mouseClick(Hand::See<QAbstractItemView>(list).viewport(), Qt::LeftButton, Qt::ControlModifier,
+                         RowPlace(list, w.rest));
+     }}},
+    {"slide", {Slide}},
+    {"carry", {Carry}},
+    {"drag", {Drag}},
+    {"drop", {Drop}},
+    {"drag-away", {DragAway}},
+    {"move", {[](Scene& s, Words w) {
+       const double left = w.Number();
+       Hand::Move(s.Top(), left, w.Number());
+     }}},
+    {"resize", {[](Scene& s, Words w) {
+       const double width = w.Number();
+       Hand::Resize(s.Top(), width, w.Number());
+     }}},
+    {"minimise", {[](Scene& s, Words) { Hand::See(s.Top()).showMinimized(); }}},
+    {"restore", {[](Scene& s, Words) { Hand::See(s.Top()).showNormal(); }}},
+    {"uncover", {[](Scene& s, Words) {  // another window was over this one
+       QExposeEvent uncovered(QRegion(0, 0, 9, 9));
+       QApplication::sendEvent(Hand::See(s.Top()).windowHandle(), &uncovered);
+     }}},
+    {"close", {[](Scene& s, Words) { Hand::See(s.Top()).close(); }}},
+    {"look", {LookInto}},
+    {"repeat", {[](Scene& s, Words w) {  // times, deed
+       const int times = w.Next().toInt();
+       for (int i = 0; i < times; ++i) s.Do(w.rest);
+     }}},
+};
+
+}  // namespace
+
+const std::map<QString, Deed>& Deeds() {
+  static const std::map<QString, Deed> deeds = [] {
+    std::map<QString, Deed> all = kOfTheWorld;
+    for (auto& [name, deed] : all) deed.isOfTheWorld = true;
+    all.insert(kAnswering.begin(), kAnswering.end());
+    all.insert(kOfTheHand.begin(), kOfTheHand.end());
+    return all;
+  }();
+  return deeds;
+}
+
+}  // namespace Morvane
