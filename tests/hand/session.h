@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/controls/simple_controls.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "tests/hand/hand.h"
@@ -131,6 +132,16 @@ class Session : public testing::Test {
       Choose(form, "List1", "retro.jpg");
       Press(form, "Command1");
     });
+  }
+
+  // The scrolling text and the turning disc of Form3, stopped where they come to by themselves; twips.
+  static void StandStill(const Form& form, double stripTop) {
+    auto& scroll = dynamic_cast<Timer&>(The(form, "Timer1"));
+    auto& turn = dynamic_cast<Timer&>(The(form, "TimerAnimazione"));
+    scroll.SetRunning(false);
+    turn.SetRunning(false);
+    while (The(form, "Picture5").Top() != stripTop) scroll.Tick();
+    while (The(form, "Picture2").ImageKey() != "form3_animazione_1") turn.Tick();
   }
 
   void ReadDisc(const Form& contents) {

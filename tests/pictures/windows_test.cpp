@@ -1,4 +1,3 @@
-#include "platform/controls/simple_controls.h"
 #include "tests/hand/golden.h"
 #include "tests/hand/session.h"
 
@@ -26,15 +25,6 @@ class Windows : public Session, public testing::WithParamInterface<bool> {
   }
 };
 
-// The scrolling text and the turning disc, stopped where they come to by themselves.
-void Stop(const Control& strip, const Control& disc, Timer& scroll, Timer& turn) {
-  constexpr double kStripTop = 130;  // twips
-  scroll.SetRunning(false);
-  turn.SetRunning(false);
-  while (strip.Top() != kStripTop) scroll.Tick();
-  while (disc.ImageKey() != "form3_animazione_1") turn.Tick();
-}
-
 TEST_P(Windows, LookAsTheyWereTaken) {
   filled ? Ship() : Copy("program_folder/morvane.ini", "C:\\Morvane");
   hand.Show(program.form1.form);
@@ -57,8 +47,7 @@ TEST_P(Windows, LookAsTheyWereTaken) {
   });
   Visit("Form2", "form2", [](Form&) { Hand::Key(Qt::Key_Backtab); });
   Open("Form3", [&](Form& form) {
-    Stop(The(form, "Picture5"), The(form, "Picture2"), dynamic_cast<Timer&>(The(form, "Timer1")),
-         dynamic_cast<Timer&>(The(form, "TimerAnimazione")));
+    StandStill(form, 130);
     Take("form3", form);
   });
   // It comes back as it was left.

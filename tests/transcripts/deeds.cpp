@@ -20,7 +20,7 @@ using Scene = Transcript;
 
 void WriteLines(Scene& scene, const std::string& path, QString lines) {
   lines.replace('|', "\r\n");
-  scene.machine.WriteFile(path, lines.isEmpty() ? "" : lines.toStdString() + "\r\n");
+  scene.machine.WriteFile(path, lines.isEmpty() ? "" : lines.toLatin1().toStdString() + "\r\n");
 }
 
 std::string Native(Scene& scene, const std::string& path) {
@@ -289,6 +289,10 @@ const std::map<QString, Deed> kOfTheHand = {
      }}},
     {"minimise", {[](Scene& s, Words) { Hand::See(s.Top()).showMinimized(); }}},
     {"restore", {[](Scene& s, Words) { Hand::See(s.Top()).showNormal(); }}},
+    {"tick", {[](Scene& s, Words w) {  // timer, times
+       auto& timer = dynamic_cast<Timer&>(s.Named(w));
+       for (int i = w.Next().toInt(); i > 0; --i) timer.Tick();
+     }}},
     {"uncover", {[](Scene& s, Words) {  // another window was over this one
        QExposeEvent uncovered(QRegion(0, 0, 9, 9));
        QApplication::sendEvent(Hand::See(s.Top()).windowHandle(), &uncovered);

@@ -150,13 +150,16 @@ Sight LookAt(const Form& form) {
   if (const auto* const bar = Hand::See(form).findChild<QMenuBar*>())
     AddEntries(*bar, "", sight["window menu"]);
   for (const Control* const control : form.AllControls()) {
-    const auto* const widget = Hand::See(form).findChild<QWidget*>(QString::fromStdString(control->Name()));
-    if (widget == nullptr || !widget->isVisible()) continue;
     const QString name = QString::fromStdString(control->Name());
+    if (const auto* const timer = dynamic_cast<const Timer*>(control))
+      sight[name + " each"] = {QString("%1 ms").arg(timer->Interval())};
+    const auto* const widget = Hand::See(form).findChild<QWidget*>(name);
+    if (widget == nullptr || !widget->isVisible()) continue;
     sight[name] = Shown(*control, *widget);
     sight[name + kPlace] = {PlaceOf(*widget)};
     sight[name + kCaption] = {QString::fromStdString(control->Caption()).replace("\r\n", " / ")};
     sight[name + " font"] = {FontOf(control->GetFont())};
+    sight[name + " image"] = {QString::fromStdString(control->ImageKey())};
     if (const auto* const tree = dynamic_cast<const TreeView*>(control))
       sight[name + " images"] = NodeImages(*tree);
     sight[name + " tip"] = {widget->toolTip()};
@@ -178,7 +181,10 @@ Sight LookAround(const TestMachine& machine) {
   const fs::path here = fs::current_path().lexically_relative(root);
   if (!here.empty() && *here.begin() != "..")
     sight["working folder"] = {QString::fromStdString(here.string())};
-  if (machine.TheScreen.Pointer() == MousePointer::Hourglass) sight["pointer"] = {"hourglass"};
+  const std::map<MousePointer, QString> pointers = {{MousePointer::Default, "arrow"},
+                                                    {MousePointer::Hourglass, "hourglass"},
+                                                    {MousePointer::Custom, "hand"}};
+  sight["pointer"] = {pointers.at(machine.TheScreen.Pointer())};
   return sight;
 }
 

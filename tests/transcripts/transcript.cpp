@@ -43,6 +43,7 @@ void Transcript::PlayIn(Form* form) {
 void Transcript::PlayModal(Form& form) {
   QWidget& window = Hand::See(form);
   EXPECT_TRUE(QTest::qWaitForWindowActive(&window) && QTest::qWaitForWindowExposed(&window)) << form.Name();
+  if (form.Name() == "Form3") StandStill(form, 925);
   Form* const below = top_;
   PlayIn(&form);
   top_ = below;
