@@ -13,7 +13,8 @@ extern "C" const char* __lsan_default_suppressions() {
 }
 #endif
 
-// The tests see neither the machine's printers nor the user's folders, fonts and taste.
+// The tests see neither the machine's printers nor the user's folders, fonts and taste, and no screen but a
+// wide one in memory.
 int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
   const Morvane::TemporaryFolder home;
@@ -26,7 +27,7 @@ int main(int argc, char** argv) {
        {"QT_STYLE_OVERRIDE", "QT_FONT_DPI", "QT_SCREEN_SCALE_FACTORS", "QT_QPA_PLATFORMTHEME"}) {
     qunsetenv(taste);
   }
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" MORVANE_SOURCE_DIR "/tests/platform/qt/screen.json");
   Morvane::PrivateCups::ChooseSocket(home.Path());
   QApplication application(argc, argv);
   Morvane::InstallFontStandIns();

@@ -1,16 +1,11 @@
 #include "windows/contents/listing_composition.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "core/listing_font.h"
-#include "platform/runtime_error.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
 namespace {
-
-using ::testing::ElementsAre;
 
 constexpr double kTolerance = 1e-6;
 constexpr double kLineAtTenPoints = 10 * kTwipsPerPoint * 1.15 / kTwipsPerMillimetre;
@@ -33,7 +28,7 @@ class ListingComposition : public ::testing::Test {
     for (int i = 0; i < count; ++i) lines.push_back(std::to_string(i));
     Fill(lines);
   }
-  LineCount Draw(double ratio = 1) { return PrintRoutineAAAA(page, ratio, state, {list, title, fullPaths}); }
+  LineCount Draw() { return PrintRoutineAAAA(page, 1, state, {list, title, false}); }
 
   static double Mm(double twips) { return twips / kTwipsPerMillimetre; }
 
@@ -43,13 +38,6 @@ class ListingComposition : public ::testing::Test {
       if (const auto* text = std::get_if<TextShape>(&shape)) texts.push_back(*text);
     }
     return texts;
-  }
-  TextShape TextOf(const std::string& text) const {
-    for (const TextShape& shape : Texts()) {
-      if (shape.text == text) return shape;
-    }
-    ADD_FAILURE() << "not drawn: " << text;
-    return {};
   }
   std::size_t Fills() const {
     return static_cast<std::size_t>(
@@ -63,7 +51,6 @@ class ListingComposition : public ::testing::Test {
   AppState state;
   Listing list;
   std::string title = "Ti";
-  bool fullPaths = false;
   DrawingSurface page{machine.Metrics};
 };
 
@@ -86,63 +73,35 @@ TEST_F(ListingComposition, ListThatFillsItsLastColumnExactlyLosesNothingAndALong
   }
 }
 
-TEST_F(ListingComposition, HeadingsAreBoldAndFilesLoseTheirPathUnlessAskedFor) {
-  Fill({"(C:\\M)", "C:\\M\\a", "", "b", " (x"});
+// Files lose their path and headings are bold; the back panel takes a blank before the bracket for a name.
+TEST_F(ListingComposition, HeadingsAndEmptyLinesHaveTheirPlace) {
+  std::vector<std::string> lines(28 + 29 + 1, "x");  // the front; an empty one takes no height
+  const std::vector<std::string> first = {"(C:\\M)", "C:\\M\\a", "", "b", " (y"};
+  std::copy(first.begin(), first.end(), lines.begin());
+  lines.insert(lines.end(), {" (y", "(z)"});
+  Fill(lines);
   state.ElencoFontBold = 1;
   state.ElencoFontItalic = 1;
   Draw();
-  EXPECT_TRUE(TextOf("(C:\\M)").font.bold);
-  EXPECT_TRUE(TextOf(" (x").font.bold);
-  EXPECT_FALSE(TextOf("a").font.bold);
-  EXPECT_TRUE(TextOf("a").font.italic);
-  EXPECT_NEAR(Mm(TextOf("b").top), 21 + 3 * kLineAtTenPoints, kTolerance);  // an empty line takes no height
-  fullPaths = true;
-  page.Cls();
-  Draw();
-  EXPECT_EQ(TextOf("C:\\M\\a").text, "C:\\M\\a");
+  std::map<std::string, std::string> looks;
+  for (const TextShape& text : Texts()) {
+    looks[text.text] +=
+        std::string(text.font.bold ? "bold" : "plain") + (text.font.italic ? " italic " : " ");
+  }
+  EXPECT_NEAR(Mm(Texts()[3].top), 21 + 3 * kLineAtTenPoints, kTolerance);
+  EXPECT_EQ(looks["(C:\\M)"], "bold italic ");
+  EXPECT_EQ(looks["a"], "plain italic ");
+  EXPECT_EQ(looks[" (y"], "bold italic plain italic ");
+  EXPECT_EQ(looks["(z)"], "bold italic ");
 }
 
-TEST_F(ListingComposition, BackPanelTakesABlankBeforeTheBracketForAName) {
-  std::vector<std::string> lines(28 + 29, "x");
-  lines.push_back(" (y");
-  Fill(lines);
-  Draw();
-  EXPECT_FALSE(TextOf(" (y").font.bold);
-}
-
-TEST_F(ListingComposition, SpineTitleShrinksUntilItFitsAndIsCentred) {
-  title = "àbc";
-  Draw();
-  const std::vector<TextShape> few = Texts();
-  EXPECT_EQ(few[1].text, "à");
-  EXPECT_EQ(few[1].font.size, 11);
-  EXPECT_NEAR(Mm(few[1].left), 23 - Mm(11 * kTwipsPerPoint / 4), kTolerance);
-  EXPECT_NEAR(Mm(few[2].top), 200 - 0.5 * 1.1 * kLineAtTenPoints, 1e-4);
-  EXPECT_NEAR(Mm(few[4].left), 167 - Mm(11 * kTwipsPerPoint / 4), kTolerance);
-
-  title = std::string(27, 'm');  // 118 mm take 29 letters at 10 points, 26 at 11
-  page.Cls();
-  Draw();
-  EXPECT_EQ(Texts()[1].font.size, 10);
-}
-
-TEST_F(ListingComposition, EmptyTitleTakesOneLineAndOneThatFitsNoSizeIsRefusedOnScreenAndPaper) {
-  title = "";
-  Fill({"a"});
-  Draw();
-  EXPECT_NEAR(Mm(TextOf("a").top), 21 + kLineAtTenPoints, kTolerance);
-  EXPECT_EQ(Texts().size(), 2U);
-  title = std::string(700, 'm');
-  EXPECT_THROW(Draw(1), RuntimeError);
-  EXPECT_THROW(Draw(0.4847), RuntimeError);
-}
-
-TEST(ListingFont, SizeZeroBecomesEightAndSmallOnesBecomeTwo) {
-  AppState state;
-  for (const auto& [given, expected] : {std::pair(0.0F, 8.0F), {1.0F, 2.0F}, {-3.0F, 2.0F}, {8.5F, 8.5F}}) {
-    state.ElencoFontSize = given;
-    RepairListingFontSize(state);
-    EXPECT_EQ(state.ElencoFontSize, expected);
+// 118 mm take 29 letters at 10 points and 26 at 11.
+TEST_F(ListingComposition, SpineTitleShrinksUntilItFits) {
+  for (const auto& [letters, size] : {std::pair(26, 11), {27, 10}, {29, 10}, {30, 9}}) {
+    title = std::string(static_cast<std::size_t>(letters), 'm');
+    page.Cls();
+    Draw();
+    EXPECT_EQ(Texts()[1].font.size, size) << letters;
   }
 }
 
