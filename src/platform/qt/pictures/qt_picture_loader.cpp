@@ -52,11 +52,13 @@ QByteArray WithBitmapFileHeader(const QByteArray& bytes) {
   return file + bytes;
 }
 
-// An icon file holds several sizes; the largest is the one to print.
-int LargestImage(QImageReader& reader) {
+// An icon file holds several sizes; the largest is the one to print. It may claim more than it has room for:
+// each has 16 bytes in its list.
+int LargestImage(QImageReader& reader, qsizetype fileBytes) {
   int largest = 0;
   qint64 most = 0;
-  for (int index = 0; index < reader.imageCount() && reader.jumpToImage(index); ++index) {
+  const qsizetype count = std::min<qsizetype>(reader.imageCount(), fileBytes / 16);
+  for (int index = 0; index < count && reader.jumpToImage(index); ++index) {
     const qint64 pixels = qint64{reader.size().width()} * reader.size().height();
     if (pixels > most) {
       most = pixels;
@@ -78,7 +80,7 @@ PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes, PictureC
   reader.setDecideFormatFromContent(true);
   const QByteArray format = reader.format();
   if (!IsKnown(format)) throw Bad(path, "è di un formato sconosciuto.");
-  const int index = format == "ico" || format == "cur" ? LargestImage(reader) : 0;
+  const int index = format == "ico" || format == "cur" ? LargestImage(reader, bytes.size()) : 0;
   const QSize size = reader.size();
   if (size.isEmpty()) throw DamagedPicture(path);
   const bool isJpeg = format == "jpeg" || format == "jpg";
