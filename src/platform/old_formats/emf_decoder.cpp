@@ -20,7 +20,7 @@ constexpr double kTwipsPerHundredthMm = kTwipsPerMillimetre / 100;
 constexpr size_t kHeaderSize = 88;
 constexpr size_t kBoundsOffset = 8;
 constexpr size_t kFrameOffset = 24;
-constexpr size_t kDescriptionOffset = 60;
+constexpr size_t kDescriptionPlaceOffset = 64;
 constexpr size_t kDeviceOffset = 72;
 constexpr size_t kMillimetresOffset = 80;
 
@@ -116,8 +116,8 @@ class EmfDecoder : public Decoder {
     // doesn't.
     std::string framed = bytes;
     EmptyGlyphTexts(framed);
-    // It isn't drawn, and the library looks for it outside the file, too.
-    PutU32(framed, kDescriptionOffset, 0);
+    // Nowhere: the description isn't drawn, and where it has no end the library reads on outside the file.
+    PutU32(framed, kDescriptionPlaceOffset, 0);
     PutS32(framed, kBoundsOffset, left);
     PutS32(framed, kBoundsOffset + 4, top);
     PutS32(framed, kBoundsOffset + 8, std::ceil(left + frame.pixels.width));
