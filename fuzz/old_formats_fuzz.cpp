@@ -48,11 +48,6 @@ void DecodeHere(OldFormat format, const std::string& bytes) try {
 
 }  // namespace
 
-// What the libraries read outside a text ends in their locked process.
-extern "C" const char* __asan_default_suppressions() {
-  return "interceptor_via_lib:libuemf\ninterceptor_via_lib:libemf2svg\ninterceptor_via_lib:libwmf\n";
-}
-
 // A file of an old format with any content: its decoder gives a picture or none. So does the decoder in its
 // locked process, which takes 20 times as long: for the first input of every 16, so also for one that runs
 // alone.
