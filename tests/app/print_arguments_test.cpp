@@ -2,18 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <vector>
 
 namespace Morvane {
 namespace {
 
-PrintArguments Parse(std::vector<std::string> arguments) {
+// The words of a command line, one blank between any two; two for an empty one.
+PrintArguments Parse(const std::string& line) {
+  std::vector<std::string> arguments;
+  std::istringstream words(line);
+  for (std::string word; std::getline(words, word, ' ');) arguments.push_back(word);
   return ParsePrintArguments(arguments);
 }
 
 TEST(PrintArgumentsTest, TakesALayoutWithItsPictures) {
-  const PrintArguments parsed = Parse({"a.mvne", "--picture", "2=b=c.jpg", "--picture", "100=d.jpg",
-                                       "--outline", "3", "--copies", "2", "--pdf", "out.pdf"});
+  const PrintArguments parsed =
+      Parse("a.mvne --picture 2=b=c.jpg --picture 100=d.jpg --outline 3 --copies 2 --pdf out.pdf");
   EXPECT_EQ(parsed.layout, "a.mvne");
   EXPECT_EQ(parsed.pictures.at(2), "b=c.jpg");
   EXPECT_EQ(parsed.pictures.at(100), "d.jpg");
@@ -23,8 +28,8 @@ TEST(PrintArgumentsTest, TakesALayoutWithItsPictures) {
 }
 
 TEST(PrintArgumentsTest, TakesTheContentsOfAFolder) {
-  const PrintArguments parsed = Parse({"--contents", "dir", "--title", "", "--columns", "7", "--size", "8.5",
-                                       "--italic", "--full-path", "--printer", "q"});
+  const PrintArguments parsed =
+      Parse("--contents dir --title  --columns 7 --size 8.5 --italic --full-path --printer q");
   ASSERT_TRUE(parsed.contents);
   EXPECT_EQ(parsed.contents->title, "");
   EXPECT_EQ(parsed.contents->columns, 7);
@@ -33,29 +38,15 @@ TEST(PrintArgumentsTest, TakesTheContentsOfAFolder) {
 }
 
 TEST(PrintArgumentsTest, RefusesWrongUsage) {
-  const std::vector<std::vector<std::string>> wrong = {
-      {},
-      {"--pdf", "a", "--printer", "b"},
-      {"--pdf"},
-      {"--pdf", ""},
-      {"--pdf", "a", "--copies", "0"},
-      {"--pdf", "a", "--copies", "2x"},
-      {"--pdf", "a", "--outline", "2"},
-      {"--pdf", "a", "--picture", "b.jpg"},
-      {"--pdf", "a", "--picture", "0=b.jpg"},
-      {"--pdf", "a", "--picture", "101=b.jpg"},
-      {"--pdf", "a", "--picture", "1="},
-      {"--pdf", "a", "x.mvne", "y.mvne"},
-      {"--pdf", "a", "--title", "t"},
-      {"--pdf", "a", "x.mvne", "--contents", "d"},
-      {"--pdf", "a", "--contents", "d", "--columns", "8"},
-      {"--pdf", "a", "--contents", "d", "--size", "nan"},
-      {"--pdf", "a", "--unknown"},
-  };
-  for (const auto& arguments : wrong) {
-    EXPECT_THROW(Parse(arguments), UsageError) << ::testing::PrintToString(arguments);
+  for (const char* line :
+       {"", "--pdf a --printer b", "--pdf", "--pdf  x.mvne", "--pdf a --copies 0", "--pdf a --copies 2x",
+        "--pdf a --outline 2", "--pdf a --picture b.jpg", "--pdf a --picture 0=b.jpg",
+        "--pdf a --picture 101=b.jpg", "--pdf a --picture 1=", "--pdf a x.mvne y.mvne", "--pdf a --title t",
+        "--pdf a x.mvne --contents d", "--pdf a --contents d --columns 8", "--pdf a --contents d --size nan",
+        "--pdf a --unknown"}) {
+    EXPECT_THROW(Parse(line), UsageError) << line;
   }
-  EXPECT_TRUE(Parse({"--pdf", "a", "--help", "--unknown"}).help);
+  EXPECT_TRUE(Parse("--pdf a --help --unknown").help);
 }
 
 TEST(PrintArgumentsTest, NumbersTheCopiesBeforeTheExtension) {

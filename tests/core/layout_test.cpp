@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <sstream>
 
 #include "core/default_layout.h"
 #include "core/layout_files.h"
@@ -76,26 +77,11 @@ TEST_F(LayoutTest, EachFileIsReadOverWhatTheOneBeforeLeft) {
 
 TEST_F(LayoutTest, KeysThatFitNoCoverAreDropped) {
   const LayoutTables before = state;
-  for (const char* line : {"Copertina01=1",
-                           "Copertina0=1",
-                           "Copertina101=1",
-                           "Copertina=1",
-                           "Copertina1 =1",
-                           "Copertina-1=1",
-                           "Copertina18446744073709551617=1",
-                           "Copertina1:=1",
-                           "copertina1=1",
-                           " Copertina1=1",
-                           "Larg2 =150",
-                           "larg2=150",
-                           "Larghezza=5",
-                           "Alte+1=5",
-                           "Distx1.0=5",
-                           "Disty=5",
-                           "Distz1=5",
-                           " Pagina=1",
-                           "Pagina =1",
-                           "Pagina"}) {
+  std::istringstream lines(
+      "Copertina01=1|Copertina0=1|Copertina101=1|Copertina=1|Copertina1 =1|Copertina-1=1|Copertina1:=1|"
+      "Copertina18446744073709551617=1|copertina1=1| Copertina1=1|Larg2 =150|larg2=150|Larghezza=5|Alte+1=5|"
+      "Distx1.0=5|Disty=5|Distz1=5| Pagina=1|Pagina =1|Pagina");
+  for (std::string line; std::getline(lines, line, '|');) {
     Read(line);
     EXPECT_TRUE(tables == before) << line;
   }
