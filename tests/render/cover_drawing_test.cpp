@@ -1,22 +1,22 @@
 #include "render/cover_drawing.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/runtime_error.h"
 #include "render/page_setup.h"
+#include "render/print_job.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
 namespace {
 
-constexpr double kTwipsTolerance = 1e-6;
-
+// One cover of two by one inches, an inch from both edges of a sheet of ten by ten.
 class CoverDrawing : public ::testing::Test {
  protected:
   CoverDrawing() {
     state.NumCopertine = 1;
     state.SpessoreBordo = 1;
+    state.PaginaAlte = 297;
     SetCover(1, 1, 1, 2, 1);
     surface.SetSize(10 * kTwipsPerInch, 10 * kTwipsPerInch);
     surface.SetScaleMode(ScaleMode::Inches);
@@ -38,11 +38,9 @@ class CoverDrawing : public ::testing::Test {
     return shapes;
   }
 
-  static void ExpectBox(const TwipsBox& box, double left, double top, double right, double bottom) {
-    EXPECT_NEAR(box.left, left * kTwipsPerInch, kTwipsTolerance);
-    EXPECT_NEAR(box.top, top * kTwipsPerInch, kTwipsTolerance);
-    EXPECT_NEAR(box.left + box.width, right * kTwipsPerInch, kTwipsTolerance);
-    EXPECT_NEAR(box.top + box.height, bottom * kTwipsPerInch, kTwipsTolerance);
+  void Print(bool accepted, int copies) {
+    machine.Device.Answers.push_back({accepted, copies});
+    Stampa(state, slots, machine.ThePrinter);
   }
 
   TestMachine machine;
@@ -60,89 +58,76 @@ TEST_F(CoverDrawing, ThickestOutlinesOfAllCoversEndAtTheSheet) {
   EXPECT_EQ(Drawn<BoxShape>().size(), 100U * 1000);
 }
 
-TEST_F(CoverDrawing, EllipseTakesItsRadiusFromTheWidthAlone) {
-  state.CopForma[1] = 1;
-  SetCover(1, 0, 0, 4, 2);
+TEST_F(CoverDrawing, EllipseTakesItsRadiusFromTheWidthAndABadOneCostsOnlyItself) {
+  state.NumCopertine = 4;
+  for (const std::size_t n : {1, 2, 3}) state.CopForma[n] = 1;
+  SetCover(2, 1, 1, 0, 1);
+  SetCover(3, 0, 0, 2, 4);
+  SetCover(4, 5, 5, 1, 1);
   DisegnaCopertine(surface, 1, state, slots);
-  ExpectBox(Drawn<EllipseShape>().back().box, 2 - 2.009, 1 - 1.0045, 2 + 2.009, 1 + 1.0045);
-
-  SetCover(1, 0, 0, 2, 4);
-  DisegnaCopertine(surface, 1, state, slots);
-  ExpectBox(Drawn<EllipseShape>().back().box, 1 - 1.009 / 2, 2 - 1.009, 1 + 1.009 / 2, 2 + 1.009);
-}
-
-TEST_F(CoverDrawing, BadEllipseCostsOnlyItself) {
-  state.NumCopertine = 2;
-  state.CopForma[1] = 1;
-  SetCover(1, 1, 1, 0, 1);
-  SetCover(2, 5, 5, 1, 1);
-  DisegnaCopertine(surface, 1, state, slots);
-  EXPECT_TRUE(Drawn<EllipseShape>().empty());
+  const auto outlines = Drawn<EllipseShape>();
+  ASSERT_EQ(outlines.size(), 2U);
+  EXPECT_NEAR(outlines[0].box.width, 2 * outlines[0].box.height, 1e-6);
+  EXPECT_NEAR(outlines[0].box.width, 2.018 * kTwipsPerInch, 1e-6);
+  EXPECT_NEAR(outlines[1].box.width, 1.009 * kTwipsPerInch, 1e-6);
+  EXPECT_NEAR(outlines[1].box.left, 0.4955 * kTwipsPerInch, 1e-6);
   EXPECT_EQ(Drawn<BoxShape>().size(), 1U);
   EXPECT_EQ(Drawn<TextShape>().size(), 1U);
+  EXPECT_TRUE(CoverHolds(state, 1, 1.001, 1.001)) << "an ellipse is hit in its box";
+  for (const auto& [x, y] : {std::pair(1.0, 1.5), {3.0, 1.5}, {2.0, 2.0}, {2.0, 1.0}})
+    EXPECT_FALSE(CoverHolds(state, 1, x, y));
 }
 
-TEST_F(CoverDrawing, HitTestIsStrictAndTakesAnEllipseByItsBox) {
-  state.CopForma[1] = 1;
-  DisegnaCopertine(surface, 1, state, slots);
-  EXPECT_TRUE(CoverHolds(state, 1, 1.001, 1.001));
-  EXPECT_FALSE(CoverHolds(state, 1, 1, 1.5));
-  EXPECT_FALSE(CoverHolds(state, 1, 3, 1.5));
-  EXPECT_FALSE(CoverHolds(state, 1, 2, 2));
-}
-
-class PageSetup : public CoverDrawing {
- protected:
-  PageSetup() { surface.SetSize(4 * kTwipsPerInch, 6 * kTwipsPerInch); }
-};
-
-TEST_F(PageSetup, TakesTheTighterDirectionOfTheSheet) {
-  EXPECT_NEAR(ImpostaPagina(surface, state, machine.ThePrinter), 4 / (11906 / 1440.0), 1e-9);
-  surface.Line(0, 0, surface.ScaleWidth(), surface.ScaleHeight());
-  const auto line = Drawn<LineShape>().back();
-  EXPECT_NEAR(line.x2, surface.Width(), kTwipsTolerance);
-  EXPECT_NEAR(line.y2, surface.Height(), kTwipsTolerance);
-  EXPECT_NEAR(ImpostaPaginaMm(surface, state, machine.ThePrinter), 4 / (11906 / 1440.0), 1e-9);
-}
-
-TEST_F(PageSetup, WritesAsThePrinterDoesInLettersAsSmallAsThePage) {
-  machine.ThePrinter.Surface().SetFontName("Verdana");
-  machine.ThePrinter.Surface().SetFontSize(40);
-  machine.ThePrinter.Surface().ForeColor = {200, 0, 0};
-  const double ratio = ImpostaPagina(surface, state, machine.ThePrinter);
+TEST_F(CoverDrawing, PageFitsTheSurfaceWithThePrintersLettersTurnedByTheLayoutAlone) {
+  Printer& printer = machine.ThePrinter;
+  printer.Surface().SetFontName("Verdana");
+  printer.Surface().SetFontSize(40);
+  printer.Surface().ForeColor = {200, 0, 0};
+  surface.SetSize(4 * kTwipsPerInch, 6 * kTwipsPerInch);
+  const double ratio = 4 / (11906 / 1440.0);
+  EXPECT_NEAR(ImpostaPaginaMm(surface, state, printer), ratio, 1e-9);
+  EXPECT_NEAR(ImpostaPagina(surface, state, printer), ratio, 1e-9);
   surface.Print("a");
   const TextShape text = Drawn<TextShape>().at(0);
   EXPECT_EQ(text.font.name, "Verdana");
   EXPECT_NEAR(text.font.size, 40 * ratio, 1e-6);
   EXPECT_EQ(text.color.red, 200);
-}
-
-TEST_F(PageSetup, TurnsByTheLayoutAloneSoALandscapePrinterIsTurnedTwice) {
-  state.Orientamento = 1;
-  ImpostaPagina(surface, state, machine.ThePrinter);
-  EXPECT_GT(surface.ScaleWidth(), surface.ScaleHeight());
-  machine.ThePrinter.SetOrientation(PageOrientation::Landscape);
-  ImpostaPagina(surface, state, machine.ThePrinter);
-  EXPECT_LT(surface.ScaleWidth(), surface.ScaleHeight());
-  state.Orientamento = 2;  // anything but 1 is portrait here
-  machine.ThePrinter.SetOrientation(PageOrientation::Portrait);
-  ImpostaPagina(surface, state, machine.ThePrinter);
-  EXPECT_LT(surface.ScaleWidth(), surface.ScaleHeight());
-}
-
-TEST_F(PageSetup, NeverGivesZeroAndLeavesThePrinterAlone) {
-  machine.ThePrinter.Surface().SetScaleMode(ScaleMode::Millimetres);
+  // A printer left in landscape is turned twice; anything but 1 is portrait.
+  for (const auto& [layout, left, landscape] :
+       {std::tuple(short{1}, 0, true), {1, 1, false}, {2, 0, false}}) {
+    state.Orientamento = layout;
+    printer.SetOrientation(left == 1 ? PageOrientation::Landscape : PageOrientation::Portrait);
+    ImpostaPagina(surface, state, printer);
+    EXPECT_EQ(surface.ScaleWidth() > surface.ScaleHeight(), landscape) << layout << left;
+  }
   surface.SetSize(100, 0);
-  EXPECT_DOUBLE_EQ(ImpostaPagina(surface, state, machine.ThePrinter), 0.01);
-  EXPECT_DOUBLE_EQ(ImpostaPaginaMm(surface, state, machine.ThePrinter), 0.254);
-  EXPECT_EQ(machine.ThePrinter.Surface().GetScaleMode(), ScaleMode::Millimetres);
+  EXPECT_DOUBLE_EQ(ImpostaPagina(surface, state, printer), 0.01);
+  surface.CurrentX = 7;
+  machine.Device.Broken = true;
+  EXPECT_THROW(ImpostaPagina(surface, state, printer), RuntimeError);
+  EXPECT_EQ(surface.CurrentX, 7) << "the page in view stays";
 }
 
-TEST_F(PageSetup, WithoutAPrinterFailsAndKeepsTheSurface) {
-  surface.Line(0, 0, 1, 1);
+TEST_F(CoverDrawing, PrintsEachCopyAsAJobWithTheWholePageAndNothingOfAFailedOne) {
+  state.SuSchermo = 1;
+  state.PaginaAlte = 210;
+  Print(false, 3);
+  EXPECT_EQ(state.SuSchermo, 1);
+  EXPECT_EQ(machine.ThePrinter.Orientation(), PageOrientation::Portrait);
+  Print(true, 0);
+  EXPECT_EQ(state.SuSchermo, 0);
+  EXPECT_EQ(machine.ThePrinter.Orientation(), PageOrientation::Landscape);
+  state.PaginaAlte = 297;
   machine.Device.Broken = true;
-  EXPECT_THROW(ImpostaPagina(surface, state, machine.ThePrinter), RuntimeError);
-  EXPECT_EQ(surface.Drawing().size(), 1U);
+  Print(true, 2);
+  EXPECT_TRUE(machine.Device.Jobs.empty());
+  machine.Device.Broken = false;
+  Print(true, 3);
+  ASSERT_EQ(machine.Device.Jobs.size(), 3U);
+  for (const auto& job : machine.Device.Jobs) {
+    EXPECT_EQ(job.page.size(), 2U);  // outline and footer
+    EXPECT_EQ(job.orientation, PageOrientation::Portrait);
+  }
 }
 
 }  // namespace

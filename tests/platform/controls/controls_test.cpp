@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/controls/list_box.h"
-#include "platform/controls/picture_box.h"
 #include "platform/controls/screen.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/tree_view.h"
@@ -24,140 +23,98 @@ class Controls : public ::testing::Test {
   }
 };
 
-class ListBoxes : public Controls {
- protected:
-  std::vector<std::string> Rows() const {
-    std::vector<std::string> rows;
-    for (int i = 0; i < list.ListCount(); ++i) rows.push_back(list.List(i));
-    return rows;
-  }
-  ListBox list{form, "List1"};
-};
-
-TEST_F(ListBoxes, SortedKeepsRowsAlphabeticalAndTheSelectionOnItsRow) {
+TEST_F(Controls, SortedListKeepsItsSelectionOnItsRowAndARowWrittenInPlaceWhereItIs) {
+  ListBox list(form, "List1");
+  const auto rows = [&] {
+    std::vector<std::string> all;
+    for (int i = 0; i < list.ListCount(); ++i) all.push_back(list.List(i));
+    return all;
+  };
   list.SetSorted(true);
-  for (const char* row : {"beta", "Alfa", "Èlite", "zeta", "alfa 2"}) list.AddItem(row);
-  EXPECT_THAT(Rows(), ElementsAre("Alfa", "alfa 2", "beta", "zeta", "Èlite"));
+  for (const char* row : {"beta", "Alfa", "Èlite", "zeta"}) list.AddItem(row);
+  EXPECT_EQ(list.List(0), "Alfa");
+  list.AddItem("alfa 2");
+  EXPECT_THAT(rows(), ElementsAre("Alfa", "alfa 2", "beta", "zeta", "Èlite"));
   list.SetListIndex(2);
   list.AddItem("ALBA");
   EXPECT_EQ(list.Text(), "beta");
-  EXPECT_EQ(list.ListIndex(), 3);
-}
-
-TEST_F(ListBoxes, WritingARowInPlaceDoesNotMoveIt) {
-  list.SetSorted(true);
-  for (const char* row : {"a", "b", "c"}) list.AddItem(row);
+  list.RemoveItem(0);
+  EXPECT_EQ(list.Text(), "beta");
   list.SetList(0, "z");
-  EXPECT_THAT(Rows(), ElementsAre("z", "b", "c"));
-  list.AddItem("d");  // whatever its place, no row is lost
-  EXPECT_EQ(list.ListCount(), 4);
+  EXPECT_THAT(rows(), ElementsAre("z", "alfa 2", "beta", "zeta", "Èlite"));
+  list.Clear();
+  for (const char* row : {"b", "a"}) list.AddItem(row);
+  EXPECT_THAT(rows(), ElementsAre("a", "b"));
 }
 
 TEST_F(Controls, OptionButtonsOfOneContainerExcludeEachOther) {
   Frame frame(form, "Frame1");
-  OptionButton a(form, "a");
-  OptionButton b(form, "b");
-  OptionButton other(frame, "other");
+  OptionButton a(form, "a"), b(form, "b"), other(frame, "other");
   b.Click = [&] { events.push_back(a.Value() ? "b before a" : "b"); };
   a.Click = Log("a");
   other.SetValue(true);
-  a.SetValue(true);
-  b.SetValue(true);
-  b.SetValue(true);
+  for (OptionButton* const chosen : {&a, &b, &b}) chosen->SetValue(true);
   EXPECT_THAT(events, ElementsAre("a", "b"));
   EXPECT_TRUE(other.Value());
 }
 
 TEST_F(Controls, TableMustNameEveryControlOnceAndGivesTheTabOrder) {
-  CommandButton second(form, "second");
-  CommandButton first(form, "first");
+  CommandButton second(form, "second"), first(form, "first");
+  for (const char* bad : {"first", "third"}) {
+    const ControlRow rows[] = {{"first"}, {bad}};
+    EXPECT_THROW(form.LayOut(rows), std::logic_error);
+  }
   const ControlRow good[] = {{"first"}, {"second"}};
-  const ControlRow bad[] = {{"first"}, {"first"}};
-  const ControlRow unknown[] = {{"first"}, {"third"}};
-  EXPECT_THROW(form.LayOut(bad), std::logic_error);
-  EXPECT_THROW(form.LayOut(unknown), std::logic_error);
   form.LayOut(good);
   EXPECT_EQ(form.Children().front(), &first);
 }
 
-class Trees : public Controls {
- protected:
-  TreeView tree{form, "tree"};
-};
-
-TEST_F(Trees, RefusesAKeyThatExistsAndKeepsSortedChildrenSorted) {
+TEST_F(Controls, TreeRefusesAKeyThatExistsAndKeepsSortedChildrenSorted) {
+  TreeView tree(form, "tree");
   TreeNode& root = tree.Add("", "r", "root", "open");
   tree.Add("r", "b", "b", "closed");
   EXPECT_THROW(tree.Add("r", "b", "again", "closed"), RuntimeError);
   EXPECT_THROW(tree.Add("x", "y", "lost", "closed"), RuntimeError);
-  tree.Add("r", "c", "C", "closed");
   tree.SetSorted(root, true);
   tree.Add("r", "a", "A", "closed");
-  ASSERT_EQ(root.Children().size(), 3U);
-  EXPECT_EQ(root.Children()[0]->Key(), "a");
-  EXPECT_EQ(tree.Node(1).Key(), "r");
-  EXPECT_EQ(tree.Node(4).Key(), "a");
-  EXPECT_THROW(tree.Node(0), RuntimeError);
-  EXPECT_THROW(tree.Node(5), RuntimeError);
+  EXPECT_EQ(root.Children().at(0)->Key(), "a");
+  EXPECT_EQ(&tree.Node(1), &root);
+  for (const int none : {0, 4}) EXPECT_THROW(tree.Node(none), RuntimeError);
 }
 
-class Windows : public Controls {
- protected:
-  Windows() {
-    main.Activate = Log("main active");
-    form.Load = Log("load");
-    form.Resize = Log("resize");
-    form.Activate = Log("active");
-    form.Unload = Log("unload");
-    windows.ShowMain(main);
-    events.clear();
-  }
+TEST_F(Controls, WindowLoadsOnceFailsAloudAndShowsNothingAfterTheEnd) {
   ScriptedWindows windows;
   Form main{FormRow{.name = "Main", .caption = "Main"}};
-};
-
-TEST_F(Windows, CentredWindowHasTheSameRoomOnOppositeSides) {
-  const Screen screen;
-  form.CentreOn(screen);
-  EXPECT_GT(form.Left(), 0);
-  EXPECT_DOUBLE_EQ(form.Left(), screen.Width - form.Width() - form.Left());
-  EXPECT_DOUBLE_EQ(form.Top(), screen.Height - form.Height() - form.Top());
-}
-
-TEST_F(Windows, LoadComesOnceAndTheWindowBelowIsActivatedLater) {
+  windows.ShowMain(main);
+  main.Activate = Log("main active");
+  form.Load = Log("load");
+  form.Activate = Log("active");
+  form.Unload = Log("unload");
   windows.Modal["Finestra"] = {[](Form& f) { f.Hide(); }, [](Form& f) { f.UnloadForm(); }};
-  windows.UserEvent([&] {
-    windows.ShowModal(form);
-    events.push_back("back");
-  });
-  EXPECT_THAT(events, ElementsAre("load", "resize", "active", "back", "main active"));
-  events.clear();
-  windows.UserEvent([&] {
+  const auto show = [&] {
     windows.ShowModal(form);
     windows.DoEvents();
     events.push_back("back");
-  });
-  EXPECT_THAT(events, ElementsAre("active", "unload", "main active", "back"));
-}
-
-TEST_F(Windows, GuardTellsAFailureAndTheProgramGoesOn) {
+  };
+  windows.UserEvent(show);
+  windows.UserEvent(show);
+  EXPECT_THAT(events, ElementsAre("load", "active", "main active", "back", "active", "unload", "main active",
+                                  "back"));
   windows.UserEvent([] { throw RuntimeError(ErrorNumber::FileNotFound, "File non trovato."); });
-  ASSERT_EQ(windows.Boxes.size(), 1U);
-  EXPECT_EQ(windows.Boxes[0].text, "File non trovato.");
   windows.UserEvent([] { throw std::out_of_range("a fault of the program"); });
-  EXPECT_EQ(windows.Boxes.size(), 2U);
-  windows.UserEvent(Log("next"));
-  EXPECT_THAT(events, ElementsAre("next"));
-}
-
-TEST_F(Windows, NothingIsShownOrRunAfterTheEnd) {
+  ASSERT_EQ(windows.Boxes.size(), 2U);
+  EXPECT_EQ(windows.Boxes[0].text, "File non trovato.");
+  events.clear();
   windows.UserEvent([&] {
+    events.push_back("still runs");
     windows.End();
     windows.ShowModal(form);
   });
   windows.UserEvent(Log("late"));
-  EXPECT_THAT(windows.ShownForms, ElementsAre("Main"));
-  EXPECT_EQ(std::count(events.begin(), events.end(), "late"), 0);
+  EXPECT_THAT(events, testing::Not(testing::Contains("late")));
+  EXPECT_EQ(events.at(0), "still runs");
+  EXPECT_EQ(windows.ShownForms.back(), "Finestra");
+  EXPECT_EQ(windows.ShownForms.size(), 3U);
 }
 
 }  // namespace

@@ -66,16 +66,6 @@ TEST(DrawingPainterTest, ShapesMayReachBeyondAllNumbers) {
   EXPECT_EQ(image.pixelColor(10, 70), Qt::black);
 }
 
-TEST(DrawingPainterTest, LeavesThePainterAsItWas) {
-  QImage screen(20, 20, QImage::Format_RGB32);
-  QPainter painter(&screen);
-  painter.scale(2, 3);
-  PaintCache cache;
-  PaintDrawing(painter, {LineShape{0, 0, 5, 5, {255, 0, 0}}}, cache);
-  EXPECT_EQ(painter.worldTransform(), QTransform::fromScale(2, 3));
-  EXPECT_FALSE(painter.testRenderHint(QPainter::Antialiasing));
-}
-
 TEST(QtTextMetricsTest, SizesAreExactlyProportional) {
   const QtTextMetrics metrics;
   for (const bool bold : {false, true}) {
@@ -101,18 +91,6 @@ TEST(QtTextMetricsTest, PaintedTextIsAsWideAsItWasMeasured) {
   }
 }
 
-// The place of a line is its top left corner, so its letters stand one ascent below.
-TEST(QtTextMetricsTest, LettersStandOnTheBaseline) {
-  const Font font{"Arial", 72};
-  const QImage image = Painted({TextShape{0, 0, "H", font, {}}}, 600, 4);
-  int lowest = 0;
-  for (int y = 0; y < image.height(); ++y) {
-    if (DarkInRow(image, y) > 0) lowest = y;
-  }
-  const double pixelsPerUnit = 72 * kTwipsPerPoint / 15 * 4 / kReferencePixels;
-  EXPECT_NEAR(lowest + 1, QFontMetricsF(ReferenceFont(font)).ascent() * pixelsPerUnit, 1.5);
-}
-
 TEST(QtTextMetricsTest, TextOnPaperStaysText) {
   const TemporaryFolder folder;
   const std::string path = folder.Path() + "/sheet.pdf";
@@ -132,11 +110,6 @@ TEST(QtFontCatalogTest, StandInsAreListedAndPrintable) {
   EXPECT_TRUE(fonts.CanPrint("liberation sans"));
   EXPECT_FALSE(fonts.CanPrint(""));
   EXPECT_FALSE(fonts.CanPrint("Carattere che non esiste"));
-}
-
-TEST(QtFontCatalogTest, ArialHasTheWidthsOfItsStandIn) {
-  const QtTextMetrics metrics;
-  EXPECT_EQ(metrics.Width({"Arial", 10}, "Copertina"), metrics.Width({"Liberation Sans", 10}, "Copertina"));
 }
 
 }  // namespace

@@ -67,47 +67,22 @@ class PdfTest : public testing::Test {
   TemporaryFolder folder_;
 };
 
-TEST_F(PdfTest, CoverHasItsMillimetresInBothOrientations) {
-  DrawCover(printer_.Surface());
-  const DrawingList page = printer_.Surface().Drawing();
-  const std::string path = folder_.Path() + "/sheet.pdf";
-  for (const PageOrientation orientation : {PageOrientation::Portrait, PageOrientation::Landscape}) {
-    WritePdf(path, page, orientation, kA4, "Prova");
-    ExpectCover(MeasuredSheet(path), 0, 0);
-  }
-}
-
-TEST_F(PdfTest, FileThatCannotBeWrittenIsAFailureOfThePrinter) {
-  EXPECT_THROW(WritePdf(folder_.Path() + "/none/sheet.pdf", {}, PageOrientation::Portrait, kA4, "Prova"),
-               RuntimeError);
-}
-
 TEST_F(PdfTest, JobsWithoutAPrinterAreNumberedFilesNamedAfterTheirTitle) {
-  device_.SetPdfFolder(QString::fromStdString(folder_.Path() + "/pdf"));
+  const QString folder = QString::fromStdString(folder_.Path() + "/pdf");
+  device_.SetPdfFolder(folder);
   printer_.JobTitle = "CD/DVD";
-  for (int copy = 0; copy < 3; ++copy) {
+  for (const PageOrientation orientation :
+       {PageOrientation::Portrait, PageOrientation::Landscape, PageOrientation::Portrait}) {
+    printer_.SetOrientation(orientation);
     DrawCover(printer_.Surface());
     printer_.EndDoc();
   }
-  EXPECT_EQ(QDir(QString::fromStdString(folder_.Path() + "/pdf")).entryList(QDir::Files),
-            (QStringList{"CD-DVD 1.pdf", "CD-DVD 2.pdf", "CD-DVD.pdf"}));
-  ExpectCover(MeasuredSheet(folder_.Path() + "/pdf/CD-DVD.pdf"), 0, 0);
-}
-
-TEST_F(PdfTest, DialogWithoutAPrinterAsksForCopies) {
-  device_.SetPdfFolder(QString::fromStdString(folder_.Path()));
-  bool asked = false;
-  QTimer::singleShot(0, [&] {
-    auto* dialog = dynamic_cast<PdfPrinterDialog*>(QApplication::activeModalWidget());
-    if (!dialog) return;
-    asked = true;
-    dialog->findChild<QSpinBox*>()->setValue(3);
-    dialog->accept();
-  });
-  const PrintDialogAnswer answer = printer_.ShowDialog({});
-  EXPECT_TRUE(asked);
-  EXPECT_TRUE(answer.accepted);
-  EXPECT_EQ(answer.copies, 3);
+  EXPECT_EQ(QDir(folder).entryList(QDir::Files), (QStringList{"CD-DVD 1.pdf", "CD-DVD 2.pdf", "CD-DVD.pdf"}));
+  for (const char* name : {"/CD-DVD.pdf", "/CD-DVD 1.pdf"})
+    ExpectCover(MeasuredSheet(folder.toStdString() + name), 0, 0);
+  EXPECT_GT(MeasuredSheet(folder.toStdString() + "/CD-DVD 1.pdf").WidthDots(), 297 / kMmPerPoint);
+  device_.SetPdfFolder("/proc/none");
+  EXPECT_THROW(printer_.EndDoc(), RuntimeError);
 }
 
 // A service that takes each connection and says nothing.
@@ -148,15 +123,20 @@ void InDialog(const std::function<void(Dialog&)>& act) {
 TEST_F(PdfTest, MuteServiceIsToldAndOnceItAnswersItsPrintersAreOffered) {
   {
     const MuteService mute;
-    bool told = false;
+    device_.SetPdfFolder("/tmp/fogli");
     InDialog<PdfPrinterDialog>([&](PdfPrinterDialog& dialog) {
-      for (const QLabel* label : dialog.findChildren<QLabel*>()) {
-        told = told || label->text() == "Il servizio di stampa non risponde.";
-      }
-      dialog.reject();
+      QStringList texts;
+      for (const QLabel* label : dialog.findChildren<QLabel*>()) texts << label->text();
+      EXPECT_TRUE(texts.contains("Il servizio di stampa non risponde."));
+      EXPECT_TRUE(texts.contains("/tmp/fogli"));
+      dialog.findChild<QSpinBox*>()->setValue(0);
+      EXPECT_EQ(dialog.Copies(), 1);
+      dialog.findChild<QSpinBox*>()->setValue(3);
+      dialog.accept();
     });
-    EXPECT_FALSE(printer_.ShowDialog({}).accepted);
-    EXPECT_TRUE(told);
+    const PrintDialogAnswer answer = printer_.ShowDialog({});
+    EXPECT_TRUE(answer.accepted);
+    EXPECT_EQ(answer.copies, 3);
     EXPECT_THROW(device_.SelectPrinter("uneven"), RuntimeError);
   }
   PrivateCups back;
@@ -191,22 +171,6 @@ class QueueTest : public PdfTest {
 
   PrivateCups cups_;
 };
-
-TEST_F(QueueTest, PortraitCoverStandsAtTheCornerOfThePrintableArea) {
-  PrintCover();
-  ExpectCover(MeasuredSheet(cups_.SheetPath()), 9.64 * kMmPerPoint, 17.97 * kMmPerPoint);
-}
-
-// The left edge of a landscape sheet is the bottom of the portrait one, which the spooler stores.
-TEST_F(QueueTest, LandscapeCoverStandsAtTheCornerOfThePrintableArea) {
-  printer_.SetOrientation(PageOrientation::Landscape);
-  PrintCover();
-  const MeasuredSheet sheet(cups_.SheetPath());
-  const double left = 297 - 14.4 * kMmPerPoint;
-  const double top = 9.64 * kMmPerPoint;
-  ExpectLines(sheet.DownMm(top + 80), {left - 131, left - 120.5, left - 20.5, left - 10});
-  ExpectLines(sheet.AcrossMm(left - 70.5), {top + 20, top + 40, top + 120, top + 140});
-}
 
 // Two outlined covers, a rectangle and a disc, through the whole print command: what the toolkit's dialog
 // offers, and what comes of it with options left from elsewhere.
@@ -395,6 +359,8 @@ TEST(CalibrationFile, KeepsEachPrinterAndADamagedOneCorrectsNothingAndIsToldOnce
   EXPECT_TRUE(kept.TakeComplaint().isEmpty());
   for (const char* damage : {"[casa]\norizzontale180=200\nverticale250=250\ndestra=0\nbasso=0\n",
                              "[casa]\norizzontale180=nan\nverticale250=250\ndestra=0\nbasso=0\n",
+                             "[casa]\norizzontale180=180\nverticale250=250\ndestra=99\nbasso=0\n",
+                             "[casa]\norizzontale180=180\nverticale250=250\ndestra=0\nbasso=-99\n",
                              "[casa]\norizzontale180=180\n", "[Ufficio\n", "\xff\x01 niente"}) {
     std::ofstream(file.toStdString()) << damage;
     Calibrations damaged(file);
@@ -409,19 +375,10 @@ TEST_F(QueueTest, RefusedJobIsAFailureOfThePrinter) {
   cups_.Run("cupsreject uneven");
   EXPECT_THROW(PrintCover(), RuntimeError);
   cups_.Run("cupsaccept uneven");
+  EXPECT_THROW(device_.SelectPrinter("nessuna"), RuntimeError);
   EXPECT_NO_THROW(PrintCover());
   cups_.Run("lpadmin -x uneven");
   EXPECT_THROW(PrintCover(), RuntimeError);
-}
-
-TEST_F(QueueTest, SpoolerThatIsGoneIsAFailureOfThePrinter) {
-  cups_.Stop();
-  EXPECT_THROW(PrintCover(), RuntimeError);
-}
-
-TEST_F(QueueTest, UnknownPrinterIsRefusedAndTheCurrentOneStays) {
-  EXPECT_THROW(device_.SelectPrinter("nessuna"), RuntimeError);
-  EXPECT_NO_THROW(PrintCover());
 }
 
 }  // namespace
