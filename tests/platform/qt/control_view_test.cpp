@@ -1,5 +1,6 @@
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -23,6 +24,16 @@ TEST_F(ControlViewTest, ButtonClickComesAfterTheLostFocusOfTheTextBox) {
   Click(Widget<QPushButton>("Command1"));
   EXPECT_THAT(log, ElementsAre("Change 7", "LostFocus", "Click"));
   EXPECT_EQ(form.FocusedControl(), &button);
+}
+
+TEST_F(ControlViewTest, TabLeavesATextBoxOfManyLines) {
+  TextBox text(form, "Text1");
+  CommandButton button(form, "Command1");
+  text.SetMultiLine(true);
+  Show();
+  QTest::keyClick(&Widget<QPlainTextEdit>("Text1"), Qt::Key_Tab);
+  EXPECT_EQ(form.FocusedControl(), &button);
+  EXPECT_EQ(text.Text(), "");
 }
 
 TEST_F(ControlViewTest, ChoicesFireOneClickFromTheUserAndFromCode) {
