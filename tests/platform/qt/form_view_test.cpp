@@ -1,11 +1,20 @@
+#include <gmock/gmock.h>
+
+#include <QApplication>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QTest>
+#include <QTimer>
 
+#include "platform/controls/simple_controls.h"
 #include "platform/qt/desktop/qt_screen.h"
+#include "platform/qt/desktop/qt_window_system.h"
+#include "platform/qt/views/form_view.h"
 #include "platform/runtime_error.h"
-#include "view_fixture.h"
+#include "tests/support/test_machine.h"
 
 namespace Morvane {
 namespace {
@@ -30,56 +39,48 @@ QWidget& WindowOf(const std::string& name) {
   throw std::logic_error("no window " + name);
 }
 
-using FormViewTest = ViewTest;
+// A window of the real back-end, shown without a screen. A test makes its controls, then calls Show.
+class FormViewTest : public testing::Test {
+ protected:
+  TestMachine machine;
+  QtWindowSystem windows{*machine.Files};
+  Form form{{.name = "Form1", .caption = "Prova", .clientWidth = 6000, .clientHeight = 4500}};
+  std::vector<std::string> log;
 
-TEST_F(FormViewTest, FiresActivateOnceAndPaintWhenItAppears) {
-  Label label(form, "Label1");
-  form.Activate = Log("Activate");
-  form.Paint = Log("Paint");
-  Show();
-  label.SetCaption("altro");
-  QApplication::processEvents();
-  EXPECT_THAT(log, ElementsAre("Activate", "Paint"));
-}
+  // Controls are placed below each other, in the order in which they were made.
+  void Show() {
+    double top = 0;
+    for (Control* const control : form.AllControls()) {
+      if (control->Width() > 0) continue;
+      control->SetTop(top);
+      control->SetWidth(1500);
+      control->SetHeight(450);
+      top += 450;
+    }
+    windows.ShowMain(form);
+    QApplication::processEvents();
+  }
 
-TEST_F(FormViewTest, ResizableWindowTellsItsSizeOnceAndTakesOneFromCode) {
-  Form wide({.name = "Wide",
-             .caption = "Larga",
-             .clientWidth = 3000,
-             .clientHeight = 3000,
-             .frameHeight = 600,
-             .resizable = true});
-  Label label(wide, "Label1");
-  windows.ShowMain(wide);
-  QApplication::processEvents();
-  wide.Resize = Log("Resize");
-  WindowOf("Wide").resize(300, 250);
-  QApplication::processEvents();
-  EXPECT_THAT(log, ElementsAre("Resize"));
-  EXPECT_EQ(wide.ClientWidth(), 4500);
-  EXPECT_EQ(wide.Height(), 250 * 15 + 600);
-  wide.SetSize(3000, 3600);
-  QApplication::processEvents();
-  EXPECT_EQ(log.size(), 2U);
-  EXPECT_EQ(WindowOf("Wide").size(), QSize(200, 200));
-}
+  std::function<void()> Log(const std::string& line) {
+    return [this, line] { log.push_back(line); };
+  }
 
-TEST_F(FormViewTest, CloseBoxUnloadsTheModalWindowAndActivatesTheOneBelow) {
-  form.Activate = Log("Activate Form1");
-  Show();
-  log.clear();
-  auto inner = std::make_unique<Form>(
-      FormRow{.name = "Inner", .caption = "Dentro", .clientWidth = 3000, .clientHeight = 1500});
-  inner->Unload = Log("Unload");
-  Later([] { WindowOf("Inner").close(); });
-  windows.ShowModal(*inner);
-  EXPECT_TRUE(inner->Unloaded());
-  inner.reset();
-  EXPECT_THAT(log, ElementsAre("Unload"));
-  QApplication::processEvents();
-  EXPECT_THAT(log, ElementsAre("Unload", "Activate Form1"));
-  EXPECT_THROW(WindowOf("Inner"), std::logic_error);
-}
+  template <typename T>
+  static T& Widget(const std::string& name) {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+      if (T* const found = window->findChild<T*>(QString::fromStdString(name))) return *found;
+    }
+    throw std::logic_error("no widget " + name);
+  }
+
+  static void Click(QWidget& widget, Qt::MouseButton button = Qt::LeftButton, QPoint place = {}) {
+    QTest::mouseClick(&widget, button, {}, place);
+    QApplication::processEvents();
+  }
+
+  // Plays the user once a box or window is open.
+  void Later(const std::function<void()>& action) { QTimer::singleShot(20, qApp, action); }
+};
 
 TEST_F(FormViewTest, EndInAModalWindowEndsEveryLoop) {
   Show();
@@ -170,6 +171,31 @@ TEST_F(FormViewTest, PopupMenuRunsTheChosenEntryAndLetsItsFailureOut) {
   EXPECT_THROW(windows.PopupMenu(items), RuntimeError);
   Later([] { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape); });
   windows.PopupMenu(items);
+}
+
+TEST_F(FormViewTest, TabLeavesATextBoxOfManyLines) {
+  TextBox text(form, "Text1");
+  CommandButton button(form, "Command1");
+  text.SetMultiLine(true);
+  Show();
+  QTest::keyClick(&Widget<QPlainTextEdit>("Text1"), Qt::Key_Tab);
+  EXPECT_EQ(form.FocusedControl(), &button);
+  EXPECT_EQ(text.Text(), "");
+}
+
+TEST_F(FormViewTest, TimerTicksWhileItRunsAndNotWithinATick) {
+  Timer timer(form, "Timer1");
+  timer.SetInterval(1);
+  Show();
+  timer.Tick = [&] {
+    log.push_back("Tick");
+    QTest::qWait(5);  // further ticks are due
+    log.push_back("done");
+    timer.SetRunning(false);
+  };
+  timer.SetRunning(true);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return log.size() > 1; }));
+  EXPECT_THAT(log, ElementsAre("Tick", "done"));
 }
 
 }  // namespace
