@@ -48,7 +48,6 @@ std::string ScriptedWindows::InputBox(const std::string& prompt, const std::stri
 }
 
 void ScriptedWindows::PopupMenu(const std::vector<MenuItem>& items) {
-  ++PopupsShown;
   if (MenuChoices.empty()) {
     ADD_FAILURE() << "unexpected popup menu";
     return;

@@ -39,7 +39,6 @@ class ScriptedWindows : public WindowSystem {
   std::vector<Box> Boxes;
   std::vector<Prompt> Prompts;
   std::vector<std::string> ShownForms;
-  int PopupsShown = 0;
 
   // One event of the user: the handler, then whatever was queued meanwhile.
   void UserEvent(const std::function<void()>& handler);

@@ -88,7 +88,6 @@ PicturePtr TextPictures::LoadPicture(const std::string& path) const {
   if (!(bytes >> magic >> width >> height) || magic != "PICTURE") {
     throw RuntimeError(ErrorNumber::InvalidPicture, "L'immagine non può essere letta: " + path);
   }
-  Loaded.push_back(path);
   return std::make_shared<SizedPicture>(width, height);
 }
 

@@ -70,8 +70,6 @@ class TextPictures : public PictureLoader, public Hooked {
  public:
   explicit TextPictures(const FileSystem& files) : files_(files) {}
 
-  mutable std::vector<std::string> Loaded;
-
   PicturePtr LoadPicture(const std::string& path) const override;
 
  private:
