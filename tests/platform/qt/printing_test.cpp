@@ -80,7 +80,8 @@ TEST_F(PdfTest, JobsWithoutAPrinterAreNumberedFilesNamedAfterTheirTitle) {
   EXPECT_EQ(QDir(folder).entryList(QDir::Files), (QStringList{"CD-DVD 1.pdf", "CD-DVD 2.pdf", "CD-DVD.pdf"}));
   for (const char* name : {"/CD-DVD.pdf", "/CD-DVD 1.pdf"})
     ExpectCover(MeasuredSheet(folder.toStdString() + name), 0, 0);
-  EXPECT_GT(MeasuredSheet(folder.toStdString() + "/CD-DVD 1.pdf").WidthDots(), 297 / kMmPerPoint);
+  const MeasuredSheet landscape(folder.toStdString() + "/CD-DVD 1.pdf");
+  EXPECT_GT(landscape.WidthDots(), landscape.HeightDots());
   device_.SetPdfFolder("/proc/none");
   EXPECT_THROW(printer_.EndDoc(), RuntimeError);
 }
