@@ -40,7 +40,9 @@ class Session : public testing::Test {
                     fonts,        printer,           machine.Launches, machine.Http, machine.platform.app};
   Program program{platform, ','};
 
-  explicit Session(const FontCatalog* listed = nullptr) : fonts(listed == nullptr ? installed : *listed) {
+  enum class Fonts { Installed, Listed };
+  explicit Session(Fonts which = Fonts::Installed)
+      : fonts(which == Fonts::Listed ? static_cast<const FontCatalog&>(machine.Fonts) : installed) {
     QApplication::setCursorFlashTime(0);
   }
 
@@ -138,10 +140,10 @@ class Session : public testing::Test {
   static void StandStill(const Form& form, double stripTop) {
     auto& scroll = dynamic_cast<Timer&>(The(form, "Timer1"));
     auto& turn = dynamic_cast<Timer&>(The(form, "TimerAnimazione"));
-    scroll.SetRunning(false);
-    turn.SetRunning(false);
     while (The(form, "Picture5").Top() != stripTop) scroll.Tick();
     while (The(form, "Picture2").ImageKey() != "form3_animazione_1") turn.Tick();
+    scroll.SetRunning(false);  // reading the text anew has started it
+    turn.SetRunning(false);
   }
 
   void ReadDisc(const Form& contents) {

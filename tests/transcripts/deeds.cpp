@@ -292,6 +292,7 @@ const std::map<QString, Deed> kOfTheHand = {
     {"tick", {[](Scene& s, Words w) {  // timer, times
        auto& timer = dynamic_cast<Timer&>(s.Named(w));
        for (int i = w.Next().toInt(); i > 0; --i) timer.Tick();
+       timer.SetRunning(false);
      }}},
     {"uncover", {[](Scene& s, Words) {  // another window was over this one
        QExposeEvent uncovered(QRegion(0, 0, 9, 9));

@@ -25,7 +25,7 @@ struct Words {
 // opens a window goes on in it: the deeds below are done there until it is closed.
 class Transcript : public Session, public testing::WithParamInterface<std::string> {
  public:
-  Transcript() : Session(&machine.Fonts) {}
+  Transcript() : Session(Fonts::Listed) {}
 
   void Play();
 
