@@ -41,7 +41,6 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
   using Session::hand;
   using Session::machine;
   using Session::program;
-  using Session::Ship;
 
   QString Mounts;
   QMimeData Dragged;
