@@ -33,11 +33,13 @@ const Pair* FindStandIn(const QString& family) {
 
 }  // namespace
 
+// Asks for all families at once: a question for one goes through the rules of the whole machine.
 std::vector<FontStandIn> UsableStandIns() {
+  const QStringList installed = QFontDatabase::families();
+  const auto has = [&](const char* family) { return installed.contains(family, Qt::CaseInsensitive); };
   std::vector<FontStandIn> usable;
   for (const Pair& pair : kStandIns) {
-    if (QFontDatabase::hasFamily(pair.family) || !QFontDatabase::hasFamily(pair.standIn)) continue;
-    usable.push_back({pair.family, pair.standIn});
+    if (!has(pair.family) && has(pair.standIn)) usable.push_back({pair.family, pair.standIn});
   }
   return usable;
 }
