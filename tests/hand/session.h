@@ -122,6 +122,14 @@ class Session : public testing::Test {
     Hand::ClickRow(The(form, list), Hand::Row(The(form, list), row), x);
   }
 
+  // Its preview is loaded and its folders are looked into when nothing else waits.
+  static void WaitForPicker(const Form& form) {
+    for (const char* const name : {"TimerAnteprima", "TimerCartelle"}) {
+      const auto& timer = dynamic_cast<const Timer&>(The(form, name));
+      EXPECT_TRUE(QTest::qWaitFor([&] { return !timer.Running(); })) << name;
+    }
+  }
+
   void PickPhotos() {
     In("frmAbout", ByTool("Front"), [](Form& form) {
       constexpr int kTriangle = -10;  // pixels

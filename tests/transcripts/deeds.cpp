@@ -71,6 +71,11 @@ const std::map<QString, Deed> kOfTheWorld = {
        const int count = w.Next().toInt();
        for (int i = 0; i < count; ++i) std::ofstream(native + std::to_string(i) + "." + w.All());
      }}},
+    {"tell-reads", {[](Scene& s, Words) {  // of whole files, from now on
+       s.machine.Files->BeforeCall = [&s](const std::string& call, const std::string& path) {
+         if (call == "ReadBytes") s.Show("  reads " + QString::fromStdString(path));
+       };
+     }}},
     {"folder", {[](Scene& s, Words w) { s.machine.MakeFolder(w.All()); }}},
     {"remove", {[](Scene& s, Words w) { std::filesystem::remove_all(Native(s, w.All())); }}},
     {"lock", {[](Scene& s, Words w) {
@@ -167,6 +172,11 @@ void PressKey(Scene&, Words words) {
   Hand::Key(key.key(), key.keyboardModifiers());
 }
 
+void PressKeys(Scene&, Words words) {  // faster than anything answers
+  for (const QString& name : words.rest.split(' '))
+    QTest::keyClick(QApplication::focusWidget(), QKeySequence(name)[0].key());
+}
+
 void PressPanel(Scene& scene, Words words) {
   for (auto* const panel : Hand::See(scene.program.form1.StatusBar1).findChildren<QToolButton*>()) {
     if (panel->text() == words.rest) panel->click();
@@ -259,6 +269,7 @@ const std::map<QString, Deed> kOfTheHand = {
        Hand::Type(box, w.All());
      }}},
     {"key", {PressKey}},
+    {"keys", {PressKeys}},
     {"hold", {[](Scene&, Words w) { Hand::HoldDown(QKeySequence(w.rest)[0].key()); }}},
     {"walk", {Walk}},
     {"row", {[](Scene& s, Words w) { ClickRow(s, w, 5, Qt::LeftButton); }}},

@@ -60,6 +60,7 @@ void Transcript::Do(const QString& line) {
     const Deed& deed = Deeds().at(words.Next());
     deed.act(*this, words);
     Hand::Settle();
+    if (top_ != nullptr && top_->Name() == "frmAbout") WaitForPicker(*top_);
     if (deed.isOfTheWorld) around_ = LookAround(machine);
   } catch (const std::exception& error) {
     seen_ << QString("  cannot be done: ") + error.what();

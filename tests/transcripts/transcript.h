@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <map>
+#include <stdexcept>
 
 #include "sight.h"
 #include "tests/hand/session.h"
@@ -31,8 +32,8 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
 
   // For the deeds.
   void Do(const QString& line);
-  Form& Top() const { return *top_; }
-  Control& Named(Words& words) const { return The(*top_, words.Path()); }
+  Form& Top() const { return top_ != nullptr ? *top_ : throw std::logic_error("no window is there yet"); }
+  Control& Named(Words& words) const { return The(Top(), words.Path()); }
   void InMainWindow(const Means& means) const;
   void Show(const QString& line) { seen_ << line; }
 

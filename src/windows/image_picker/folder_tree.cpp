@@ -1,6 +1,7 @@
 #include "windows/image_picker/folder_tree.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "platform/case_folding.h"
@@ -109,12 +110,14 @@ std::string BuildTree(TreeView& tree, AppState& state, Screen& screen, const Fil
   return firstFixed;
 }
 
-void AddSubFolders(TreeView& tree, const std::string& key, const FileSystem& files) {
+void AddSubFolders(TreeView& tree, const std::string& key, const FileSystem& files,
+                   std::deque<UnreadFolder>& unread) {
   if (key.empty()) return;
   const std::string parentKey = WithoutBackslash(key);
   const std::string onDisk = PathOnDisk(parentKey, files);
   std::vector<std::string> folders;
   ResumeNext([&] { folders = files.SubFolders(onDisk + "\\"); });
+  std::erase_if(unread, [&](const UnreadFolder& folder) { return folder.parentKey == parentKey; });
   for (auto folder = folders.begin(); folder != folders.end();) {
     const std::string name = ProperCase(*folder);
     const auto next =
@@ -123,8 +126,17 @@ void AddSubFolders(TreeView& tree, const std::string& key, const FileSystem& fil
     // first.
     const auto exact = std::find(folder, next, name);
     AddFolder(tree, parentKey, name);
-    AddPlaceholder(tree, parentKey + "\\" + name, onDisk + "\\" + (exact != next ? *exact : *folder), files);
+    unread.push_back({parentKey, name, onDisk + "\\" + (exact != next ? *exact : *folder)});
     folder = next;
+  }
+}
+
+void AddPlaceholders(TreeView& tree, const FileSystem& files, std::deque<UnreadFolder>& unread,
+                     std::chrono::steady_clock::time_point until) {
+  while (!unread.empty() && std::chrono::steady_clock::now() < until) {
+    const UnreadFolder folder = std::move(unread.front());
+    unread.pop_front();
+    AddPlaceholder(tree, folder.parentKey + "\\" + folder.name, folder.pathOnDisk, files);
   }
 }
 

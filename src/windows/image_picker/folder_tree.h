@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <deque>
 #include <functional>
 #include <string>
 
@@ -17,9 +19,22 @@ namespace Morvane {
 std::string BuildTree(TreeView& tree, AppState& state, Screen& screen, const FileSystem& files,
                       const std::function<void()>& loadContentsWindow);
 
-// Adds the folders of a node by its key, each with its first subfolder, so that it shows the button that
-// opens it. Folders that are in the tree already stay as they are; none is ever taken out.
-void AddSubFolders(TreeView& tree, const std::string& key, const FileSystem& files);
+// A folder of the tree that was not looked into: whether it has folders, its node doesn't show yet.
+struct UnreadFolder {
+  std::string parentKey;
+  std::string name;
+  std::string pathOnDisk;
+};
+
+// Adds the folders of a node by its key, in one reading, and puts them behind the `unread` ones. Folders that
+// are in the tree already stay as they are; none is ever taken out.
+void AddSubFolders(TreeView& tree, const std::string& key, const FileSystem& files,
+                   std::deque<UnreadFolder>& unread);
+
+// Gives each unread folder its first subfolder, so that it shows the button that opens it; in turn, each with
+// a reading of its own, until all are read or the time has come.
+void AddPlaceholders(TreeView& tree, const FileSystem& files, std::deque<UnreadFolder>& unread,
+                     std::chrono::steady_clock::time_point until);
 
 // Name of the first subfolder in proper case; empty when there is none or the folder can't be read.
 std::string FirstSubFolder(const std::string& path, const FileSystem& files);

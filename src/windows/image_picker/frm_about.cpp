@@ -1,13 +1,13 @@
 #include "windows/image_picker/frm_about.h"
 
 #include <array>
+#include <chrono>
 #include <string>
 #include <utility>
 
 #include "core/settings_file.h"
 #include "platform/controls/key_codes.h"
 #include "platform/resume_next.h"
-#include "windows/image_picker/folder_tree.h"
 #include "windows/image_picker/image_file_operations.h"
 #include "windows/image_picker/image_list.h"
 
@@ -33,9 +33,15 @@ constexpr std::array kControls = {
     ControlRow{"Command2", "&Annulla", "Annulla la scelta e continua", 7590, 1020, 915, 375},
     ControlRow{"Frame1", "Anteprima immagine", "", 4590, 3060, 3915, 3075},
     ControlRow{"Image1", "", "Anteprima dell'immagine clic per selezione", 90, 270, 3435, 2655},
+    ControlRow{"TimerCartelle"},
+    ControlRow{"TimerAnteprima"},
 };
 
 constexpr Color kPaleYellow{255, 255, 192};
+
+// For so long the window may stand still while folders are looked into.
+constexpr std::chrono::milliseconds kPortion(100);
+constexpr int kAsSoonAsIdle = 1;  // milliseconds
 
 }  // namespace
 
@@ -43,6 +49,7 @@ frmAbout::frmAbout(AppState& state, Platform& platform, std::function<void()> lo
     : form(kWindow), state_(state), platform_(platform), loadContentsWindow_(std::move(loadContentsWindow)) {
   form.LayOut(kControls);
   form.Load = [this] { Form_Load(); };
+  form.Activate = [this] { TimerCartelle.SetRunning(!unread_.empty()); };
   form.MouseMove = [this](double, double) { ResetPointer(); };
   Frame1.MouseMove = [this](double, double) { ResetPointer(); };
   lblPath.SetBackColor(kPaleYellow);
@@ -57,6 +64,8 @@ void frmAbout::ConnectTree() {
   tvwdirtree.Collapse = [this](TreeNode& node) { tvwdirtree_NodeClick(node); };
   tvwdirtree.NodeClick = [this](TreeNode& node) { tvwdirtree_NodeClick(node); };
   tvwdirtree.Click = [this] { tvwdirtree_Click(); };
+  TimerCartelle.SetInterval(kAsSoonAsIdle);
+  TimerCartelle.Tick = [this] { TimerCartelle_Tick(); };
 }
 
 void frmAbout::ConnectList() {
@@ -66,6 +75,8 @@ void frmAbout::ConnectList() {
   List1.KeyDown = [this](int keyCode) { List1_KeyDown(keyCode); };
   List1.MouseDown = [this](MouseButton button, double, double) { List1_MouseDown(button); };
   List1.MouseMove = [this](double, double) { ResetPointer(); };
+  TimerAnteprima.SetInterval(kAsSoonAsIdle);
+  TimerAnteprima.Tick = [this] { TimerAnteprima_Tick(); };
   Menudestro = {
       {.name = "menusele", .caption = "&Scegli immagine selezionata", .Click = [this] { Command1_Click(); }},
       {.name = "menumeno", .caption = "-"},
@@ -101,11 +112,23 @@ void frmAbout::tvwdirtree_Expand(TreeNode& node) {
   if (node.Key() == "desk") return lblPath.SetCaption(state_.CartellaDesktop);
   if (node.Children().empty()) return;
   tvwdirtree.SetSorted(node, true);
+  ReadFolders(node);
+}
+
+// On a slow disk the folders stand there before each was looked into; those get their buttons one by one.
+void frmAbout::ReadFolders(const TreeNode& node) {
   platform_.screen.SetMousePointer(MousePointer::ArrowHourglass);
   tvwdirtree.SetRedraw(false);
-  AddSubFolders(tvwdirtree, node.Key(), platform_.files);
-  tvwdirtree.SetRedraw(true);
+  AddSubFolders(tvwdirtree, node.Key(), platform_.files, unread_);
+  TimerCartelle_Tick();
   ResetPointer();
+}
+
+void frmAbout::TimerCartelle_Tick() {
+  tvwdirtree.SetRedraw(false);
+  AddPlaceholders(tvwdirtree, platform_.files, unread_, std::chrono::steady_clock::now() + kPortion);
+  tvwdirtree.SetRedraw(true);
+  TimerCartelle.SetRunning(!unread_.empty());
 }
 
 void frmAbout::tvwdirtree_NodeClick(TreeNode& node) {
@@ -120,10 +143,7 @@ void frmAbout::tvwdirtree_NodeClick(TreeNode& node) {
 
 // The floppy drives have no button to open them before they were read; other removable drives never do.
 void frmAbout::ReadOnePerClick(const TreeNode& node) {
-  if (node.Key() != "A:" && node.Key() != "B:") return;
-  platform_.screen.SetMousePointer(MousePointer::ArrowHourglass);
-  AddSubFolders(tvwdirtree, node.Key(), platform_.files);
-  ResetPointer();
+  if (node.Key() == "A:" || node.Key() == "B:") ReadFolders(node);
 }
 
 void frmAbout::tvwdirtree_Click() {
@@ -135,14 +155,24 @@ void frmAbout::Command4_Click() {
   state_.CartellaImmagini = FolderOfLabel();
   if (!state_.CartellaImmagini.ends_with('\\')) state_.CartellaImmagini += '\\';
   platform_.screen.SetMousePointer(MousePointer::Hourglass);
+  listing_ = true;
   CaricaListaImmagini(state_, platform_.files, List1, Label17);
+  listing_ = false;
   ResetPointer();
 }
 
+// Keys may come faster than pictures can be loaded: the row is chosen at once, its preview follows when no
+// other key waits.
 void frmAbout::List1_Click() {
+  state_.ImmagineScelta = state_.CartellaImmagini + List1.Text();
+  TimerAnteprima.SetRunning(!listing_);
+  if (listing_) TimerAnteprima_Tick();
+}
+
+void frmAbout::TimerAnteprima_Tick() {
+  TimerAnteprima.SetRunning(false);
   Image1.SetVisible(false);
   Image1.SetStretch(false);
-  state_.ImmagineScelta = state_.CartellaImmagini + List1.Text();
   // A file that can't be decoded leaves the picture before it in view, and is chosen all the same.
   ResumeNext([&] { Image1.SetPicture(platform_.pictures.LoadPicture(state_.ImmagineScelta)); });
   platform_.screen.SetMousePointer(MousePointer::Hourglass);
@@ -176,6 +206,7 @@ void frmAbout::Command1_Click() {
   state_.FileFolder = FolderOfLabel();
   state_.ImmaginePrecedente = state_.ImmagineScelta;
   SalvaImpostazioni(state_, platform_.files);
+  TimerCartelle.SetRunning(false);
   form.Hide();
 }
 

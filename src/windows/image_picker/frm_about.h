@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "platform/controls/menu.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/tree_view.h"
+#include "windows/image_picker/folder_tree.h"
 #include "windows/platform.h"
 
 namespace Morvane {
@@ -30,6 +32,8 @@ class frmAbout {
   CommandButton Command2{form, "Command2"};
   Frame Frame1{form, "Frame1"};
   ImageBox Image1{Frame1, "Image1"};
+  Timer TimerCartelle{form, "TimerCartelle"};    // looks into the folders of the tree
+  Timer TimerAnteprima{form, "TimerAnteprima"};  // loads the preview
   std::vector<MenuItem> Menudestro;
 
  private:
@@ -42,7 +46,9 @@ class frmAbout {
   void tvwdirtree_NodeClick(TreeNode& node);
   void tvwdirtree_Click();
   void Command4_Click();
+  void TimerCartelle_Tick();
   void List1_Click();
+  void TimerAnteprima_Tick();
   void List1_KeyDown(int keyCode);
   void List1_MouseDown(MouseButton button);
   void MenuRinomina_Click();
@@ -51,12 +57,15 @@ class frmAbout {
   void Command2_Click();
 
   void ReadOnePerClick(const TreeNode& node);
+  void ReadFolders(const TreeNode& node);
   std::string FolderOfLabel() const;
   void ResetPointer();
 
   AppState& state_;
   Platform& platform_;
   std::function<void()> loadContentsWindow_;
+  std::deque<UnreadFolder> unread_;
+  bool listing_ = false;
 };
 
 }  // namespace Morvane

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
 #include "tests/support/test_machine.h"
 #include "windows/image_picker/frm_about.h"
 
@@ -49,6 +53,30 @@ TEST(FolderTree, NoFloppyIsWaitedFor) {
   frmAbout picker(state, machine.platform, [] {});
   picker.form.EnsureLoaded();
   EXPECT_EQ(picker.tvwdirtree.Find("root")->Children().front()->Text(), "Floppy (A:)");
+}
+
+TEST(FolderTree, OnASlowDiskAllFoldersAreSeenBeforeEachIsLookedInto) {
+  TestMachine machine;
+  for (const char* parent : {"a", "b", "c", "d", "e", "f"})
+    machine.MakeFolder("C:\\Molte\\" + std::string(parent) + "\\Dentro");
+  machine.Files->BeforeCall = [](const std::string& call, const std::string& path) {
+    if (call == "FirstSubFolder" && path.size() > 4)
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  };
+  AppState state;
+  frmAbout picker(state, machine.platform, [] {});
+  picker.form.EnsureLoaded();
+  while (picker.TimerCartelle.Running()) picker.TimerCartelle.PerformTick();
+  TreeNode& folder = *picker.tvwdirtree.Find("C:\\Molte");
+  picker.tvwdirtree.UserExpands(folder);
+  const auto& nodes = folder.Children();
+  const auto isRead = [](const TreeNode* node) { return node->Children().size() == 1; };
+  EXPECT_EQ(nodes.size(), 6);
+  EXPECT_FALSE(isRead(nodes.back()));
+  picker.tvwdirtree.UserCollapses(folder);
+  picker.tvwdirtree.UserExpands(folder);
+  while (picker.TimerCartelle.Running()) picker.TimerCartelle.PerformTick();
+  EXPECT_TRUE(std::all_of(nodes.begin(), nodes.end(), isRead));
 }
 
 }  // namespace
