@@ -5,9 +5,12 @@
 #include <unistd.h>
 
 #include <QKeyEvent>
+#include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <memory>
 #include <optional>
+#include <thread>
 
 #include "bench/files/kept_folder.h"
 #include "bench/photos/photo.h"
@@ -114,22 +117,50 @@ void OpenPickerOnThem(benchmark::State& run) {
 }
 BENCHMARK(OpenPickerOnThem)->Unit(benchmark::kMillisecond)->Iterations(5);
 
-// A key a photo, each painted before the next.
-void NextPhoto(benchmark::State& run) {
+// A folder of photos in the picker, its first one on show.
+struct Shots {
   FullMachine full;
   QWidget& window = full.Show();
-  fs::create_directory_symlink(KeptFolder("scatti", WriteShots), full.desk.machine.Root.Path("Scatti"));
-  full.picker->lblPath.SetCaption("C:\\Scatti");
-  full.picker->Command4.PerformClick();
-  QWidget& list = WindowMachine::Widget(full.picker->form.Name(), "List1");
-  for (auto _ : run) {
-    QKeyEvent down(QEvent::KeyPress,
-                   full.picker->List1.ListIndex() + 1 < kShots ? Qt::Key_Down : Qt::Key_Home, {});
-    QApplication::sendEvent(&list, &down);
+  QWidget* list = nullptr;
+
+  Shots() {
+    fs::create_directory_symlink(KeptFolder("scatti", WriteShots), full.desk.machine.Root.Path("Scatti"));
+    full.picker->lblPath.SetCaption("C:\\Scatti");
+    full.picker->Command4.PerformClick();
+    list = &WindowMachine::Widget(full.picker->form.Name(), "List1");
+  }
+
+  void PressNext() const {
+    const bool last = full.picker->List1.ListIndex() + 1 >= kShots;
+    QKeyEvent down(QEvent::KeyPress, last ? Qt::Key_Home : Qt::Key_Down, {});
+    QApplication::sendEvent(list, &down);
+  }
+
+  void AwaitPreview() const {
+    while (full.picker->TimerAnteprima.Running()) QApplication::processEvents();
     WindowMachine::Settle(window);
+  }
+};
+
+// A key a photo, each painted before the next.
+void NextPhoto(benchmark::State& run) {
+  const Shots shots;
+  for (auto _ : run) {
+    shots.PressNext();
+    shots.AwaitPreview();
   }
 }
 BENCHMARK(NextPhoto)->Unit(benchmark::kMillisecond);
+
+// Faster than any photo can be loaded, the last one painted.
+void TenQuickKeys(benchmark::State& run) {
+  const Shots shots;
+  for (auto _ : run) {
+    for (int key = 0; key < 10; ++key) shots.PressNext();
+    shots.AwaitPreview();
+  }
+}
+BENCHMARK(TenQuickKeys)->Unit(benchmark::kMillisecond);
 
 void DecodeEighth(benchmark::State& run) {
   const std::string photo = std::string(std::getenv("MORVANE_BENCH_PHOTOS")) + "/24-1.jpg";
@@ -160,6 +191,37 @@ void SameCallsAsExpand(benchmark::State& run) {
 }
 BENCHMARK(SameCallsAsExpand)->Unit(benchmark::kMillisecond);
 
+// Until the first rows are painted; then the longest time without an answer to the user, in the next
+// portions.
+void ExpandOnSlowDisk(benchmark::State& run) {
+  static constexpr std::chrono::milliseconds kCall(5);
+  constexpr int kPortions = 10;
+  std::optional<FullMachine> full;
+  for (auto _ : run) {
+    run.PauseTiming();
+    full.emplace();
+    full->desk.machine.Files->BeforeCall = [](auto...) { std::this_thread::sleep_for(kCall); };
+    QWidget& window = full->Show();
+    TreeView& tree = full->picker->tvwdirtree;
+    if (!tree.Find("C:")->Expanded()) tree.UserExpands(*tree.Find("C:"));
+    while (full->picker->TimerCartelle.Running()) QApplication::processEvents();
+    run.ResumeTiming();
+    tree.UserExpands(*tree.Find("C:\\Molte"));
+    WindowMachine::Settle(window);
+    run.PauseTiming();
+    double worst = 0;
+    for (int portion = 0; portion < kPortions; ++portion) {
+      const auto start = std::chrono::steady_clock::now();
+      WindowMachine::Settle(window);
+      worst = std::max(
+          worst, std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
+    }
+    run.counters["worst_ms"] = worst;
+    run.ResumeTiming();
+  }
+}
+BENCHMARK(ExpandOnSlowDisk)->Unit(benchmark::kMillisecond)->Iterations(1);
+
 void ExpandFolders(benchmark::State& run) {
   std::optional<FullMachine> full;
   for (auto _ : run) {
@@ -171,6 +233,7 @@ void ExpandFolders(benchmark::State& run) {
     WindowMachine::Settle(window);
     run.ResumeTiming();
     tree.UserExpands(*tree.Find("C:\\Molte"));
+    while (full->picker->TimerCartelle.Running()) QApplication::processEvents();
     WindowMachine::Settle(window);
     run.counters["nodes"] = tree.NodeCount();
   }
