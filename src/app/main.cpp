@@ -8,6 +8,7 @@
 #include <QTranslator>
 #include <algorithm>
 #include <chrono>
+#include <future>
 #include <memory>
 #include <utility>
 
@@ -59,6 +60,7 @@ char DecimalSeparator() {
 
 int main(int argc, char** argv) {
   RaiseFileLimit();
+  const std::future<void> fontRules = ReadFontRules();
   QApplication application(argc, argv);
   QApplication::setStyle(std::make_unique<ProgramStyle>().release());  // the application owns its style
   QApplication::setApplicationName("Morvane");
@@ -68,6 +70,7 @@ int main(int argc, char** argv) {
   if (italian.load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QApplication::installTranslator(&italian);
   }
+  fontRules.wait();
   InstallFontStandIns();
 
   FileSystem files("/", MountTable(),

@@ -219,7 +219,9 @@ int main(int argc, char** argv) {
     }
     // No window is ever shown, so no display is needed.
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    const std::future<void> fontRules = ReadFontRules();
     const QGuiApplication application(argc, argv);
+    fontRules.wait();
     InstallFontStandIns();
     return Print(arguments);
   } catch (const UsageError& error) {

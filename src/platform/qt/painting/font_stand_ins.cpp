@@ -1,5 +1,7 @@
 #include "platform/qt/painting/font_stand_ins.h"
 
+#include <fontconfig/fontconfig.h>
+
 #include <QFontDatabase>
 #include <QStringList>
 #include <algorithm>
@@ -42,6 +44,10 @@ std::vector<FontStandIn> UsableStandIns() {
     if (!has(pair.family) && has(pair.standIn)) usable.push_back({pair.family, pair.standIn});
   }
   return usable;
+}
+
+std::future<void> ReadFontRules() {
+  return std::async(std::launch::async, [] { FcInit(); });
 }
 
 void InstallFontStandIns() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <future>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,10 @@ struct FontStandIn {
 
 // The pairs whose own family is not installed and whose stand-in is.
 std::vector<FontStandIn> UsableStandIns();
+
+// Reads the machine's font rules while the caller makes the application: 5 ms that a start doesn't wait for.
+// Whoever asks for fonts waits for the answer before.
+std::future<void> ReadFontRules();
 
 // Makes the toolkit take the stand-ins for widgets. Called once, when the application has been made.
 void InstallFontStandIns();

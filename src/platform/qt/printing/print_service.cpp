@@ -1,9 +1,9 @@
 #include "platform/qt/printing/print_service.h"
 
-#include <cups/cups.h>
-
 #include <cerrno>
 #include <memory>
+
+#include "platform/qt/printing/cups_library.h"
 
 namespace Morvane {
 namespace {
@@ -20,17 +20,20 @@ bool NobodyListens(int error) {
 }  // namespace
 
 PrintService AskPrintService(std::chrono::milliseconds limit) {
+  const CupsLibrary cups;
+  if (!cups) return PrintService::Absent;
   const auto milliseconds = static_cast<int>(limit.count());
-  cupsSetServer(nullptr);
+  cups.cupsSetServer(nullptr);
   errno = 0;
   const std::unique_ptr<http_t, void (*)(http_t*)> connection(
-      httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, milliseconds, nullptr),
-      httpClose);
+      cups.httpConnect2(cups.cupsServer(), cups.ippPort(), nullptr, AF_UNSPEC, cups.cupsEncryption(), 1,
+                        milliseconds, nullptr),
+      cups.httpClose);
   if (!connection) return NobodyListens(errno) ? PrintService::Absent : PrintService::Silent;
-  httpSetTimeout(connection.get(), std::chrono::duration<double>(limit).count(), nullptr, nullptr);
-  cupsSetPasswordCB2(NoPassword, nullptr);
+  cups.httpSetTimeout(connection.get(), std::chrono::duration<double>(limit).count(), nullptr, nullptr);
+  cups.cupsSetPasswordCB2(NoPassword, nullptr);
   const std::unique_ptr<ipp_t, void (*)(ipp_t*)> answer(
-      cupsDoRequest(connection.get(), ippNewRequest(IPP_OP_CUPS_GET_DEFAULT), "/"), ippDelete);
+      cups.cupsDoRequest(connection.get(), cups.ippNewRequest(IPP_OP_CUPS_GET_DEFAULT), "/"), cups.ippDelete);
   return answer ? PrintService::Answers : PrintService::Silent;
 }
 

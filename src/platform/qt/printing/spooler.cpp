@@ -1,10 +1,10 @@
 #include "platform/qt/printing/spooler.h"
 
-#include <cups/cups.h>
-
 #include <QPrintEngine>
 #include <QPrinter>
 #include <utility>
+
+#include "platform/qt/printing/cups_library.h"
 
 namespace Morvane {
 namespace {
@@ -37,8 +37,9 @@ void KeepTrueScale(QPrinter& printer) {
 }
 
 QString LastSpoolerFailure() {
-  if (cupsLastError() < kFirstFailure) return QString();
-  const QString text = QString::fromUtf8(cupsLastErrorString());
+  const CupsLibrary cups;
+  if (!cups || cups.cupsLastError() < kFirstFailure) return QString();
+  const QString text = QString::fromUtf8(cups.cupsLastErrorString());
   return text.isEmpty() ? QString("lavoro rifiutato") : text;
 }
 
