@@ -11,6 +11,7 @@
 #include <fstream>
 
 #include "core/web_addresses.h"
+#include "tests/support/program_run.h"
 #include "transcript.h"
 
 namespace Morvane {
@@ -71,10 +72,19 @@ const std::map<QString, Deed> kOfTheWorld = {
        const int count = w.Next().toInt();
        for (int i = 0; i < count; ++i) std::ofstream(native + std::to_string(i) + "." + w.All());
      }}},
-    {"tell-reads", {[](Scene& s, Words) {  // of whole files, from now on
+    {"tell-reads", {[](Scene& s, Words) {  // of whole files and folders, from now on
        s.machine.Files->BeforeCall = [&s](const std::string& call, const std::string& path) {
-         if (call == "ReadBytes") s.Show("  reads " + QString::fromStdString(path));
+         if (call == "ReadBytes" || call == "ReadFolder") s.Show("  reads " + QString::fromStdString(path));
        };
+     }}},
+    {"deny", {[](Scene& s, Words w) {
+       s.machine.Files->BeforeCall = [denied = w.All()](const std::string&, const std::string& path) {
+         if (path == denied) throw RuntimeError(ErrorNumber::PermissionDenied, "Accesso negato: " + path);
+       };
+     }}},
+    {"link", {[](Scene& s, Words w) {  // where, what
+       const std::string where = Native(s, w.Path());
+       std::filesystem::create_directory_symlink(Native(s, w.All()), where);
      }}},
     {"folder", {[](Scene& s, Words w) { s.machine.MakeFolder(w.All()); }}},
     {"remove", {[](Scene& s, Words w) { std::filesystem::remove_all(Native(s, w.All())); }}},
@@ -246,6 +256,16 @@ void DragAway(Scene& scene, Words) {
   QApplication::sendEvent(&Hand::See(scene.program.form1.Picture1), &leave);
 }
 
+// The command line program, in C:\.
+void RunPrintProgram(Scene& scene, Words words) {
+  const TemporaryFolder elsewhere;
+  const std::string command = "cd '" + scene.machine.Root.Path() + "'; " MORVANE_PRINT " " + words.All();
+  const ProgramRun run = RunProgram("{ { " + command + "; } >&2; }", elsewhere.Path());
+  scene.Show(QString("  ends with %1").arg(run.exitCode));
+  for (const QString& line : QString::fromStdString(run.errors).split('\n', Qt::SkipEmptyParts))
+    scene.Show("  tells: " + line);
+}
+
 void LookInto(Scene& scene, Words words) {  // all lines of it
   const Sight window = LookAt(scene.Top());
   for (const QString& line : window.at(words.rest)) scene.Show("    " + line);
@@ -254,6 +274,7 @@ void LookInto(Scene& scene, Words words) {  // all lines of it
 // The hand. Controls come first, then places, rows or texts.
 const std::map<QString, Deed> kOfTheHand = {
     {"start", {[](Scene& s, Words) { s.hand.Show(s.program.form1.form); }}},
+    {"morvane-print", {RunPrintProgram}},
     {"tool", {[](Scene& s, Words w) { s.InMainWindow(s.ByTool(w.rest.toUtf8())); }}},
     {"menu", {[](Scene& s, Words w) { s.InMainWindow(s.ByEntry(w.rest.toUtf8())); }}},
     {"panel", {PressPanel}},

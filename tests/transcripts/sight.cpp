@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QProcess>
 #include <QToolButton>
 #include <QTreeView>
 #include <filesystem>
@@ -100,11 +101,41 @@ QString PlaceOf(const QWidget& widget) {
   return QString("%1,%2 %3x%4").arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height());
 }
 
+QStringList AnswerOf(const QString& program, const QStringList& arguments) {
+  QProcess process;
+  process.start(program, arguments);
+  EXPECT_TRUE(process.waitForFinished()) << program.toStdString();
+  QStringList lines;
+  for (const QString& line : QString::fromUtf8(process.readAllStandardOutput()).split('\n')) {
+    if (!line.trimmed().isEmpty()) lines << line.trimmed();
+  }
+  return lines;
+}
+
+// How much ink, how many pictures, which fonts and which texts the first page has.
+QStringList OnPaper(const QString& file) {
+  constexpr int kHeadings = 2;
+  QImage page;
+  QProcess painter;
+  painter.start("pdftoppm", {"-r", "50", "-gray", "-png", "-f", "1", "-l", "1", file});
+  EXPECT_TRUE(painter.waitForFinished() && page.loadFromData(painter.readAllStandardOutput()));
+  double ink = 0;
+  for (int y = 0; y < page.height(); ++y) {
+    for (int x = 0; x < page.width(); ++x) ink += 255 - qGray(page.pixel(x, y));
+  }
+  QStringList lines = {QString("ink %1").arg(qRound(ink / 255 / 10) * 10)};
+  lines << QString("pictures %1").arg(AnswerOf("pdfimages", {"-list", file}).size() - kHeadings);
+  for (const QString& font : AnswerOf("pdffonts", {file}).mid(kHeadings))
+    lines << font.section(' ', 0, 0).section('+', -1);
+  return lines + AnswerOf("pdftotext", {"-layout", file, "-"});
+}
+
 QStringList LinesOf(const std::filesystem::path& file) {
   if (std::filesystem::is_directory(file)) return {"folder"};
   const std::string suffix = file.extension().string();
   QFile bytes(QString::fromStdString(file.string()));
   if (!bytes.open(QIODevice::ReadOnly)) return {"closed to all"};
+  if (bytes.peek(4) == "%PDF") return OnPaper(bytes.fileName());
   if (suffix != ".mvne" && suffix != ".ini") return {QString("%1 bytes").arg(bytes.size())};
   return QString::fromLatin1(bytes.readAll()).split("\r\n", Qt::SkipEmptyParts);
 }
