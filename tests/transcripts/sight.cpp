@@ -112,30 +112,43 @@ QStringList AnswerOf(const QString& program, const QStringList& arguments) {
   return lines;
 }
 
-// How much ink, how many pictures, which fonts and which texts the first page has.
-QStringList OnPaper(const QString& file) {
-  constexpr int kHeadings = 2;
-  QImage page;
+// Of the first page, in tens of black pixels at 50 to the inch.
+int InkOn(const QString& file) {
   QProcess painter;
+  QImage page;
   painter.start("pdftoppm", {"-r", "50", "-gray", "-png", "-f", "1", "-l", "1", file});
   EXPECT_TRUE(painter.waitForFinished() && page.loadFromData(painter.readAllStandardOutput()));
   double ink = 0;
   for (int y = 0; y < page.height(); ++y) {
     for (int x = 0; x < page.width(); ++x) ink += 255 - qGray(page.pixel(x, y));
   }
-  QStringList lines = {QString("ink %1").arg(qRound(ink / 255 / 10) * 10)};
+  return qRound(ink / 255 / 10);
+}
+
+// How much ink, how many pictures, which fonts and which texts the first page has. Where its texts tell the
+// folder of the test, whose name is another each time, their ink does not count.
+QStringList OnPaper(const QString& file, const QString& root) {
+  constexpr int kHeadings = 2;
+  constexpr int kSurelyOnPaper = 30;  // characters; what lies beyond the sheet is cut anywhere
+  QStringList texts = AnswerOf("pdftotext", {"-raw", file, "-"});
+  const QString inMenus = QString(root).replace('/', '\\');
+  const bool isNamed = texts.join('\n').contains(inMenus);
+  texts.replaceInStrings(inMenus, "...");
+  for (QString& text : texts) text.truncate(kSurelyOnPaper);
+  QStringList lines;
+  if (!isNamed) lines << QString("ink %1").arg(InkOn(file));
   lines << QString("pictures %1").arg(AnswerOf("pdfimages", {"-list", file}).size() - kHeadings);
   for (const QString& font : AnswerOf("pdffonts", {file}).mid(kHeadings))
     lines << font.section(' ', 0, 0).section('+', -1);
-  return lines + AnswerOf("pdftotext", {"-layout", file, "-"});
+  return lines + texts;
 }
 
-QStringList LinesOf(const std::filesystem::path& file) {
+QStringList LinesOf(const std::filesystem::path& file, const std::string& root) {
   if (std::filesystem::is_directory(file)) return {"folder"};
   const std::string suffix = file.extension().string();
   QFile bytes(QString::fromStdString(file.string()));
   if (!bytes.open(QIODevice::ReadOnly)) return {"closed to all"};
-  if (bytes.peek(4) == "%PDF") return OnPaper(bytes.fileName());
+  if (bytes.peek(4) == "%PDF") return OnPaper(bytes.fileName(), QString::fromStdString(root));
   if (suffix != ".mvne" && suffix != ".ini") return {QString("%1 bytes").arg(bytes.size())};
   return QString::fromLatin1(bytes.readAll()).split("\r\n", Qt::SkipEmptyParts);
 }
@@ -206,7 +219,7 @@ Sight LookAround(const TestMachine& machine) {
   const fs::path root = machine.Root.Path();
   for (const auto& entry : fs::recursive_directory_iterator(root)) {
     QString name = QString::fromStdString(entry.path().lexically_relative(root).string());
-    sight["C:\\" + name.replace('/', '\\')] = LinesOf(entry.path());
+    sight["C:\\" + name.replace('/', '\\')] = LinesOf(entry.path(), root);
   }
   const fs::path here = fs::current_path().lexically_relative(root);
   if (!here.empty() && *here.begin() != "..")
