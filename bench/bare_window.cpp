@@ -3,8 +3,8 @@
 #include <QMainWindow>
 #include <memory>
 
-// What any program of the toolkit costs to start: a window with nothing in it, as large as the program's. With
-// an argument: with that text in it, for which fonts are needed.
+// What any program of the toolkit costs to start: a window with nothing in it, as large as the program's.
+// With an argument: with that text in it, for which fonts are needed.
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QMainWindow window;
