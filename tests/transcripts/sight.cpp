@@ -148,7 +148,13 @@ QStringList LinesOf(const std::filesystem::path& file, const std::string& root) 
   const std::string suffix = file.extension().string();
   QFile bytes(QString::fromStdString(file.string()));
   if (!bytes.open(QIODevice::ReadOnly)) return {"closed to all"};
-  if (bytes.peek(4) == "%PDF") return OnPaper(bytes.fileName(), QString::fromStdString(root));
+  if (bytes.peek(4) == "%PDF") {
+    // Read once: all files are looked at after each deed.
+    static std::map<std::pair<std::filesystem::path, std::filesystem::file_time_type>, QStringList> known;
+    QStringList& lines = known[{file, std::filesystem::last_write_time(file)}];
+    if (lines.isEmpty()) lines = OnPaper(bytes.fileName(), QString::fromStdString(root));
+    return lines;
+  }
   if (suffix != ".mvne" && suffix != ".ini") return {QString("%1 bytes").arg(bytes.size())};
   return QString::fromLatin1(bytes.readAll()).split("\r\n", Qt::SkipEmptyParts);
 }
