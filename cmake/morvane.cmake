@@ -1,6 +1,6 @@
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual)
-# Pictures come from outside.
-add_link_options(-Wl,-z,now)
+# Pictures come from outside. A program loads the libraries that it uses, not all that those below it use.
+add_link_options(-Wl,-z,now -Wl,--as-needed)
 if(NOT MORVANE_SANITIZE)
   add_compile_options("$<$<CONFIG:RelWithDebInfo>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
 endif()
