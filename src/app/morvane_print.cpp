@@ -18,6 +18,7 @@
 #include "platform/files/file_system.h"
 #include "platform/qt/painting/font_stand_ins.h"
 #include "platform/qt/painting/qt_text_metrics.h"
+#include "platform/qt/pictures/jpeg.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "platform/qt/printing/pdf_file_writer.h"
 #include "platform/qt/printing/qt_printer_device.h"
@@ -221,6 +222,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const std::future<void> fontRules = ReadFontRules();
     const QGuiApplication application(argc, argv);
+    InstallJpegWriter();
     fontRules.wait();
     InstallFontStandIns();
     return Print(arguments);

@@ -89,7 +89,7 @@ class Painting {
       const auto* const picture = std::get_if<PictureShape>(&shape);
       if (picture != nullptr) wishes.push_back({picture->picture, PaperDots(InPixels(picture->box))});
     }
-    cache_.pictures.Prepare(wishes);
+    cache_.pictures.PrepareForPaper(wishes);
   }
 
   const std::vector<PicturePtr>& Undecodable() const { return undecodable_; }

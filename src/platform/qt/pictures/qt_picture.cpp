@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/qt/pictures/jpeg.h"
 #include "platform/units.h"
 
 namespace Morvane {
@@ -16,6 +17,7 @@ namespace {
 
 constexpr double kMostSvgPixels = 64e6;
 constexpr double kMostOverviewPixels = 512e3;  // 2 MB
+constexpr int kSheetQuality = 94;              // what the toolkit takes for sheets, too
 
 QImage Averaged(const QImage& image, QSize size) {
   if (image.isNull() || image.size() == size) return image;
@@ -29,10 +31,22 @@ QImage InSrgb(QImage image) {
   return image;
 }
 
+QImage Turned(const QImage& image, QImageIOHandler::Transformations rotation) {
+  const QImage mirrored = image.mirrored(rotation.testFlag(QImageIOHandler::TransformationMirror),
+                                         rotation.testFlag(QImageIOHandler::TransformationFlip));
+  const bool quarter = rotation.testFlag(QImageIOHandler::TransformationRotate90);
+  return quarter ? mirrored.transformed(QTransform().rotate(90)) : mirrored;
+}
+
 }  // namespace
 
-FilePicture::FilePicture(QByteArray bytes, QSize size, bool turned, int index)
-    : bytes_(std::move(bytes)), size_(size), turned_(turned), index_(index) {}
+FilePicture::FilePicture(std::string file, QSize size, QImageIOHandler::Transformations rotation, int index)
+    : file_(std::move(file)),
+      bytes_(QByteArray::fromRawData(file_.data(), static_cast<qsizetype>(file_.size()))),
+      size_(size),
+      rotation_(rotation),
+      turned_(rotation.testFlag(QImageIOHandler::TransformationRotate90)),
+      index_(index) {}
 
 const QImage& FilePicture::Overview() const {
   std::call_once(overviewDecoded_, [this] { overview_ = DecodeFile(OverviewSize()); });
@@ -58,18 +72,32 @@ QImage FilePicture::Decode(QSize pixels) const {
   return overviewSuffices ? Averaged(Overview(), pixels) : DecodeFile(pixels);
 }
 
+QImage FilePicture::DecodeForPaper(QSize pixels) const {
+  QImage image = Decode(pixels);
+  if (image.isNull() || image.hasAlphaChannel()) return image;
+  image.convertTo(QImage::Format_RGB32);
+  const bool asInFile = image.size() == size_ && rotation_ == QImageIOHandler::TransformationNone;
+  const bool fileWillDo = asInFile && IsPlainJpeg(bytes_);
+  CarryJpeg(image, fileWillDo ? BarePicture(bytes_) : EncodeJpeg(image, kSheetQuality));
+  return image;
+}
+
 QImage FilePicture::DecodeFile(QSize pixels) const {
+  const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(size_);
+  // A JPEG decodes at the nearest eighth above the size, the rest is averaged. Of the eighths above a half
+  // the whole is the quickest.
+  const bool mostOfIt = 2 * size.width() > size_.width() || 2 * size.height() > size_.height();
+  if (mostOfIt && size != size_ && IsPlainJpeg(bytes_)) {
+    const QImage image = DecodeJpeg(bytes_, size_, size);
+    if (!image.isNull()) return Turned(image, rotation_);
+  }
   QBuffer buffer;
   buffer.setData(bytes_);
   QImageReader reader(&buffer);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
   if (index_ > 0) reader.jumpToImage(index_);
-  // The reader wants the size before the rotation. A JPEG decodes at the nearest eighth above it, the rest is
-  // averaged. Of the eighths above a half the whole is the quickest.
-  const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(size_);
-  const bool mostOfIt = 2 * size.width() > size_.width() || 2 * size.height() > size_.height();
-  if (!mostOfIt) reader.setScaledSize(size);
+  if (!mostOfIt) reader.setScaledSize(size);  // before the rotation
   return InSrgb(Averaged(reader.read(), turned_ ? size.transposed() : size));
 }
 
@@ -118,7 +146,7 @@ QImage PictureCache::Image(const PicturePtr& picture, QSize pixels, Pixels which
   return image;
 }
 
-void PictureCache::Prepare(const std::vector<Wish>& wishes) {
+void PictureCache::PrepareForPaper(const std::vector<Wish>& wishes) {
   std::size_t bytes = 0;
   std::unordered_map<const FilePicture*, Entry> prepared;
   for (const Wish& wish : wishes) {
@@ -132,7 +160,8 @@ void PictureCache::Prepare(const std::vector<Wish>& wishes) {
   }
   QThreadPool pool;
   for (auto& [file, entry] : prepared) {
-    pool.start([decoded = &entry, source = file] { decoded->image = source->Decode(decoded->pixels); });
+    pool.start(
+        [decoded = &entry, source = file] { decoded->image = source->DecodeForPaper(decoded->pixels); });
   }
   pool.waitForDone();
   for (auto& [file, entry] : prepared) entries_.insert_or_assign(file, std::move(entry));

@@ -2,11 +2,13 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QImageIOHandler>
 #include <QSize>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -22,15 +24,17 @@ class QtPicture : public Picture {
   // The whole picture in at most this many pixels, stretched to the box: as large as asked, or as the file's
   // own pixels where those are fewer. A null image when it cannot be decoded now.
   virtual QImage Decode(QSize pixels) const = 0;
+  // The same for a sheet, which may have its JPEG along with it.
+  virtual QImage DecodeForPaper(QSize pixels) const { return Decode(pixels); }
 };
 
 // A picture of pixels, kept as its file and as a small overview, which is all that the screen mostly wants.
 // Decoded anew where more pixels are asked for.
 class FilePicture : public QtPicture {
  public:
-  // `size` is in the file's pixels, before any recorded rotation; `turned` tells that the rotation exchanges
-  // the sides, `index` which of the images in the file it is.
-  FilePicture(QByteArray bytes, QSize size, bool turned, int index);
+  // `size` is in the file's pixels, before the recorded rotation; `index` tells which of the images in the
+  // file it is.
+  FilePicture(std::string file, QSize size, QImageIOHandler::Transformations rotation, int index);
 
   // Decodes the overview.
   bool CanBeDecoded() const { return !Overview().isNull(); }
@@ -38,15 +42,18 @@ class FilePicture : public QtPicture {
   double WidthTwips() const override;
   double HeightTwips() const override;
   QImage Decode(QSize pixels) const override;
+  QImage DecodeForPaper(QSize pixels) const override;
 
  private:
   QSize OverviewSize() const;
   const QImage& Overview() const;
   QImage DecodeFile(QSize pixels) const;
 
-  const QByteArray bytes_;
+  const std::string file_;
+  const QByteArray bytes_;  // those of the file, in place
   const QSize size_;
-  const bool turned_;
+  const QImageIOHandler::Transformations rotation_;
+  const bool turned_;  // the rotation exchanges the sides
   const int index_;
   mutable std::once_flag overviewDecoded_;
   mutable QImage overview_;  // made when it is first wanted
@@ -99,8 +106,8 @@ class PictureCache {
     PicturePtr picture;
     QSize pixels;
   };
-  // Decodes what will be asked for next, up to the limit, on all processors at once.
-  void Prepare(const std::vector<Wish>& wishes);
+  // Decodes what a sheet will ask for next, up to the limit, on all processors at once.
+  void PrepareForPaper(const std::vector<Wish>& wishes);
 
   void Clear() { entries_.clear(); }
 

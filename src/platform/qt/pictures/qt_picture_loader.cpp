@@ -27,12 +27,17 @@ RuntimeError Bad(const std::string& name, const std::string& reason) {
   return {ErrorNumber::InvalidPicture, "L'immagine '" + name + "' " + reason};
 }
 
-// A device-independent bitmap is a bitmap file that lacks its first 14 bytes.
-QByteArray WithBitmapFileHeader(const QByteArray& bytes) {
+QByteArray InPlace(const std::string& bytes) {
+  return QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+// A device-independent bitmap is a bitmap file that lacks its first 14 bytes: these; empty for any other
+// file.
+QByteArray MissingFileHeader(const QByteArray& bytes) {
   constexpr quint32 kFileHeader = 14;
   constexpr quint32 kInfoHeader = 40;
   constexpr quint32 kBitFields = 3;
-  if (bytes.size() < kInfoHeader) return bytes;
+  if (bytes.size() < kInfoHeader) return {};
   const auto word = [&](qsizetype at) { return qFromLittleEndian<quint16>(bytes.constData() + at); };
   const auto number = [&](qsizetype at) { return qFromLittleEndian<quint32>(bytes.constData() + at); };
   const quint32 header = number(0);
@@ -40,16 +45,16 @@ QByteArray WithBitmapFileHeader(const QByteArray& bytes) {
   constexpr std::array<quint16, 6> kDepths = {1, 4, 8, 16, 24, 32};
   if ((header != kInfoHeader && header != 108 && header != 124) || word(12) != 1 ||
       std::find(kDepths.begin(), kDepths.end(), depth) == kDepths.end()) {
-    return bytes;
+    return {};
   }
   const quint32 colours = depth <= 8 && number(32) == 0 ? 1U << depth : std::min(number(32), 256U);
   const quint32 masks = header == kInfoHeader && number(16) == kBitFields ? 12 : 0;
-  QByteArray file(kFileHeader, '\0');
-  file[0] = 'B';
-  file[1] = 'M';
-  qToLittleEndian(static_cast<quint32>(bytes.size()) + kFileHeader, file.data() + 2);
-  qToLittleEndian(kFileHeader + header + masks + 4 * colours, file.data() + 10);
-  return file + bytes;
+  QByteArray missing(kFileHeader, '\0');
+  missing[0] = 'B';
+  missing[1] = 'M';
+  qToLittleEndian(static_cast<quint32>(bytes.size()) + kFileHeader, missing.data() + 2);
+  qToLittleEndian(kFileHeader + header + masks + 4 * colours, missing.data() + 10);
+  return missing;
 }
 
 // An icon file holds several sizes; the largest is the one to print. It may claim more than it has room for:
@@ -73,7 +78,8 @@ bool IsKnown(const QByteArray& format) {
   return std::find(kFormats.begin(), kFormats.end(), format) != kFormats.end();
 }
 
-PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes, PictureCheck check) {
+PicturePtr LoadPixels(const std::string& path, std::string file, PictureCheck check) {
+  const QByteArray bytes = InPlace(file);
   QBuffer buffer;
   buffer.setData(bytes);
   QImageReader reader(&buffer);
@@ -86,8 +92,8 @@ PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes, PictureC
   const bool isJpeg = format == "jpeg" || format == "jpg";
   const JpegExtent extent = isJpeg ? ExtentOfJpeg(bytes) : JpegExtent{bytes.size(), 0};
   if (CostsTooMuch(size, extent.scans)) throw Bad(path, "è troppo grande.");
-  const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
-  auto picture = std::make_shared<FilePicture>(bytes.left(extent.end), size, turned, index);
+  file.resize(static_cast<std::size_t>(extent.end));
+  auto picture = std::make_shared<FilePicture>(std::move(file), size, reader.transformation(), index);
   if (check == PictureCheck::Whole && !picture->CanBeDecoded()) throw DamagedPicture(path);
   return picture;
 }
@@ -123,7 +129,7 @@ RuntimeError DamagedPicture(const std::string& name) {
 bool StartsPicture(const QByteArray& bytes) {
   if (FormatOf(bytes.toStdString())) return true;
   QBuffer buffer;
-  buffer.setData(WithBitmapFileHeader(bytes));
+  buffer.setData(MissingFileHeader(bytes) + bytes);
   QImageReader reader(&buffer);
   reader.setDecideFormatFromContent(true);
   return IsKnown(reader.format());
@@ -135,7 +141,7 @@ bool IsPictureType(const QByteArray& mimeType) {
 }
 
 PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes) {
-  return LoadPixels(name, bytes, PictureCheck::Whole);
+  return LoadPixels(name, bytes.toStdString(), PictureCheck::Whole);
 }
 
 QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPath, PictureCheck check)
@@ -165,7 +171,7 @@ PicturePtr QtPictureLoader::LoadPicture(const std::string& path) const {
 }
 
 PicturePtr QtPictureLoader::Read(const std::string& path) const {
-  const std::string bytes = files_.ReadBytes(path);
+  std::string bytes = files_.ReadBytes(path);
   if (const auto format = FormatOf(bytes)) {
     if (!QFileInfo(QString::fromStdString(decoderPath_)).isExecutable()) {
       throw Bad(path, "non può essere letta: manca il programma 'morvane-decode'.");
@@ -174,7 +180,8 @@ PicturePtr QtPictureLoader::Read(const std::string& path) const {
     if (!picture) throw DamagedPicture(path);
     return picture;
   }
-  return LoadPixels(path, WithBitmapFileHeader(QByteArray::fromStdString(bytes)), check_);
+  bytes.insert(0, MissingFileHeader(InPlace(bytes)).toStdString());
+  return LoadPixels(path, std::move(bytes), check_);
 }
 
 std::string OldFormatDecoderPath() {

@@ -1,0 +1,49 @@
+#include <QImageIOHandler>
+#include <QImageIOPlugin>
+#include <QVariant>
+#include <memory>
+
+#include "platform/qt/pictures/jpeg.h"
+
+namespace Morvane {
+
+// Writes the JPEG that an image carries along, or encodes its pixels.
+class JpegWriter : public QImageIOHandler {
+ public:
+  bool canRead() const override { return false; }
+  bool read(QImage*) override { return false; }
+  bool write(const QImage& image) override {
+    QByteArray bytes = CarriedJpeg(image);
+    if (bytes.isEmpty()) bytes = EncodeJpeg(image, quality_);
+    return !bytes.isEmpty() && device()->write(bytes) == bytes.size();
+  }
+
+  bool supportsOption(ImageOption option) const override { return option == Quality; }
+  void setOption(ImageOption option, const QVariant& value) override {
+    if (option == Quality && value.toInt() > 0) quality_ = value.toInt();
+  }
+
+ private:
+  int quality_ = 75;
+};
+
+// Reading is left to the toolkit.
+class JpegPlugin : public QImageIOPlugin {
+  Q_OBJECT
+  Q_PLUGIN_METADATA(IID QImageIOHandlerFactoryInterface_iid FILE "jpeg_plugin.json")
+
+ public:
+  Capabilities capabilities(QIODevice*, const QByteArray& format) const override {
+    return format == "jpeg" ? CanWrite : Capabilities();
+  }
+  QImageIOHandler* create(QIODevice* device, const QByteArray& format) const override {
+    auto writer = std::make_unique<JpegWriter>();
+    writer->setDevice(device);
+    writer->setFormat(format);
+    return writer.release();  // the toolkit owns it
+  }
+};
+
+}  // namespace Morvane
+
+#include "jpeg_plugin.moc"
