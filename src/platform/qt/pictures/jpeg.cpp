@@ -95,6 +95,48 @@ void PrepareErrors(Codec& codec, Errors& errors) {
   errors.manager.output_message = [](j_common_ptr) {};
 }
 
+QSize PartOf(QSize size, int part) {
+  return {(size.width() + part - 1) / part, (size.height() + part - 1) / part};
+}
+
+// A half, a quarter or an eighth is quicker to decode than the whole. It has to hold the size that is wanted.
+int PartToDecode(QSize fileSize, QSize wanted) {
+  for (const int part : {8, 4, 2}) {
+    if (PartOf(fileSize, part).boundedTo(wanted) == wanted) return part;
+  }
+  return 1;
+}
+
+// Averages the whole picture into the image, decoded at one of so many parts of its size, which is `size`.
+// False when it is damaged.
+bool DecodeRows(const QByteArray& file, int part, QSize size, QImage& image) {
+  PixelAverage average(size, image);
+  std::vector<uchar> row(std::size_t{4} * static_cast<std::size_t>(size.width()));
+  uchar* rows[] = {row.data()};
+  Errors errors{};
+  jpeg_decompress_struct decoder{};
+  PrepareErrors(decoder, errors);
+  const std::unique_ptr<jpeg_decompress_struct, void (*)(jpeg_decompress_struct*)> made(
+      &decoder, jpeg_destroy_decompress);
+  if (setjmp(errors.giveUp) != 0) return false;
+  jpeg_create_decompress(&decoder);
+  jpeg_mem_src(&decoder, reinterpret_cast<const uchar*>(file.constData()),
+               static_cast<unsigned long>(file.size()));
+  jpeg_read_header(&decoder, TRUE);
+  decoder.out_color_space = JCS_EXT_BGRX;
+  decoder.scale_denom = static_cast<unsigned>(part);
+  jpeg_start_decompress(&decoder);
+  if (QSize(static_cast<int>(decoder.output_width), static_cast<int>(decoder.output_height)) != size) {
+    return false;
+  }
+  while (decoder.output_scanline < decoder.output_height) {
+    jpeg_read_scanlines(&decoder, rows, 1);
+    average.Add(row.data());
+  }
+  jpeg_finish_decompress(&decoder);
+  return errors.manager.num_warnings == 0;
+}
+
 // Tells the size, too, so that a part of the image does not pass for the whole.
 QString KeyOf(const QImage& image) {
   return QString("jpeg %1x%2").arg(image.width()).arg(image.height());
@@ -108,31 +150,8 @@ bool IsPlainJpeg(const QByteArray& file) {
 
 QImage DecodeJpeg(const QByteArray& file, QSize fileSize, QSize size) {
   QImage image(size, QImage::Format_RGB32);
-  if (image.isNull()) return {};
-  PixelAverage average(fileSize, image);
-  std::vector<uchar> row(std::size_t{4} * static_cast<std::size_t>(fileSize.width()));
-  uchar* rows[] = {row.data()};
-  Errors errors{};
-  jpeg_decompress_struct decoder{};
-  PrepareErrors(decoder, errors);
-  const std::unique_ptr<jpeg_decompress_struct, void (*)(jpeg_decompress_struct*)> made(
-      &decoder, jpeg_destroy_decompress);
-  if (setjmp(errors.giveUp) != 0) return {};
-  jpeg_create_decompress(&decoder);
-  jpeg_mem_src(&decoder, reinterpret_cast<const uchar*>(file.constData()),
-               static_cast<unsigned long>(file.size()));
-  jpeg_read_header(&decoder, TRUE);
-  decoder.out_color_space = JCS_EXT_BGRX;
-  jpeg_start_decompress(&decoder);
-  if (QSize(static_cast<int>(decoder.output_width), static_cast<int>(decoder.output_height)) != fileSize) {
-    return {};
-  }
-  while (decoder.output_scanline < decoder.output_height) {
-    jpeg_read_scanlines(&decoder, rows, 1);
-    average.Add(row.data());
-  }
-  jpeg_finish_decompress(&decoder);
-  return errors.manager.num_warnings == 0 ? image : QImage();
+  const int part = PartToDecode(fileSize, size);
+  return !image.isNull() && DecodeRows(file, part, PartOf(fileSize, part), image) ? image : QImage();
 }
 
 QByteArray EncodeJpeg(const QImage& image, int quality) {

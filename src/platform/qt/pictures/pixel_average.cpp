@@ -49,8 +49,8 @@ void PixelAverage::Add(const std::uint8_t* row) {
   }
 }
 
-// The four bytes of a pixel are four lanes of one number, wide enough for a byte 256 times as large, so that one
-// multiplication is for all of them.
+// The four bytes of a pixel are four lanes of one number, wide enough for a byte 256 times as large, so that
+// one multiplication is for all of them.
 void PixelAverage::Finish() {
   constexpr std::uint64_t kHalf = 0x0080008000800080;
   for (std::uint16_t& sum : sums_) sum = static_cast<std::uint16_t>((sum + kWhole / 2) / kWhole);

@@ -7,8 +7,8 @@
 
 namespace Morvane {
 
-// Makes an image smaller while its rows come in, one by one, so that the whole of it is never held: each pixel
-// becomes the average of the pixels that it takes the place of, to a 256th of their part in it.
+// Makes an image smaller while its rows come in, one by one, so that the whole of it is never held: each
+// pixel becomes the average of the pixels that it takes the place of, to a 256th of their part in it.
 class PixelAverage {
  public:
   // Rows of `from`, of four bytes a pixel, become `to`, an image of 32 bits that is no larger, either way. It

@@ -84,10 +84,7 @@ QImage FilePicture::DecodeForPaper(QSize pixels) const {
 
 QImage FilePicture::DecodeFile(QSize pixels) const {
   const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(size_);
-  // A JPEG decodes at the nearest eighth above the size, the rest is averaged. Of the eighths above a half
-  // the whole is the quickest.
-  const bool mostOfIt = 2 * size.width() > size_.width() || 2 * size.height() > size_.height();
-  if (mostOfIt && size != size_ && IsPlainJpeg(bytes_)) {
+  if (size != size_ && IsPlainJpeg(bytes_)) {
     const QImage image = DecodeJpeg(bytes_, size_, size);
     if (!image.isNull()) return Turned(image, rotation_);
   }
@@ -97,7 +94,9 @@ QImage FilePicture::DecodeFile(QSize pixels) const {
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
   if (index_ > 0) reader.jumpToImage(index_);
-  if (!mostOfIt) reader.setScaledSize(size);  // before the rotation
+  // The reader wants the size before the rotation. Of most of a picture the whole is the quickest.
+  const bool mostOfIt = 2 * size.width() > size_.width() || 2 * size.height() > size_.height();
+  if (!mostOfIt) reader.setScaledSize(size);
   return InSrgb(Averaged(reader.read(), turned_ ? size.transposed() : size));
 }
 
