@@ -9,7 +9,8 @@ namespace Morvane {
 bool IsPlainJpeg(const QByteArray& file);
 
 // A plain JPEG of `fileSize`, without the rotation that it may record, averaged to the smaller `size` while
-// it is decoded. Null when it is damaged, however little.
+// it is decoded. Null when the decoder gives up; of a file that ends too soon the
+// rest is grey.
 QImage DecodeJpeg(const QByteArray& file, QSize fileSize, QSize size);
 
 // Eight bits, colours at half the resolution; quality from 1 to 100. Empty when it cannot be encoded.

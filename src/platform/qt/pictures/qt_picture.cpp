@@ -84,10 +84,7 @@ QImage FilePicture::DecodeForPaper(QSize pixels) const {
 
 QImage FilePicture::DecodeFile(QSize pixels) const {
   const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(size_);
-  if (size != size_ && IsPlainJpeg(bytes_)) {
-    const QImage image = DecodeJpeg(bytes_, size_, size);
-    if (!image.isNull()) return Turned(image, rotation_);
-  }
+  if (size != size_ && IsPlainJpeg(bytes_)) return Turned(DecodeJpeg(bytes_, size_, size), rotation_);
   QBuffer buffer;
   buffer.setData(bytes_);
   QImageReader reader(&buffer);
