@@ -130,16 +130,6 @@ QStringList ShapesAsText(const DrawingList& drawing) {
   return sheet.lines;
 }
 
-void ExpectSheets(const std::string& name, const std::vector<RecordingPrinter::Job>& jobs) {
-  QStringList sheets;
-  for (const RecordingPrinter::Job& job : jobs) {
-    const bool upright = job.orientation == PageOrientation::Portrait;
-    sheets << QString("%1 \"%2\"").arg(upright ? "portrait" : "landscape", job.title.c_str());
-    sheets << ShapesAsText(job.page);
-  }
-  ExpectText("tests/pictures/sheets/" + name + ".txt", sheets.join('\n') + '\n');
-}
-
 void ExpectText(const std::string& path, const QString& seen) {
   const QString held = Here(path);
   const QString now =

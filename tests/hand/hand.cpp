@@ -1,9 +1,18 @@
 #include "tests/hand/hand.h"
 
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
+#include <functional>
+#include <map>
 #include <stdexcept>
 #include <utility>
 
@@ -32,15 +41,92 @@ QWidget& WithKeyboard() {
   return within == nullptr ? *window : *within;
 }
 
+const std::map<MsgBoxAnswer, QString> kCaptions = {{MsgBoxAnswer::Ok, "OK"},
+                                                   {MsgBoxAnswer::Cancel, "Annulla"},
+                                                   {MsgBoxAnswer::Yes, "Sì"},
+                                                   {MsgBoxAnswer::No, "No"}};
+
+// Acts once something is open over the windows, and gives the keyboard back to the one below, as a desktop
+// does.
+class Meanwhile {
+ public:
+  Meanwhile(const WindowSystem& windows, const std::function<void()>& act) : windows_(windows) {
+    QObject::connect(&soon_, &QTimer::timeout, act);
+    soon_.setSingleShot(true);
+    soon_.start(0);
+  }
+  ~Meanwhile() {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+      const Form* const top = windows_.TopForm();
+      if (top && window->isVisible() && window->objectName().toStdString() == top->Name())
+        window->activateWindow();
+    }
+  }
+  Meanwhile(const Meanwhile&) = delete;
+  Meanwhile& operator=(const Meanwhile&) = delete;
+
+ private:
+  const WindowSystem& windows_;
+  QTimer soon_;
+};
+
 }  // namespace
 
 MsgBoxAnswer HandWindows::MsgBox(const std::string& text, MsgBoxButtons buttons, const std::string& title) {
-  return script_.MsgBox(text, buttons, title);
+  const Meanwhile answer(*this, [&] {
+    auto& box = dynamic_cast<QMessageBox&>(*QApplication::activeModalWidget());
+    EXPECT_EQ(box.textFormat(), Qt::PlainText);
+    QStringList captions;
+    for (const QAbstractButton* const button : box.buttons()) captions << button->text().remove('&');
+    const QString heading = "box " + box.windowTitle() + " [" + captions.join(" | ") + "]";
+    Read.emplace_back(heading.toStdString(), box.text().toStdString());
+    const QString wanted = kCaptions.at(script_.MsgBox(text, buttons, title));
+    QTest::mouseClick(box.buttons().at(captions.indexOf(wanted)), Qt::LeftButton);
+  });
+  return QtWindowSystem::MsgBox(text, buttons, title);
 }
 
 std::string HandWindows::InputBox(const std::string& prompt, const std::string& title,
                                   const std::string& defaultText) {
-  return script_.InputBox(prompt, title, defaultText);
+  const Meanwhile answer(*this, [&] {
+    const QWidget& box = *QApplication::activeModalWidget();
+    auto& line = *box.findChild<QLineEdit*>();
+    const QString question = box.findChild<QLabel*>()->text() + " [" + line.selectedText() + "]";
+    Read.emplace_back(box.windowTitle().toStdString() + " asks", question.toStdString());
+    const std::string typed = script_.InputBox(prompt, title, defaultText);
+    QTest::keyClicks(&line, QString::fromStdString(typed));
+    QTest::keyClick(&line, typed.empty() ? Qt::Key_Escape : Qt::Key_Return);
+  });
+  return QtWindowSystem::InputBox(prompt, title, defaultText);
+}
+
+void HandWindows::PopupMenu(const std::vector<MenuItem>& items) {
+  const Meanwhile choose(*this, [&] {
+    auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
+    const std::string choice = script_.MenuChoices.empty() ? "" : script_.MenuChoices.front();
+    if (!script_.MenuChoices.empty()) script_.MenuChoices.pop_front();
+    QStringList entries;
+    for (QAction* const entry : menu.actions()) {
+      entries << entry->text();
+      if (entry->objectName().toStdString() == choice) menu.setActiveAction(entry);
+    }
+    Read.emplace_back("menu", entries.join(" | ").toStdString());
+    QTest::keyClick(&menu, choice.empty() ? Qt::Key_Escape : Qt::Key_Return);
+  });
+  QtWindowSystem::PopupMenu(items);
+}
+
+std::string HandWindows::BrowseForFolder(const std::string& title) {
+  const Meanwhile choose(*this, [&] {
+    const QWidget& chooser = *QApplication::activeModalWidget();
+    Read.emplace_back("chooser", chooser.windowTitle().toStdString());
+    const std::string folder = script_.BrowseForFolder(title);
+    auto& line = *chooser.findChild<QLineEdit*>();
+    const bool isBeyond = folder.starts_with('/');  // what the program knows of
+    line.setText(QString::fromStdString(isBeyond ? folder : files_.ToNative(folder)));
+    QTest::keyClick(&line, folder.empty() ? Qt::Key_Escape : Qt::Key_Return);
+  });
+  return QtWindowSystem::BrowseForFolder(title);
 }
 
 void HandWindows::RunModal(Form& form) {
@@ -146,8 +232,9 @@ QWidget& Hand::See(const Form& form) {
   throw std::logic_error("no window " + form.Name());
 }
 
+// What boxes give back comes after their end.
 void Hand::Settle() {
-  QApplication::processEvents();
+  for (int round = 0; round < 2; ++round) QApplication::processEvents();
 }
 
 QWidget& Hand::Find(const Control& control) {

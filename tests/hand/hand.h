@@ -3,6 +3,7 @@
 #include <QModelIndex>
 #include <QWidget>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/qt/desktop/qt_screen.h"
@@ -12,22 +13,27 @@
 
 namespace Morvane {
 
-// Real windows, shown without a screen. Boxes are answered by the machine's script, and so are modal windows
-// that the script knows: it plays the user in them, and must hide or unload them.
+// Real windows, boxes and menus, shown without a screen. The machine's script says how a person answers them,
+// and plays the person in the modal windows that it knows, which it must hide or unload.
 class HandWindows : public QtWindowSystem {
  public:
-  HandWindows(FileSystem& files, ScriptedWindows& script) : QtWindowSystem(files), script_(script) {}
+  HandWindows(FileSystem& files, ScriptedWindows& script)
+      : QtWindowSystem(files), files_(files), script_(script) {}
+
+  // What was read in boxes and menus: what each was, and its text.
+  std::vector<std::pair<std::string, std::string>> Read;
 
   MsgBoxAnswer MsgBox(const std::string& text, MsgBoxButtons buttons, const std::string& title) override;
   std::string InputBox(const std::string& prompt, const std::string& title,
                        const std::string& defaultText) override;
-  void PopupMenu(const std::vector<MenuItem>& items) override { script_.PopupMenu(items); }
-  std::string BrowseForFolder(const std::string& title) override { return script_.BrowseForFolder(title); }
+  void PopupMenu(const std::vector<MenuItem>& items) override;
+  std::string BrowseForFolder(const std::string& title) override;
 
  protected:
   void RunModal(Form& form) override;
 
  private:
+  FileSystem& files_;
   ScriptedWindows& script_;
 };
 

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QBuffer>
@@ -5,12 +7,20 @@
 #include <QExposeEvent>
 #include <QKeySequence>
 #include <QMimeData>
+#include <QPainter>
+#include <QTest>
+#include <QToolButton>
 #include <QUrl>
 #include <QWindow>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 
 #include "core/web_addresses.h"
+#include "platform/drawing/calibration_sheet.h"
+#include "platform/qt/painting/drawing_painter.h"
+#include "platform/units.h"
+#include "tests/hand/golden.h"
 #include "tests/support/program_run.h"
 #include "transcript.h"
 
@@ -85,6 +95,16 @@ const std::map<QString, Deed> kOfTheWorld = {
     {"link", {[](Scene& s, Words w) {  // where, what
        const std::string where = Native(s, w.Path());
        std::filesystem::create_directory_symlink(Native(s, w.All()), where);
+     }}},
+    {"copy", {[](Scene& s, Words w) {  // what ships, where
+       const QString what = w.Next();
+       const std::filesystem::path data = MORVANE_SOURCE_DIR "/data/" + what.toStdString();
+       std::filesystem::copy(data, Native(s, w.All()));
+     }}},
+    {"tracks", {[](Scene& s, Words w) {  // folder, names parted by |
+       const std::string folder = w.Path() + "\\";
+       for (const QString& name : w.rest.split('|'))
+         s.machine.WriteFile(folder + name.toStdString() + ".mp3", "");
      }}},
     {"folder", {[](Scene& s, Words w) { s.machine.MakeFolder(w.All()); }}},
     {"remove", {[](Scene& s, Words w) { std::filesystem::remove_all(Native(s, w.All())); }}},
@@ -266,6 +286,52 @@ void RunPrintProgram(Scene& scene, Words words) {
     scene.Show("  tells: " + line);
 }
 
+// An upright sheet, as painted.
+QImage Painted(const DrawingList& page, double dotsPerInch, QPointF corner = {}) {
+  constexpr QSizeF kPaper(210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre);
+  const double dotsPerTwip = dotsPerInch / kTwipsPerInch;
+  QImage sheet((kPaper * dotsPerTwip).toSize(), QImage::Format_RGB32);
+  sheet.fill(Qt::white);
+  QPainter painter(&sheet);
+  painter.scale(dotsPerTwip, dotsPerTwip);
+  painter.translate(corner);
+  PaintCache cache;
+  PaintDrawing(painter, page, cache);
+  return sheet;
+}
+
+// The window must be as its picture in the documentation.
+void TakePicture(Scene& scene, Words words) {
+  QWidget& window = Hand::See(scene.Top());
+  window.grab();
+  Hand::Settle();  // scroll bars come and go after the first painting
+  const QImage seen = window.grab().toImage();
+  ExpectPicture(words.All() + "-" + std::to_string(std::lround(seen.devicePixelRatio() * 100)), seen);
+}
+
+void TakeCalibrationSheet(Scene& scene, Words words) {
+  constexpr double kLeft = 3.4, kTop = 6.35;  // mm
+  DrawingSurface sheet(scene.metrics);
+  sheet.SetSize(210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre);
+  DrawCalibrationSheet(sheet, kLeft, kTop, 210 - 2 * kLeft, 297 - 2 * kTop);
+  ExpectPicture(words.All(), Painted(sheet.Drawing(), 80, QPointF(kLeft, kTop) * kTwipsPerMillimetre));
+}
+
+// Of this process, since it was told last.
+void TellMemory(Scene& scene, Words) {
+#ifdef MORVANE_SANITIZE
+  constexpr double kMostGrowth = 1e9;  // memory is kept by the sanitizer, once freed
+#else
+  constexpr double kMostGrowth = 4;  // megabytes
+#endif
+  long total = 0;
+  long resident = 0;
+  std::ifstream("/proc/self/statm") >> total >> resident;
+  const double now = static_cast<double>(resident * sysconf(_SC_PAGESIZE)) / (1 << 20);
+  const double growth = now - std::exchange(scene.Megabytes, now);
+  scene.Show(growth < kMostGrowth ? "  memory is as before" : QString("  %1 MB more").arg(growth));
+}
+
 void LookInto(Scene& scene, Words words) {  // all lines of it
   const Sight window = LookAt(scene.Top());
   for (const QString& line : window.at(words.rest)) scene.Show("    " + line);
@@ -275,8 +341,8 @@ void LookInto(Scene& scene, Words words) {  // all lines of it
 const std::map<QString, Deed> kOfTheHand = {
     {"start", {[](Scene& s, Words) { s.hand.Show(s.program.form1.form); }}},
     {"morvane-print", {RunPrintProgram}},
-    {"tool", {[](Scene& s, Words w) { s.InMainWindow(s.ByTool(w.rest.toUtf8())); }}},
-    {"menu", {[](Scene& s, Words w) { s.InMainWindow(s.ByEntry(w.rest.toUtf8())); }}},
+    {"tool", {[](Scene& s, Words w) { s.InMainWindow(s.ByTool(w.rest)); }}},
+    {"menu", {[](Scene& s, Words w) { s.InMainWindow(s.ByEntry(w.rest)); }}},
     {"panel", {PressPanel}},
     {"press", {[](Scene& s, Words w) { Hand::Press(s.Named(w)); }}},
     {"click", {Click}},
@@ -332,9 +398,16 @@ const std::map<QString, Deed> kOfTheHand = {
      }}},
     {"close", {[](Scene& s, Words) { Hand::See(s.Top()).close(); }}},
     {"look", {LookInto}},
-    {"repeat", {[](Scene& s, Words w) {  // times, deed
+    {"sheet", {[](Scene& s, Words) {  // all of it
+       for (const QString& line : ShapesAsText(s.Printed)) s.Show("    " + line);
+     }}},
+    {"take", {TakePicture}},
+    {"take-sheet", {[](Scene& s, Words w) { ExpectPicture(w.All(), Painted(s.Printed, 60)); }}},
+    {"take-calibration-sheet", {TakeCalibrationSheet}},
+    {"memory", {TellMemory}},
+    {"repeat", {[](Scene& s, Words w) {  // times, deeds parted by |
        const int times = w.Next().toInt();
-       for (int i = 0; i < times; ++i) s.Do(w.rest);
+       s.Repeat(times, w.rest.split(" | "));
      }}},
 };
 

@@ -1,5 +1,8 @@
 #include "transcript.h"
 
+#include <QApplication>
+#include <QTest>
+#include <QToolButton>
 #include <filesystem>
 #include <fstream>
 
@@ -7,10 +10,68 @@
 
 namespace Morvane {
 
+namespace {
+
+Control& The(const Form& form, const std::string& name) {
+  for (Control* const control : form.AllControls()) {
+    if (control->Name() == name) return *control;
+  }
+  throw std::logic_error("no control " + name);
+}
+
+// Its preview is loaded and its folders are looked into when nothing else waits.
+void WaitForPicker(const Form& form) {
+  for (const Control* const control : form.AllControls()) {
+    const auto* const timer = dynamic_cast<const Timer*>(control);
+    if (timer == nullptr) continue;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !timer->Running(); })) << timer->Name();
+  }
+}
+
+// The scrolling text and the turning disc, stopped where they come to by themselves.
+void StandStill(const Form& form) {
+  constexpr double kStripTop = 925;  // twips
+  auto& scroll = dynamic_cast<Timer&>(The(form, "Timer1"));
+  auto& turn = dynamic_cast<Timer&>(The(form, "TimerAnimazione"));
+  while (The(form, "Picture5").Top() != kStripTop) scroll.Tick();
+  while (The(form, "Picture2").ImageKey() != "form3_animazione_1") turn.Tick();
+  scroll.SetRunning(false);  // reading the text anew has started it
+  turn.SetRunning(false);
+}
+
+}  // namespace
+
 QString Words::Next() {
   const QString word = rest.section(' ', 0, 0);
   rest = rest.section(' ', 1);
   return word;
+}
+
+Transcript::Transcript()
+    : fonts(GetParam().starts_with("pictures/") ? static_cast<const FontCatalog&>(installed)
+                                                : machine.Fonts) {
+  QApplication::setCursorFlashTime(0);
+}
+
+Transcript::Means Transcript::ByTool(const QString& key) {
+  return [this, key] {
+    QTest::mouseClick(Hand::See(program.form1.Toolbar1).findChild<QToolButton*>(key), Qt::LeftButton);
+  };
+}
+
+Transcript::Means Transcript::ByEntry(const QString& text) {
+  return [text] {
+    for (const QWidget* const widget : QApplication::allWidgets()) {
+      for (QAction* const action : widget->actions()) {
+        if (action->text() == text) return action->trigger();
+      }
+    }
+    throw std::logic_error("no such entry");
+  };
+}
+
+Control& Transcript::Named(Words& words) const {
+  return The(Top(), words.Path());
 }
 
 void Transcript::Play() {
@@ -37,23 +98,22 @@ void Transcript::PlayIn(Form* form) {
     top_ = form == nullptr && program.form1.form.Visible() ? &program.form1.form : form;
     Report();
   }
-  if (form != nullptr && form->Unloaded()) windows_.erase(form);
 }
 
 void Transcript::PlayModal(Form& form) {
   QWidget& window = Hand::See(form);
   EXPECT_TRUE(QTest::qWaitForWindowActive(&window) && QTest::qWaitForWindowExposed(&window)) << form.Name();
-  if (form.Name() == "Form3") StandStill(form, 925);
+  if (form.Name() == "Form3") StandStill(form);
   Form* const below = top_;
   PlayIn(&form);
   top_ = below;
   if (form.Visible()) window.close();
+  if (form.Unloaded()) windows_.erase(&form);
 }
 
 void Transcript::Do(const QString& line) {
-  for (const std::string& window : kAllWindows) {
+  for (const char* const window : {"Dialog", "frmAbout", "FrmPreview", "fONTEN", "Form2", "Form3", "Form4"})
     machine.Windows.Modal[window] = {[this](Form& form) { PlayModal(form); }};
-  }
   Words words{line};
   try {
     if (ended_) throw std::logic_error("the program has ended");
@@ -65,6 +125,20 @@ void Transcript::Do(const QString& line) {
   } catch (const std::exception& error) {
     seen_ << QString("  cannot be done: ") + error.what();
   }
+}
+
+// Windows that they open are closed at once. What is seen is told where it is not what was seen the time
+// before.
+void Transcript::Repeat(int times, const QStringList& deeds) {
+  const QStringList further = std::exchange(lines_, {});
+  QStringList last;
+  for (int i = 0; i < times; ++i) {
+    const qsizetype told = seen_.size();
+    for (const QString& deed : deeds) Do(deed);
+    const QStringList now = seen_.mid(told);
+    if (now == std::exchange(last, now)) seen_.resize(told);
+  }
+  lines_ = further;
 }
 
 void Transcript::InMainWindow(const Means& means) const {
@@ -81,9 +155,7 @@ void Transcript::Report() {
 }
 
 void Transcript::ReportTheWorld() {
-  for (const auto& box : std::exchange(machine.Windows.Boxes, {})) Tell("box", box.text);
-  for (const auto& asked : std::exchange(machine.Windows.Prompts, {}))
-    Tell("asks", asked.title + " - " + asked.prompt + " [" + asked.defaultText + "]");
+  for (const auto& [what, text] : std::exchange(hand.windows.Read, {})) Tell(what, text);
   for (const auto& target : std::exchange(machine.Launches.Opened, {})) Tell("opens", target);
   for (const auto& started : std::exchange(machine.Launches.Started, {})) Tell("starts", started);
   for (const auto& address : std::exchange(machine.Http.Fetched, {})) Tell("fetches", address);
@@ -93,6 +165,7 @@ void Transcript::ReportTheWorld() {
     const char* const sheet = job.orientation == PageOrientation::Portrait ? "upright" : "across";
     const QString name = QString("prints %1 \"%2\"").arg(sheet, job.title.c_str());
     seen_ << Changes({}, {{name, ShapesAsText(job.page)}});
+    Printed = job.page;
   }
   const Sight now = LookAround(machine);
   seen_ << Changes(std::exchange(around_, now), now);
@@ -107,9 +180,9 @@ void Transcript::ReportTheWindow() {
   windows_[top_] = now;
 }
 
-void Transcript::Tell(const char* what, const std::string& text) {
+void Transcript::Tell(const std::string& what, const std::string& text) {
   const QString line = QString::fromStdString(text).replace("\r\n", " / ").replace('\n', " / ");
-  seen_ << QString("  %1: %2").arg(what, line);
+  seen_ << QString("  %1: %2").arg(what.c_str(), line);
 }
 
 }  // namespace Morvane

@@ -1,13 +1,20 @@
 #pragma once
 
+#include <gmock/gmock.h>
+
 #include <QMimeData>
 #include <QString>
 #include <QStringList>
+#include <functional>
+#include <limits>
 #include <map>
 #include <stdexcept>
 
+#include "platform/qt/painting/qt_text_metrics.h"
+#include "platform/qt/pictures/qt_picture_loader.h"
 #include "sight.h"
-#include "tests/hand/session.h"
+#include "tests/hand/hand.h"
+#include "windows/main_window/program.h"
 
 namespace Morvane {
 
@@ -24,27 +31,41 @@ struct Words {
 // A scene is a text: each line that begins with "> " is a deed of a person or of the world, the lines below
 // it are what is then seen to have changed. The scene is played anew and must read the same. A deed that
 // opens a window goes on in it: the deeds below are done there until it is closed.
-class Transcript : public Session, public testing::WithParamInterface<std::string> {
+class Transcript : public testing::TestWithParam<std::string> {
  public:
-  Transcript() : Session(Fonts::Listed) {}
+  using Means = std::function<void()>;
+
+  Transcript();
 
   void Play();
 
   // For the deeds.
   void Do(const QString& line);
+  void Repeat(int times, const QStringList& deeds);
   Form& Top() const { return top_ != nullptr ? *top_ : throw std::logic_error("no window is there yet"); }
-  Control& Named(Words& words) const { return The(Top(), words.Path()); }
+  Control& Named(Words& words) const;
   void InMainWindow(const Means& means) const;
   void Show(const QString& line) { seen_ << line; }
+  Means ByTool(const QString& key);
+  // An entry of the menu bar or of a button's menu.
+  static Means ByEntry(const QString& text);
 
-  using Session::ByEntry;
-  using Session::ByTool;
-  using Session::hand;
-  using Session::machine;
-  using Session::program;
+  TestMachine machine;
+  Hand hand{machine};
+  QtPictureLoader pictures{*machine.Files, OldFormatDecoderPath()};
+  const QtTextMetrics metrics{};
+  const QtFontCatalog installed{};
+  // Scenes of pictures show the fonts of the package list, all others a few by name.
+  const FontCatalog& fonts;
+  Printer printer{machine.Device, metrics, fonts};
+  Platform platform{hand.windows, machine.TheScreen, *machine.Files,   pictures,     metrics,
+                    fonts,        printer,           machine.Launches, machine.Http, machine.platform.app};
+  Program program{platform, ','};
 
   QString Mounts;
   QMimeData Dragged;
+  DrawingList Printed;  // last
+  double Megabytes = std::numeric_limits<double>::infinity();
 
  private:
   void PlayIn(Form* form);
@@ -52,7 +73,7 @@ class Transcript : public Session, public testing::WithParamInterface<std::strin
   void Report();
   void ReportTheWorld();
   void ReportTheWindow();
-  void Tell(const char* what, const std::string& text);
+  void Tell(const std::string& what, const std::string& text);
 
   QStringList lines_;
   QStringList seen_;

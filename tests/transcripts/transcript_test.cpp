@@ -1,5 +1,6 @@
 #include "transcript.h"
 
+#include <QApplication>
 #include <QTimer>
 #include <algorithm>
 #include <filesystem>
