@@ -138,10 +138,15 @@ PrintDialogAnswer QtPrinterDevice::ShowPrinterDialog(const PrintDialogRequest& r
   printer_->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
   auto tab = std::make_unique<CalibrationTab>(
       calibrations_, [this](const QString& printer) { PrintCalibrationSheet(printer); });
+  const QString before = printer_->printerName();
   PrinterDialog dialog(*printer_, request, std::move(tab), QApplication::activeWindow());
   PrintDialogAnswer answer;
   answer.accepted = dialog.exec() == QDialog::Accepted;
   if (answer.accepted) {
+    // The toolkit keeps the sheet of the printer before, even one that the printer chosen now does not take.
+    const QPageSize kept = printer_->pageLayout().pageSize();
+    if (printer_->printerName() != before && !QPrinterInfo(*printer_).supportedPageSizes().contains(kept))
+      TakeOwnSheet(*printer_);
     answer.copies = printer_->copyCount();
     const bool chosen = printer_->pageLayout().orientation() == QPageLayout::Landscape;
     orientation = chosen ? PageOrientation::Landscape : PageOrientation::Portrait;
