@@ -46,7 +46,8 @@ std::vector<PicturePtr> WritePdf(const std::string& nativePath, const DrawingLis
     undecodable = PaintDrawing(painter, drawing, cache);
     painter.end();
   }
-  if (!file.commit()) throw failure;
+  // What the toolkit still holds back is written here; a commit would not tell that the disk is full.
+  if (!file.flush() || file.error() != QFileDevice::NoError || !file.commit()) throw failure;
   return undecodable;
 }
 
