@@ -1,19 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <QFontDatabase>
-#include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
-#include <QProcess>
 #include <limits>
 
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/painting/font_stand_ins.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/qt_picture.h"
-#include "platform/qt/printing/pdf_file_writer.h"
-#include "platform/units.h"
-#include "tests/support/test_machine.h"
 
 namespace Morvane {
 namespace {
@@ -89,17 +83,6 @@ TEST(QtTextMetricsTest, PaintedTextIsAsWideAsItWasMeasured) {
     for (int y = 0; y < 400; ++y) widest = std::max(widest, DarkInRow(image, y));
     EXPECT_NEAR(widest, pixels, pixels * 0.005 + 1) << points;
   }
-}
-
-TEST(QtTextMetricsTest, TextOnPaperStaysText) {
-  const TemporaryFolder folder;
-  const std::string path = folder.Path() + "/sheet.pdf";
-  WritePdf(path, {TextShape{1440, 1440, "Più di così", {"Arial", 12}, {}}}, PageOrientation::Portrait,
-           {11906, 16838}, "Prova");
-  QProcess reader;
-  reader.start("pdftotext", {QString::fromStdString(path), "-"});
-  ASSERT_TRUE(reader.waitForFinished());
-  EXPECT_EQ(QString::fromUtf8(reader.readAllStandardOutput()).trimmed(), "Più di così");
 }
 
 TEST(QtFontCatalogTest, StandInsAreListedAndPrintable) {

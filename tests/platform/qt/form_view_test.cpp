@@ -37,6 +37,7 @@ TEST_F(FormViewTest, EndInAModalWindowEndsEveryLoop) {
 TEST_F(FormViewTest, ComingBackToAnOpenBoxActivatesTheWindowOnceTheBoxIsAnswered) {
   form.Activate = [&] { log.emplace_back("Activate"); };
   windows.ShowMain(form);
+  QApplication::processEvents();
   QWidget* const window = QApplication::activeWindow();
   QTimer::singleShot(20, qApp, [&] {
     for (const Qt::ApplicationState state : {Qt::ApplicationInactive, Qt::ApplicationActive})

@@ -8,7 +8,9 @@
 #include <thread>
 
 #include "platform/qt/painting/qt_text_metrics.h"
+#include "platform/qt/printing/pdf_file_writer.h"
 #include "platform/qt/printing/qt_printer_device.h"
+#include "platform/runtime_error.h"
 #include "render/print_job.h"
 #include "tests/support/private_cups.h"
 #include "tests/support/program_run.h"
@@ -18,23 +20,14 @@ namespace Morvane {
 namespace {
 
 // A real queue, with a user who accepts the print dialog; something may go wrong meanwhile.
-class AcceptedQueue : public PrinterDevice {
+class AcceptedQueue : public QtPrinterDevice {
  public:
-  explicit AcceptedQueue(PrinterDevice& device) : device_(device) {}
-
   std::function<void()> Meanwhile = [] {};
 
-  SheetSize PortraitSheet() override { return device_.PortraitSheet(); }
   PrintDialogAnswer ShowDialog(const PrintDialogRequest&, PageOrientation&) override {
     Meanwhile();
     return {.accepted = true, .copies = 1};
   }
-  void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override {
-    device_.SendPage(page, orientation, title);
-  }
-
- private:
-  PrinterDevice& device_;
 };
 
 using testing::HasSubstr;
@@ -64,7 +57,7 @@ class SpoolerFaults : public testing::Test {
  protected:
   SpoolerFaults() {
     cups_.AddQueue("uneven");
-    queues_.SelectPrinter("uneven");
+    device_.SelectPrinter("uneven");
     state_.NumCopertine = 1;
   }
 
@@ -97,8 +90,7 @@ class SpoolerFaults : public testing::Test {
   TestMachine machine_;
   QtTextMetrics metrics_;
   QtFontCatalog fonts_;
-  QtPrinterDevice queues_;
-  AcceptedQueue device_{queues_};
+  AcceptedQueue device_;
   Printer printer_{device_, metrics_, fonts_};
   Platform platform_{machine_.Windows, machine_.TheScreen, *machine_.Files,   machine_.Pictures, metrics_,
                      fonts_,           printer_,           machine_.Launches, machine_.Http,     AppInfo{}};
@@ -135,6 +127,9 @@ TEST_F(SpoolerFaults, FullSpoolIsToldAndOnceThereIsRoomTheQueuePrints) {
   {
     const SmallSpool spool(cups_.SpoolFolder());
     if (!spool.Mounted()) GTEST_SKIP() << "no mounting here";
+    const std::string sheet = cups_.SpoolFolder() + "/sheet.pdf";
+    EXPECT_THROW(WritePdf(sheet, {}, PageOrientation::Portrait, kA4, "Prova"), RuntimeError);
+    EXPECT_FALSE(std::ifstream(sheet));
     ExpectToldByAllButTheMainWindow([] {});
   }
   machine_.Windows.Boxes.clear();
