@@ -48,11 +48,6 @@ class QtLauncherTest : public testing::Test {
     return text;
   }
 
-  std::string Opened(const std::string& target) {
-    launcher_.ShellExecute(target);
-    return Started();
-  }
-
   const TemporaryFolder tools_;
   const QByteArray path_;
   const QString record_;
@@ -60,39 +55,34 @@ class QtLauncherTest : public testing::Test {
   QtLauncher launcher_{*machine_.Files, "C:\\Morvane"};
 };
 
-TEST_F(QtLauncherTest, AddressIsOneArgumentWhateverItHolds) {
-  for (const std::string address :
-       {"http://a.example/search?q=copertine+cd&x=1", "http://a.example/`id`$(id);'\"|&"}) {
-    EXPECT_EQ(Opened(address), address + "\nFINE\n");
-  }
-}
-
-TEST_F(QtLauncherTest, RelativeDocumentLiesInTheProgramsFolder) {
+TEST_F(QtLauncherTest, WhatIsOpenedIsOneArgumentAndADocumentLiesInTheProgramsFolder) {
   machine_.WriteFile("C:\\Morvane\\omk.htm", "kit");
   machine_.WriteFile("C:\\Morvane\\--help", "not an option");
-  EXPECT_EQ(Opened("omk.htm"), machine_.Root.Path() + "/Morvane/omk.htm\nFINE\n");
-  EXPECT_EQ(Opened("--help"), machine_.Root.Path() + "/Morvane/--help\nFINE\n");
-}
-
-TEST_F(QtLauncherTest, MissingDocumentsAndLineEndsOpenNothing) {
-  for (const char* target :
-       {"", "omk.htm", "-version", "http://a.example/\nrm", "http://a.example/\r", "\x1B"}) {
+  const std::string folder = machine_.Root.Path() + "/Morvane/";
+  const std::string addresses[] = {"http://a.example/search?q=copertine+cd&x=1",
+                                   "http://a.example/`id`$(id);'\"|&"};
+  const std::pair<std::string, std::string> cases[] = {{addresses[0], addresses[0]},
+                                                       {addresses[1], addresses[1]},
+                                                       {"omk.htm", folder + "omk.htm"},
+                                                       {"--help", folder + "--help"}};
+  for (const auto& [target, argument] : cases) {
     launcher_.ShellExecute(target);
+    EXPECT_EQ(Started(), argument + "\nFINE\n");
   }
+  for (const char* missing :
+       {"", "manca.htm", "-version", "http://a.example/\nrm", "http://a.example/\r", "\x1B"})
+    launcher_.ShellExecute(missing);
   EXPECT_EQ(Started(milliseconds(300)), "");
 }
 
-TEST_F(QtLauncherTest, StartsAProgramByItsPath) {
-  machine_.WriteFile("C:\\Morvane\\lindorel.exe", "");
+TEST_F(QtLauncherTest, AProgramIsStartedByItsPathElseNotFound) {
+  const std::string program = "C:\\Morvane\\\\lindorel.exe";
+  EXPECT_THROW(launcher_.Shell(program), RuntimeError);
+  machine_.WriteFile(program, "no program");
+  EXPECT_THROW(launcher_.Shell(program), RuntimeError);
   MakeProgram(machine_.Root.Path() + "/Morvane/lindorel.exe");
-  launcher_.Shell("C:\\Morvane\\\\lindorel.exe");
+  launcher_.Shell(program);
   EXPECT_EQ(Started(), "FINE\n");
-}
-
-TEST_F(QtLauncherTest, ProgramThatIsMissingOrNoneIsNotFound) {
-  EXPECT_THROW(launcher_.Shell("C:\\Morvane\\lindorel.exe"), RuntimeError);
-  machine_.WriteFile("C:\\Morvane\\lindorel.exe", "no program");
-  EXPECT_THROW(launcher_.Shell("C:\\Morvane\\lindorel.exe"), RuntimeError);
 }
 
 // Answers each request with the same bytes; with none it accepts and says nothing.
@@ -116,21 +106,16 @@ class LoopbackServer {
   QTcpServer server_;
 };
 
-TEST(QtHttpClientTest, GivesTheBodyByteForByte) {
-  const LoopbackServer server(QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n261\n"));
-  EXPECT_EQ(QtHttpClient().OpenUrl(server.Url()), "261\n");
-}
-
-TEST(QtHttpClientTest, FailuresAreEmpty) {
+TEST(QtHttpClientTest, GivesTheBodyByteForByteAndNothingOfAFailure) {
+  const LoopbackServer whole(QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n261\n"));
   const LoopbackServer missing(QByteArray("HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\n999\n"));
   const LoopbackServer huge("HTTP/1.1 200 OK\r\n\r\n" + QByteArray(2 << 20, '9'));
   QtHttpClient http(std::chrono::seconds(5));
-  EXPECT_EQ(http.OpenUrl(missing.Url()), "");
-  EXPECT_EQ(http.OpenUrl(huge.Url()), "");
-  EXPECT_EQ(http.OpenUrl("http://host.invalid/file.txt"), "");
-  EXPECT_EQ(http.OpenUrl("http://127.0.0.1:1/file.txt"), "");
-  EXPECT_EQ(http.OpenUrl("file:///etc/hostname"), "");
-  EXPECT_EQ(http.OpenUrl("nonsense"), "");
+  EXPECT_EQ(http.OpenUrl(whole.Url()), "261\n");
+  for (const std::string& url : {missing.Url(), huge.Url(), std::string("http://host.invalid/file.txt"),
+                                 std::string("http://127.0.0.1:1/file.txt"),
+                                 std::string("file:///etc/hostname"), std::string("nonsense")})
+    EXPECT_EQ(http.OpenUrl(url), "");
 }
 
 TEST(QtHttpClientTest, ServerThatSaysNothingIsGivenUpAtTheLimit) {

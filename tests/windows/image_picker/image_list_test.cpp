@@ -12,15 +12,6 @@
 namespace Morvane {
 namespace {
 
-TEST(ImageNames, AreToldByTheLastFourCharacters) {
-  for (const char* name : {"a.JPG", "a.jPg", "a.jpe", "a.bmp", "a.rle", "à.gif", ".JP"}) {
-    EXPECT_TRUE(IsImageName(name)) << name;
-  }
-  for (const char* name : {"a.jpeg", "a.png", "jpg", "a.jp", "a.jpg ", "", "a.j\xC3\xA9"}) {
-    EXPECT_FALSE(IsImageName(name)) << name;
-  }
-}
-
 TEST(CleanText, BlanksLineBreaksInTheCallersOwnText) {
   std::string text = " C:\\Foto\x1B a\r\n";
   EXPECT_EQ(toglivbcrlf(text), "C:\\Foto  a");
@@ -39,20 +30,6 @@ TEST(Preview, ReachesOneLimitAndKeepsProportionsWhateverShapeThePixelsHave) {
     EXPECT_FLOAT_EQ(size.width, static_cast<float>(fittedWidth));
     EXPECT_FLOAT_EQ(size.height, static_cast<float>(fittedHeight));
   }
-}
-
-// A drive without a disk makes its noise for seconds.
-TEST(FolderTree, NoFloppyIsWaitedFor) {
-  TestMachine machine;
-  machine.MakeFolder("C:\\media\\floppy");
-  machine.WriteFile("C:\\mountinfo", "1 1 1:0 / /media/floppy rw - vfat /dev/fd0 rw\n");
-  machine.Files->BeforeCall = [](const std::string& call, const std::string& path) {
-    EXPECT_FALSE(path.starts_with("A:") && call != "TypeOfDrive") << call;
-  };
-  AppState state;
-  frmAbout picker(state, machine.platform, [] {});
-  picker.form.EnsureLoaded();
-  EXPECT_EQ(picker.tvwdirtree.Find("root")->Children().front()->Text(), "Floppy (A:)");
 }
 
 TEST(FolderTree, OnASlowDiskAllFoldersAreSeenBeforeEachIsLookedInto) {
