@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <stdexcept>
@@ -81,7 +82,8 @@ MsgBoxAnswer HandWindows::MsgBox(const std::string& text, MsgBoxButtons buttons,
     const QString heading = "box " + box.windowTitle() + " [" + captions.join(" | ") + "]";
     Read.emplace_back(heading.toStdString(), box.text().toStdString());
     const QString wanted = kCaptions.at(script_.MsgBox(text, buttons, title));
-    QTest::mouseClick(box.buttons().at(captions.indexOf(wanted)), Qt::LeftButton);
+    EXPECT_TRUE(captions.contains(wanted)) << heading.toStdString();
+    QTest::mouseClick(box.buttons().at(std::max(captions.indexOf(wanted), qsizetype{0})), Qt::LeftButton);
   });
   return QtWindowSystem::MsgBox(text, buttons, title);
 }

@@ -9,7 +9,9 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPrintDialog>
 #include <QPushButton>
 #include <QSpinBox>
@@ -156,12 +158,22 @@ void InDialog(const std::function<void(Dialog&)>& act) {
 TEST_F(PdfTest, MuteServiceIsToldAndOnceItAnswersItsPrintersAreOffered) {
   {
     const MuteService mute;
-    device_.SetPdfFolder("/tmp/fogli");
+    device_.SetPdfFolder("/proc");
+    const QString folder = QString::fromStdString(folder_.Path());
     InDialog<PdfPrinterDialog>([&](PdfPrinterDialog& dialog) {
+      InDialog<QFileDialog>([&](QFileDialog& chooser) {
+        EXPECT_EQ(chooser.directory().path(), "/proc");
+        auto& line = *chooser.findChild<QLineEdit*>();
+        line.setText(folder);
+        QTest::keyClick(&line, Qt::Key_Return);
+      });
+      for (auto* button : dialog.findChildren<QPushButton*>()) {
+        if (button->text().contains("mbia")) button->click();
+      }
       QStringList texts;
       for (const QLabel* label : dialog.findChildren<QLabel*>()) texts << label->text();
       EXPECT_TRUE(texts.contains("Il servizio di stampa non risponde."));
-      EXPECT_TRUE(texts.contains("/tmp/fogli"));
+      EXPECT_TRUE(texts.contains(folder));
       dialog.findChild<QSpinBox*>()->setValue(0);
       EXPECT_EQ(dialog.Copies(), 1);
       dialog.findChild<QSpinBox*>()->setValue(3);
@@ -170,6 +182,8 @@ TEST_F(PdfTest, MuteServiceIsToldAndOnceItAnswersItsPrintersAreOffered) {
     const PrintDialogAnswer answer = printer_.ShowDialog({});
     EXPECT_TRUE(answer.accepted);
     EXPECT_EQ(answer.copies, 3);
+    printer_.EndDoc();
+    EXPECT_TRUE(QFile::exists(folder + "/Morvane.pdf"));
     EXPECT_THROW(device_.SelectPrinter("uneven"), RuntimeError);
   }
   PrivateCups back;
