@@ -209,6 +209,8 @@ Sight LookAt(const Form& form) {
     sight[name + kCaption] = {QString::fromStdString(control->Caption()).replace("\r\n", " / ")};
     sight[name + " font"] = {FontOf(control->GetFont())};
     sight[name + " image"] = {QString::fromStdString(control->ImageKey())};
+    if (const auto* const view = qobject_cast<const QAbstractItemView*>(widget))
+      sight[name + " from"] = {view->indexAt({1, 1}).data().toString()};
     if (const auto* const tree = dynamic_cast<const TreeView*>(control))
       sight[name + " images"] = NodeImages(*tree);
     sight[name + " tip"] = {widget->toolTip()};

@@ -85,6 +85,18 @@ TEST(QtTextMetricsTest, PaintedTextIsAsWideAsItWasMeasured) {
   }
 }
 
+// Lines of one text are laid out once for each style.
+TEST(QtTextMetricsTest, NoLineIsPaintedInTheStyleOfAnother) {
+  DrawingList lines;
+  for (int style = 0; style < 8; ++style) {
+    const Font font{"Arial", 12, (style & 1) != 0, (style & 2) != 0, (style & 4) != 0};
+    lines.emplace_back(TextShape{0, style * 400.0, "Stampato", font, {}});
+  }
+  const QImage forwards = Painted(lines, 240);
+  std::reverse(lines.begin(), lines.end());
+  EXPECT_EQ(Painted(lines, 240), forwards);
+}
+
 TEST(QtFontCatalogTest, StandInsAreListedAndPrintable) {
   const QtFontCatalog fonts;
   const std::vector<std::string> families = fonts.Families();
