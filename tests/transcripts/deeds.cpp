@@ -92,6 +92,12 @@ const std::map<QString, Deed> kOfTheWorld = {
          if (path == denied) throw RuntimeError(ErrorNumber::PermissionDenied, "Accesso negato: " + path);
        };
      }}},
+    {"take-out", {[](Scene& s, Words w) {  // just before it is looked for
+       s.machine.Files->BeforeCall = [&s, folder = w.All()](const std::string& call,
+                                                            const std::string& path) {
+         if (call == "FolderExists" && path == folder) std::filesystem::remove_all(Native(s, folder));
+       };
+     }}},
     {"link", {[](Scene& s, Words w) {  // where, what
        const std::string where = Native(s, w.Path());
        std::filesystem::create_directory_symlink(Native(s, w.All()), where);
