@@ -79,7 +79,12 @@ int RenameToFreeName(const std::string& from, const std::string& to) {
   if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
   if (errno != EINVAL && errno != ENOSYS) return errno;
   // The medium cannot refuse by itself: a second name does, where it has such; else look first.
-  if (::link(from.c_str(), to.c_str()) == 0) return ::unlink(from.c_str()) == 0 ? 0 : errno;
+  if (::link(from.c_str(), to.c_str()) == 0) {
+    if (::unlink(from.c_str()) == 0) return 0;
+    const int error = errno;
+    ::unlink(to.c_str());
+    return error;
+  }
   if (errno == EEXIST) return errno;
   struct stat info {};
   if (::lstat(to.c_str(), &info) == 0) return EEXIST;
