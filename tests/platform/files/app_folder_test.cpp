@@ -62,16 +62,5 @@ TEST_F(AppFolderTest, LiesWhereTheSystemSaysAndTheShippedFilesServeWhenNoneCanBe
   }
 }
 
-TEST_F(AppFolderTest, AppearsWholeOrNotAtAllAndTheNextStartTriesAgain) {
-  disk.Write("share/Grande.mvne", std::string(100'000, ';'));
-  AppFolder full;
-  WithFullDisk(4096, [&] { full = FindAppFolder(places); });
-  EXPECT_EQ(full.path, disk.Path("share"));
-  EXPECT_EQ(full.problem, "Disco pieno: " + disk.Path("data/morvane"));
-  EXPECT_THAT(NamesIn("data"), testing::IsEmpty());
-  EXPECT_EQ(FindAppFolder(places).path, disk.Path("data/morvane"));
-  EXPECT_EQ(disk.Read("data/morvane/Grande.mvne").size(), 100'000U);
-}
-
 }  // namespace
 }  // namespace Morvane

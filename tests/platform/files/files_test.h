@@ -44,7 +44,4 @@ inline ErrorNumber NumberOfErrorIn(const std::function<void()>& statement) {
   return {};
 }
 
-// Lets `work` run on a disk that takes files of so many bytes only, as a full one does.
-void WithFullDisk(std::size_t bytes, const std::function<void()>& work);
-
 }  // namespace Morvane
