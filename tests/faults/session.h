@@ -4,28 +4,66 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
+#include <array>
+#include <functional>
 #include <set>
+#include <sstream>
 #include <string>
 
 #include "core/web_addresses.h"
-#include "faults.h"
+#include "tests/support/test_machine.h"
 #include "windows/main_window/program.h"
 
 namespace Morvane {
+
+// Counts what the program asks of a machine and lets chosen calls fail.
+class Faults {
+ public:
+  static constexpr const char* kText = "Guasto di prova";
+
+  int FirstToFail = 0;   // counted from 1; 0: none
+  bool Lasting = false;  // every later call fails, too
+  std::function<std::string()> TopWindow;
+
+  int Calls() const { return calls_; }
+  // The first call that failed, as "Name C:\\a.jpg @frmAbout"; empty when none did.
+  const std::string& Failed() const { return failed_; }
+
+  void Watch(TestMachine& machine) {
+    machine.Files->BeforeCall = [this](const char* call, const std::string& path) {
+      constexpr std::array kNumbers = {ErrorNumber::PermissionDenied, ErrorNumber::DiskNotReady,
+                                       ErrorNumber::PathFileAccess};
+      Call(call + (" " + path), kNumbers[static_cast<std::size_t>(FirstToFail) % kNumbers.size()]);
+    };
+    for (Hooked* device : std::initializer_list<Hooked*>{&machine.Fonts, &machine.Device, &machine.Pictures,
+                                                         &machine.Launches, &machine.Http}) {
+      device->BeforeCall = [this](const std::string& call, ErrorNumber number) { Call(call, number); };
+    }
+  }
+
+ private:
+  void Call(const std::string& what, ErrorNumber number) {
+    ++calls_;
+    const bool fails = Lasting ? calls_ >= FirstToFail : calls_ == FirstToFail;
+    if (FirstToFail == 0 || !fails) return;
+    if (failed_.empty()) failed_ = what + " @" + TopWindow();
+    throw RuntimeError(number, kText);
+  }
+
+  int calls_ = 0;
+  std::string failed_;
+};
 
 // A user who says yes to every question, types the one name that each prompt is for, and gives up with a
 // machine that keeps refusing.
 class UserWindows : public ScriptedWindows {
  public:
-  std::map<std::string, std::function<void(Form&)>> Scenes;  // by the window's name; closed behind them
+  std::function<void(Form&)> Play;  // in each window; it is closed behind it
 
   MsgBoxAnswer MsgBox(const std::string& text, MsgBoxButtons buttons, const std::string& title) override {
     Boxes.push_back({text, buttons, title});
     EXPECT_THAT(text, testing::Not(testing::HasSubstr("errore interno")));
-    if (Boxes.size() > kPatience && text == Boxes[Boxes.size() - kPatience].text) {
-      End();
-    }
+    if (Boxes.size() > kPatience && text == Boxes[Boxes.size() - kPatience].text) End();
     return buttons == MsgBoxButtons::YesNo ? MsgBoxAnswer::No : MsgBoxAnswer::Ok;
   }
   std::string InputBox(const std::string& prompt, const std::string& title, const std::string&) override {
@@ -35,13 +73,12 @@ class UserWindows : public ScriptedWindows {
   }
   std::string BrowseForFolder(const std::string&) override { return "C:\\Disco"; }
   void PopupMenu(const std::vector<MenuItem>& items) override {
-    if (MenuChoices.empty()) return;  // opened again after a failure: Esc
-    ScriptedWindows::PopupMenu(items);
+    if (!MenuChoices.empty()) ScriptedWindows::PopupMenu(items);  // opened again after a failure: Esc
   }
 
  protected:
   void RunModal(Form& form) override {
-    UserEvent([&] { Scenes.at(form.Name())(form); });
+    Play(form);
     if (form.Visible()) UserEvent([&] { form.UnloadForm(); });
   }
 
@@ -61,27 +98,15 @@ class Session {
     }
     WriteKept("C:\\Morvane\\morvane.ini", "SpessoreBordo= 3 \r\nFileFolder=C:\\Foto\r\n");
     WriteKept("C:\\Morvane\\morvane_fileid.txt", "Morvane\r\nGrazie\r\n");
-    for (const char* name : {"a.jpg", "b.jpg", "c.jpg"}) {
+    for (const char* name : {"a.jpg", "b.jpg", "c.jpg"})
       machine.WritePicture(std::string("C:\\Foto\\") + name, 2000, 1000);
-    }
-    machine.WriteFile("C:\\Foto\\Vacanze\\mare.txt", "");
-    machine.WriteFile("C:\\Disco\\Musica\\uno.mp3", "");
-    machine.WriteFile("C:\\Disco\\due.txt", "");
+    for (const char* name : {"Foto\\Vacanze\\mare.txt", "Disco\\Musica\\uno.mp3", "Disco\\due.txt"})
+      machine.WriteFile(std::string("C:\\") + name, "");
     machine.Http.Bodies[std::string(WebAddresses::kUpdateFile)] = "260\n";
     machine.Device.Turned = PageOrientation::Portrait;
     machine.Device.Answers.assign(kPrintings, {.accepted = true, .copies = 2});
     faults.TopWindow = [this] { return windows.TopForm() ? windows.TopForm()->Name() : ""; };
-    windows.Scenes = {
-        {"Dialog", [this](Form& form) { EditLayouts(form); }},
-        {"frmAbout", [this](Form& form) { PickPicture(form); }},
-        {"FrmPreview", [this](Form& form) { PrintContents(form); }},
-        {"fONTEN", [this](Form& form) { ChooseFont(form); }},
-        {"Form2", [](Form&) {}},
-        {"Form3", [this](Form& form) { Do([&] { Find<Timer>(form, "Timer1").PerformTick(); }); }},
-        {"Form4", [this](Form& form) {
-           Do([&] { Find<TextBox>(form, "Text1").SetText("disco"); });
-           Press(form, "Command1");
-         }}};
+    windows.Play = [this](Form& form) { Play(form); };
     faults.Watch(machine);
   }
 
@@ -89,15 +114,12 @@ class Session {
   void Run(const std::function<void(const std::string& step)>& afterStep) {
     program.Start();
     afterStep("start");
-    for (const char* command :
-         {"menudef", "MenuCarb", "ManuCarF", "MenuCarb", "MenuCarb", "menustcg", "menusta", "menustcg",
-          "menustmpcrt", "menuabout", "menuonl", "pdfcreatinfo", "menudef"}) {
-      ++visits[command];
-      Do([&] { program.form1.form.Menu(command).Click(); });
-      if (windows.Ended()) break;
+    for (const auto& [command, deeds] : kVisits) {
+      deeds_ = deeds;
+      windows.UserEvent([&] { program.form1.form.Menu(command).Click(); });
+      if (windows.Ended()) return;
       afterStep(command);
     }
-    Do([&] { program.form1.form.Menu("menuesci").Click(); });
   }
 
   Faults faults;
@@ -107,84 +129,80 @@ class Session {
       windows,       machine.TheScreen,  *machine.Files,   machine.Pictures, machine.Metrics,
       machine.Fonts, machine.ThePrinter, machine.Launches, machine.Http,     AppInfo{.path = "C:\\Morvane"}};
   Program program{platform, ','};
-  std::map<std::string, int> visits;
   std::set<std::string> kept;  // what the files held that the program found
 
  private:
   static constexpr std::size_t kPrintings = 20;
 
-  void Do(const std::function<void()>& event) { windows.UserEvent(event); }
+  // Entries of the main window, and what is done in the window that opens: a button is pressed, a row, a node
+  // or a text is chosen, "!" an entry of the list's menu. What follows a row that is not there is left undone
+  // until the next row.
+  static constexpr const char* kOpenFoto = "tvwdirtree=root tvwdirtree=C: tvwdirtree=C:\\Foto ";
+  const std::vector<std::pair<std::string, std::string>> kVisits = {
+      {"menudef",
+       "List1=Buste Command7 Command16 Command2 Command17 List1=Album Command14 List1=Cassetta "
+       "Command1 List1=Buste OKButton"},
+      {"MenuCarb", kOpenFoto + std::string("List1=a.jpg Command1")},
+      {"ManuCarF", kOpenFoto + std::string("List1=c.jpg List1!MenuRinomina List1=b.jpg "
+                                           "List1!menuCancellaFile List1=a.jpg List1=zeta.jpg Command1")},
+      {"MenuCarb", kOpenFoto + std::string("List1=a.jpg Command1")},
+      {"MenuCarb", kOpenFoto + std::string("List1=a.jpg Command2")},
+      {"menustcg", "Command2 Command4 Command3 Command1"},
+      {"menusta", ""},
+      {"menustcg", "Command2 Command4 Command3 Command1"},
+      {"menustmpcrt", ""},
+      {"menuabout", "Timer1"},
+      {"menuonl", "Text1=disco Command1"},
+      {"pdfcreatinfo", ""},
+      {"menudef", "List1=Buste Command7 Command5 Command2 Command17 List1=Buste CancelButton"},
+      {"menuesci", ""}};
 
-  template <typename T>
-  static T& Find(Form& form, const std::string& name) {
-    for (Control* control : form.AllControls()) {
-      if (control->Name() == name) return dynamic_cast<T&>(*control);
+  void Play(Form& form) {
+    std::istringstream deeds(form.Name() == "fONTEN" ? "LstFonts=Tahoma cmdOK" : deeds_);
+    bool isThere = true;
+    for (std::string deed; form.Visible() && deeds >> deed;) {
+      const std::size_t end = deed.find_first_of("=!");
+      const std::string value = end == std::string::npos ? "" : deed.substr(end + 1);
+      const std::vector<Control*> controls = form.AllControls();
+      Control* const control = *std::find_if(controls.begin(), controls.end(), [&](const Control* one) {
+        return one->Name() == deed.substr(0, end);
+      });
+      auto* const list = dynamic_cast<ListBox*>(control);
+      if (list != nullptr && deed[end] == '=')
+        isThere = Choose(*list, value);
+      else if (isThere)
+        windows.UserEvent([&] { Do(*control, value); });
     }
-    throw std::logic_error("no control " + name);
   }
 
-  void Press(Form& form, const std::string& button) {
-    if (form.Visible()) Do([&] { Find<CommandButton>(form, button).PerformClick(); });
+  bool Choose(ListBox& list, const std::string& row) {
+    int i = 0;
+    while (i < list.ListCount() && list.List(i) != row) ++i;
+    windows.UserEvent([&] { list.UserSelects(i); });
+    return list.Text() == row;
   }
-  void Select(Form& form, const std::string& list, const std::string& row) {
-    ListBox& box = Find<ListBox>(form, list);
-    for (int i = 0; i < box.ListCount(); ++i) {
-      if (box.List(i) == row) return Do([&] { box.UserSelects(i); });
+
+  void Do(Control& control, const std::string& value) {
+    if (auto* const box = dynamic_cast<TextBox*>(&control)) return box->SetText(value);
+    if (auto* const timer = dynamic_cast<Timer*>(&control)) return timer->PerformTick();
+    if (auto* const button = dynamic_cast<CommandButton*>(&control)) return button->PerformClick();
+    if (dynamic_cast<ListBox*>(&control) != nullptr) {
+      windows.MenuChoices = {value};
+      return control.PerformMouseDown(MouseButton::Right, 0, 0);
     }
-  }
-
-  void EditLayouts(Form& form) {
-    Select(form, "List1", "Buste");
-    Press(form, "Command7");  // wider
-    Press(form, visits["menudef"] == 1 ? "Command16" : "Command5");
-    Press(form, "Command2");  // new
-    Press(form, "Command17");
-    Select(form, "List1", "Album");
-    if (Find<ListBox>(form, "List1").Text() == "Album") Press(form, "Command14");  // rename
-    Select(form, "List1", "Cassetta");
-    if (Find<ListBox>(form, "List1").Text() == "Cassetta") Press(form, "Command1");  // delete
-    Select(form, "List1", "Buste");
-    Press(form, visits["menudef"] == 1 ? "OKButton" : "CancelButton");
-  }
-
-  void PickPicture(Form& form) {
-    TreeView& tree = Find<TreeView>(form, "tvwdirtree");
-    for (const char* key : {"root", "C:", "C:\\Foto"}) {
-      if (TreeNode* node = tree.Find(key)) Do([&] { tree.UserExpands(*node); });
-    }
-    if (TreeNode* node = tree.Find("C:\\Foto")) Do([&] { tree.UserClicks(*node); });
-    const int visit = visits["MenuCarb"] + visits["ManuCarF"];
-    if (visit == 2) {
-      Select(form, "List1", "c.jpg");
-      ChooseFromList(form, "MenuRinomina");
-      Select(form, "List1", "b.jpg");
-      ChooseFromList(form, "menuCancellaFile");
-    }
-    Select(form, "List1", "a.jpg");
-    if (visit == 2) Select(form, "List1", "zeta.jpg");
-    Press(form, visit == 4 ? "Command2" : "Command1");
-  }
-  void ChooseFromList(Form& form, const std::string& entry) {
-    ListBox& list = Find<ListBox>(form, "List1");
-    windows.MenuChoices = {entry};
-    Do([&] { list.PerformMouseDown(MouseButton::Right, 0, 0); });
-  }
-
-  void PrintContents(Form& form) {
-    Press(form, "Command2");  // read
-    Press(form, "Command4");  // font
-    Press(form, "Command3");  // print
-    Press(form, "Command1");
-  }
-  void ChooseFont(Form& form) {
-    Select(form, "LstFonts", "Tahoma");
-    Press(form, "cmdOK");
+    auto& tree = dynamic_cast<TreeView&>(control);
+    TreeNode* const node = tree.Find(value);
+    if (node == nullptr) return;
+    tree.UserExpands(*node);
+    tree.UserClicks(*node);
   }
 
   void WriteKept(const std::string& path, const std::string& text) {
     machine.WriteFile(path, text);
     kept.insert(text);
   }
+
+  std::string deeds_;
 };
 
 }  // namespace Morvane
