@@ -32,9 +32,9 @@ std::vector<std::string> ShippedLayouts() {
   return names;
 }
 
-struct Cover {
+struct Cover {  // millimetres
   bool ellipse;
-  double left, top, right, bottom;  // millimetres
+  double left, top, right, bottom;
 };
 
 bool Apart(const Cover& a, const Cover& b) {

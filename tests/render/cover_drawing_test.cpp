@@ -4,7 +4,6 @@
 
 #include "platform/runtime_error.h"
 #include "render/page_setup.h"
-#include "render/print_job.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
@@ -36,11 +35,6 @@ class CoverDrawing : public ::testing::Test {
       if (const T* one = std::get_if<T>(&shape)) shapes.push_back(*one);
     }
     return shapes;
-  }
-
-  void Print(bool accepted, int copies) {
-    machine.Device.Answers.push_back({accepted, copies});
-    Stampa(state, slots, machine.ThePrinter);
   }
 
   TestMachine machine;
@@ -106,28 +100,6 @@ TEST_F(CoverDrawing, PageFitsTheSurfaceWithThePrintersLettersTurnedByTheLayoutAl
   machine.Device.Broken = true;
   EXPECT_THROW(ImpostaPagina(surface, state, printer), RuntimeError);
   EXPECT_EQ(surface.CurrentX, 7) << "the page in view stays";
-}
-
-TEST_F(CoverDrawing, PrintsEachCopyAsAJobWithTheWholePageAndNothingOfAFailedOne) {
-  state.SuSchermo = 1;
-  state.PaginaAlte = 210;
-  Print(false, 3);
-  EXPECT_EQ(state.SuSchermo, 1);
-  EXPECT_EQ(machine.ThePrinter.Orientation(), PageOrientation::Portrait);
-  Print(true, 0);
-  EXPECT_EQ(state.SuSchermo, 0);
-  EXPECT_EQ(machine.ThePrinter.Orientation(), PageOrientation::Landscape);
-  state.PaginaAlte = 297;
-  machine.Device.Broken = true;
-  Print(true, 2);
-  EXPECT_TRUE(machine.Device.Jobs.empty());
-  machine.Device.Broken = false;
-  Print(true, 3);
-  ASSERT_EQ(machine.Device.Jobs.size(), 3U);
-  for (const auto& job : machine.Device.Jobs) {
-    EXPECT_EQ(job.page.size(), 2U);  // outline and footer
-    EXPECT_EQ(job.orientation, PageOrientation::Portrait);
-  }
 }
 
 }  // namespace

@@ -1,9 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/controls/list_box.h"
-#include "platform/controls/screen.h"
-#include "platform/controls/simple_controls.h"
 #include "platform/controls/tree_view.h"
 #include "platform/runtime_error.h"
 #include "tests/support/test_machine.h"
@@ -23,63 +20,14 @@ class Controls : public ::testing::Test {
   }
 };
 
-TEST_F(Controls, SortedListKeepsItsSelectionOnItsRowAndARowWrittenInPlaceWhereItIs) {
-  ListBox list(form, "List1");
-  const auto rows = [&] {
-    std::vector<std::string> all;
-    for (int i = 0; i < list.ListCount(); ++i) all.push_back(list.List(i));
-    return all;
-  };
-  list.SetSorted(true);
-  for (const char* row : {"beta", "Alfa", "Èlite", "zeta"}) list.AddItem(row);
-  EXPECT_EQ(list.List(0), "Alfa");
-  list.AddItem("alfa 2");
-  EXPECT_THAT(rows(), ElementsAre("Alfa", "alfa 2", "beta", "zeta", "Èlite"));
-  list.SetListIndex(2);
-  list.AddItem("ALBA");
-  EXPECT_EQ(list.Text(), "beta");
-  list.RemoveItem(0);
-  EXPECT_EQ(list.Text(), "beta");
-  list.SetList(0, "z");
-  EXPECT_THAT(rows(), ElementsAre("z", "alfa 2", "beta", "zeta", "Èlite"));
-  list.Clear();
-  for (const char* row : {"b", "a"}) list.AddItem(row);
-  EXPECT_THAT(rows(), ElementsAre("a", "b"));
-}
-
-TEST_F(Controls, OptionButtonsOfOneContainerExcludeEachOther) {
-  Frame frame(form, "Frame1");
-  OptionButton a(form, "a"), b(form, "b"), other(frame, "other");
-  b.Click = [&] { events.push_back(a.Value() ? "b before a" : "b"); };
-  a.Click = Log("a");
-  other.SetValue(true);
-  for (OptionButton* const chosen : {&a, &b, &b}) chosen->SetValue(true);
-  EXPECT_THAT(events, ElementsAre("a", "b"));
-  EXPECT_TRUE(other.Value());
-}
-
-TEST_F(Controls, TableMustNameEveryControlOnceAndGivesTheTabOrder) {
-  CommandButton second(form, "second"), first(form, "first");
-  for (const char* bad : {"first", "third"}) {
-    const ControlRow rows[] = {{"first"}, {bad}};
-    EXPECT_THROW(form.LayOut(rows), std::logic_error);
-  }
-  const ControlRow good[] = {{"first"}, {"second"}};
-  form.LayOut(good);
-  EXPECT_EQ(form.Children().front(), &first);
-}
-
-TEST_F(Controls, TreeRefusesAKeyThatExistsAndKeepsSortedChildrenSorted) {
+TEST_F(Controls, TreeRefusesAKeyThatExistsAPlaceThatDoesNotAndNodesOutsideIt) {
   TreeView tree(form, "tree");
   TreeNode& root = tree.Add("", "r", "root", "open");
   tree.Add("r", "b", "b", "closed");
   EXPECT_THROW(tree.Add("r", "b", "again", "closed"), RuntimeError);
   EXPECT_THROW(tree.Add("x", "y", "lost", "closed"), RuntimeError);
-  tree.SetSorted(root, true);
-  tree.Add("r", "a", "A", "closed");
-  EXPECT_EQ(root.Children().at(0)->Key(), "a");
   EXPECT_EQ(&tree.Node(1), &root);
-  for (const int none : {0, 4}) EXPECT_THROW(tree.Node(none), RuntimeError);
+  for (const int none : {0, 3}) EXPECT_THROW(tree.Node(none), RuntimeError);
 }
 
 TEST_F(Controls, WindowLoadsOnceFailsAloudAndShowsNothingAfterTheEnd) {

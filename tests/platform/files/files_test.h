@@ -5,6 +5,8 @@
 
 #include <filesystem>
 #include <functional>
+#include <numeric>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -25,6 +27,22 @@ class FilesTest : public ::testing::Test {
     for (const auto& entry : std::filesystem::directory_iterator(disk.Path(folder)))
       names.push_back(entry.path().filename());
     return names;
+  }
+  // Each name with its type and mode and, of a small file, its text. Those that the program hides while it
+  // writes are left out where it may have been killed.
+  std::string Everything(bool hidden = true) const {
+    namespace fs = std::filesystem;
+    std::set<std::string> all;
+    for (const auto& entry : fs::recursive_directory_iterator(disk.Path())) {
+      const std::string name = entry.path().lexically_relative(disk.Path());
+      if (!hidden && name.find("/.morvane-") != std::string::npos) continue;
+      const fs::file_status status = entry.symlink_status();
+      const bool small = fs::is_regular_file(status) && entry.file_size() < 10'000;
+      all.insert(name + " " + std::to_string(static_cast<int>(status.type())) + " " +
+                 std::to_string(static_cast<int>(status.permissions())) +
+                 (small ? " " + disk.Read(name) : "") + "\n");
+    }
+    return std::accumulate(all.begin(), all.end(), std::string());
   }
 
   TestMachine machine;

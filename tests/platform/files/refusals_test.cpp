@@ -1,25 +1,14 @@
 #include <sys/stat.h>
 
-#include <map>
+#include <sstream>
 
 #include "files_test.h"
+#include "tests/support/cases.h"
 
 namespace Morvane {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::map<std::string, std::string> EverythingBelow(const TemporaryFolder& disk) {
-  std::map<std::string, std::string> found;
-  for (const auto& entry : fs::recursive_directory_iterator(disk.Path())) {
-    const auto status = entry.symlink_status();
-    const bool small = fs::is_regular_file(status) && entry.file_size() < 1000;
-    found[entry.path()] = std::to_string(static_cast<int>(status.type())) + " " +
-                          std::to_string(static_cast<int>(status.permissions())) + " " +
-                          (small ? disk.Read(entry.path().lexically_relative(disk.Path())) : "");
-  }
-  return found;
-}
 
 TEST_F(FilesTest, WhatIsRefusedHasItsNumberAndLeavesTheDiskAsItIs) {
   for (const char* name : {"a.txt", "b.txt", "sola.txt", "enorme.bin"}) {
@@ -33,55 +22,37 @@ TEST_F(FilesTest, WhatIsRefusedHasItsNumberAndLeavesTheDiskAsItIs) {
   Link("anello", "d/anello");
   Link("assente", "d/rotto");
 
-  using Call = std::function<void(const std::string&)>;
-  const Call read = [&](const auto& path) { files.ReadBytes(path); };
-  const Call open = [&](const auto& path) { files.OpenForInput(path); };
-  const Call list = [&](const auto& path) { files.PlainFiles(path); };
-  const Call subFolders = [&](const auto& path) { files.SubFolders(path); };
-  const Call readFolder = [&](const auto& path) { files.ReadFolder(path); };
-  const Call identity = [&](const auto& path) { files.FolderIdentity(path); };
-  const Call native = [&](const auto& path) { files.ToNative(path); };
-  const Call change = [&](const auto& path) { files.ChDir(path); };
-  const Call write = [&](const auto& path) { files.WriteText(path, "nuovo"); };
-  const Call kill = [&](const auto& path) { files.Kill(path); };
-  const Call move = [&](const auto& path) { files.Name(path, "d\\nuovo.txt"); };
-  const Call moveTo = [&](const auto& path) { files.Name("d\\a.txt", path); };
-
-  const std::vector<std::string> noFile = {"d\\cartella", "d\\tubo", "d\\zero", "d\\anello"};
-  std::vector<std::string> badNames = {
-      "d\\a/b.txt", "d\\../../fuori.txt", "d\\C:x.txt",    "d\\D:", "d\\", "d\\.",
-      "d\\..",      "d\\sotto\\",         "d\\D:\\x.jpg\\"};
-  badNames.push_back("d\\" + std::string(256, 'n'));
-  badNames.push_back(std::string("d\\a\0b", 5));
-  const std::vector<std::string> noFolder = {"manca\\b.txt", "d\\a.txt\\b.txt", "d\\D:\\x.txt", "Q:\\b.txt"};
-  const struct {
-    std::vector<Call> calls;
-    ErrorNumber number;
-    std::vector<std::string> paths;
-  } refusals[] = {
-      {{read, open, kill, move}, ErrorNumber::FileNotFound, {"d\\manca", "d\\manca.txt"}},
-      {{read, open}, ErrorNumber::FileNotFound, {"d\\rotto"}},
-      {{read, open, kill, move, write, moveTo}, ErrorNumber::PathNotFound, noFolder},
-      {{list, subFolders, readFolder, identity}, ErrorNumber::PathNotFound, {"manca", "Q:\\"}},
-      {{list, subFolders, readFolder, change}, ErrorNumber::PathNotFound, {"d\\a.txt"}},
-      {{list, subFolders, readFolder, identity}, ErrorNumber::PathFileAccess, {"d\\anello"}},
-      {{native}, ErrorNumber::PathNotFound, {"Q:\\"}},
-      {{native}, ErrorNumber::BadFileName, {"d\\a/b", "d\\../a"}},
-      {{read, open}, ErrorNumber::PathFileAccess, noFile},
-      {{read}, ErrorNumber::OutOfMemory, {"d\\enorme.bin"}},
-      {{write, kill}, ErrorNumber::PathFileAccess, {"d\\sola.txt", "d\\cartella", "d\\tubo"}},
-      {{write, moveTo}, ErrorNumber::BadFileName, badNames},
-      {{moveTo}, ErrorNumber::FileAlreadyExists, {"d\\B.TXT", "D", "d\\rotto"}},
-  };
-  const auto before = EverythingBelow(disk);
-  for (const auto& refusal : refusals) {
-    for (std::size_t i = 0; i < refusal.calls.size(); ++i) {
-      for (const std::string& path : refusal.paths) {
-        EXPECT_EQ(NumberOfErrorIn([&] { refusal.calls[i](path); }), refusal.number) << i << " " << path;
+  const std::map<std::string, std::function<void(const std::string&)>> calls = {
+      {"read", [&](const auto& path) { files.ReadBytes(path); }},
+      {"open", [&](const auto& path) { files.OpenForInput(path); }},
+      {"list", [&](const auto& path) { files.PlainFiles(path); }},
+      {"folders", [&](const auto& path) { files.SubFolders(path); }},
+      {"all", [&](const auto& path) { files.ReadFolder(path); }},
+      {"identity", [&](const auto& path) { files.FolderIdentity(path); }},
+      {"native", [&](const auto& path) { files.ToNative(path); }},
+      {"change", [&](const auto& path) { files.ChDir(path); }},
+      {"write", [&](const auto& path) { files.WriteText(path, "nuovo"); }},
+      {"kill", [&](const auto& path) { files.Kill(path); }},
+      {"move", [&](const auto& path) { files.Name(path, "d\\nuovo.txt"); }},
+      {"move-to", [&](const auto& path) { files.Name("d\\a.txt", path); }}};
+  const std::string before = Everything();
+  ExpectCases("tests/platform/files/refusals.txt", [&](const std::string& given) {
+    std::set<std::string> numbers;
+    std::istringstream lines(given);
+    for (std::string line; std::getline(lines, line);) {
+      const std::size_t last = line.rfind(' ') + 1;
+      std::istringstream words(line.substr(0, last));
+      for (std::string call; words >> call;) {
+        SCOPED_TRACE(line);
+        numbers.insert(
+            std::to_string(static_cast<int>(NumberOfErrorIn([&] { calls.at(call)(line.substr(last)); }))));
       }
     }
-  }
-  EXPECT_EQ(EverythingBelow(disk), before);
+    return std::accumulate(numbers.begin(), numbers.end(), std::string());
+  });
+  EXPECT_EQ(NumberOfErrorIn([&] { files.WriteText(std::string("d\\a\0b", 5), ""); }),
+            ErrorNumber::BadFileName);
+  EXPECT_EQ(Everything(), before);
 }
 
 }  // namespace
