@@ -4,6 +4,7 @@
 
 #include "platform/runtime_error.h"
 #include "render/page_setup.h"
+#include "render/print_job.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
@@ -67,6 +68,14 @@ TEST_F(CoverDrawing, PageFitsTheSurfaceWithThePrintersLettersTurnedByTheLayoutAl
   machine.Device.Broken = true;
   EXPECT_THROW(ImpostaPagina(surface, state, printer), RuntimeError);
   EXPECT_EQ(surface.CurrentX, 7) << "the page in view stays";
+}
+
+TEST_F(CoverDrawing, ACancelPrintsNoneOfItsCopiesAndLeavesThePageOnTheScreen) {
+  state.SuSchermo = 1;
+  machine.Device.Answers = {{.accepted = false, .copies = 3}};
+  Stampa(state, slots, machine.ThePrinter);
+  EXPECT_TRUE(machine.Device.Jobs.empty());
+  EXPECT_EQ(state.SuSchermo, 1);
 }
 
 }  // namespace
