@@ -72,16 +72,18 @@ TEST_F(SheetPicturesTest, JpegThatIsShownWholeStandsOnTheSheetBitForBitWithoutWh
 TEST_F(SheetPicturesTest, JpegThatASheetWouldShowOtherwiseIsEncodedAnew) {
   QImage adobe = Noise(300, 200);
   adobe.setColorSpace(QColorSpace::AdobeRgb);
-  const QByteArray onItsSide("\xFF\xE1\0\x22"
-                             "Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0\x06\0\0\0\0\0\0",
-                             36);
+  const QByteArray onItsSide(
+      "\xFF\xE1\0\x22"
+      "Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0\x06\0\0\0\0\0\0",
+      36);
   QByteArray otherColours = AsJpeg(Noise(300, 200));
   otherColours.insert(2, QByteArray("\xFF\xEE\0\x0E"
                                     "Adobe\0\x64\0\0\0\0\0",
                                     16));
   const QByteArray tooFine = AsJpeg(Noise(1300, 1300));
-  for (const QByteArray& jpeg : {AsJpeg(adobe), AsJpeg(Noise(300, 200)).insert(2, onItsSide), otherColours,
-                                 AsJpeg(Noise(300, 200).convertToFormat(QImage::Format_Grayscale8)), tooFine}) {
+  for (const QByteArray& jpeg :
+       {AsJpeg(adobe), AsJpeg(Noise(300, 200)).insert(2, onItsSide), otherColours,
+        AsJpeg(Noise(300, 200).convertToFormat(QImage::Format_Grayscale8)), tooFine}) {
     const QByteArray sheet = Sheet(jpeg);
     EXPECT_FALSE(sheet.contains(ScanOf(jpeg)));
     EXPECT_GT(sheet.size(), 30000) << "a picture of noise";
@@ -102,7 +104,8 @@ TEST_F(SheetPicturesTest, JpegIsReducedAsOtherFormatsAre) {
   scene.save(&buffer, "png");
   machine_.WriteFile("C:\\foto.png", png.toStdString());
   machine_.WriteFile("C:\\foto.jpg", AsJpeg(scene).toStdString());
-  for (const QSize size : {QSize(1199, 899), QSize(1000, 900), QSize(601, 333), QSize(170, 77), QSize(1, 3)}) {
+  for (const QSize size :
+       {QSize(1199, 899), QSize(1000, 900), QSize(601, 333), QSize(170, 77), QSize(1, 3)}) {
     const auto decoded = [&](const char* name) {
       return dynamic_cast<const QtPicture&>(*loader_.LoadPicture(name)).Decode(size);
     };
