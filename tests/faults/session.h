@@ -116,7 +116,8 @@ class Session {
     afterStep("start");
     for (const auto& [command, deeds] : kVisits) {
       deeds_ = deeds;
-      windows.UserEvent([&] { program.form1.form.Menu(command).Click(); });
+      MenuItem& entry = program.form1.form.Menu(command);
+      windows.UserEvent([&] { entry.Click(); });
       if (windows.Ended()) return;
       afterStep(command);
     }

@@ -48,12 +48,14 @@ int NumberTold(const Work& work) try {
   return kOtherFailure;
 }
 
-// The error of the call that was begun last, 0 for none. Memory, locks, modes and the end are let through.
+// The error of the call that was begun last, 0 for none. Memory, locks, modes, the end, and what
+// the sanitizers ask at each exception, are let through.
 int ErrorOf(const std::vector<std::uint64_t>& calls, const Blow& blow) {
   const auto call = calls.empty() ? SYS_exit_group : calls.back();
   if (call == SYS_renameat2 && std::count(calls.begin(), calls.end(), call) == 1 && blow.renaming != 0)
     return blow.renaming;
-  constexpr std::array kLetThrough = {SYS_exit_group, SYS_futex, SYS_brk, SYS_mmap, SYS_munmap, SYS_fchmod};
+  constexpr std::array kLetThrough = {SYS_exit_group, SYS_futex,  SYS_brk,        SYS_mmap,
+                                      SYS_munmap,     SYS_fchmod, SYS_sigaltstack};
   const bool hits = calls.size() == blow.call &&
                     std::find(kLetThrough.begin(), kLetThrough.end(), call) == kLetThrough.end();
   return hits ? blow.error : 0;

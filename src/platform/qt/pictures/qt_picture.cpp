@@ -135,7 +135,9 @@ QImage PictureCache::Image(const PicturePtr& picture, QSize pixels, Pixels which
 
   const auto* decodable = dynamic_cast<const QtPicture*>(picture.get());
   entry.image = QImage();
-  entry.image = decodable ? decodable->Decode(pixels) : QImage();
+  if (decodable != nullptr) {
+    entry.image = which == Pixels::ForPaper ? decodable->DecodeForPaper(pixels) : decodable->Decode(pixels);
+  }
   entry.pixels = pixels;
   const QImage image = entry.image;
   DropUnused();

@@ -90,6 +90,7 @@ class SvgPicture : public QtPicture {
 
 enum class Pixels {
   Exact,      // as many as asked for
+  ForPaper,   // the same, with their JPEG along if they have one
   AsLastTime  // those of the last painting, where there was one: for a size that won't stay
 };
 
