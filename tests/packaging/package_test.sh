@@ -78,8 +78,8 @@ CheckFields() {
 
 CheckContents() {
   local file
-  for file in bin/morvane bin/morvane-print libexec/morvane/morvane-decode; do
-    [[ -x "$usr/$file" ]] || Fail "no program $file"
+  for file in bin/morvane bin/morvane-print libexec/morvane/morvane-decode libexec/morvane/plugins/imageformats/morvane-jpeg.so; do
+    [[ -s "$usr/$file" ]] || Fail "no $file"
     ! readelf -S "$usr/$file" | grep -q '\.debug_info' || Fail "$file is not stripped"
   done
   for file in applications/morvane.desktop icons/hicolor/scalable/apps/morvane.svg mime/packages/morvane.xml \
@@ -106,6 +106,10 @@ Print() {
   (AsUser "$1" morvane-print "$usr/share/morvane/CD - Fronte e retro.mvne" --picture 1="$work/fronte.jpg" \
     --picture 2="$work/cover.iff" --pdf foglio.pdf) || Fail "morvane-print"
   [[ "$(pdfimages -list "$work/$1/foglio.pdf" | grep -c ' image ')" -eq 2 ]] || Fail "two pictures on the sheet"
+  convert -size 90x90 plasma: "$work/plasma.jpg"
+  (AsUser "$1" morvane-print --picture 1="$work/plasma.jpg" --pdf plasma.pdf) || Fail "morvane-print of a small picture"
+  pdfimages -all "$work/$1/plasma.pdf" "$work/plasma"
+  cmp <(tail -c 500 "$work/plasma.jpg") <(tail -c 500 "$work/plasma-000.jpg") || Fail "not the picture's own bytes"
 }
 
 StartDisplay() {

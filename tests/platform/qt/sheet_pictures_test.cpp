@@ -80,10 +80,14 @@ TEST_F(SheetPicturesTest, JpegThatASheetWouldShowOtherwiseIsEncodedAnew) {
   otherColours.insert(2, QByteArray("\xFF\xEE\0\x0E"
                                     "Adobe\0\x64\0\0\0\0\0",
                                     16));
+  const QByteArray plain = AsJpeg(Noise(300, 200));
+  const QByteArray cutOff = plain.left(plain.size() * 9 / 10);
+  const QByteArray filledUp = QByteArray(plain).insert(2, "\xFF");
+  const QByteArray hiddenFrame = QByteArray(plain).insert(2, QByteArray("\xFF\xD0\0\x04\0\0", 6));
   const QByteArray tooFine = AsJpeg(Noise(1300, 1300));
-  for (const QByteArray& jpeg :
-       {AsJpeg(adobe), AsJpeg(Noise(300, 200)).insert(2, onItsSide), otherColours,
-        AsJpeg(Noise(300, 200).convertToFormat(QImage::Format_Grayscale8)), tooFine}) {
+  for (const QByteArray& jpeg : {AsJpeg(adobe), AsJpeg(Noise(300, 200)).insert(2, onItsSide), otherColours,
+                                 AsJpeg(Noise(300, 200).convertToFormat(QImage::Format_Grayscale8)), cutOff,
+                                 filledUp, hiddenFrame, tooFine}) {
     const QByteArray sheet = Sheet(jpeg);
     EXPECT_FALSE(sheet.contains(ScanOf(jpeg)));
     EXPECT_GT(sheet.size(), 30000) << "a picture of noise";

@@ -12,12 +12,12 @@
 // After <cstdio>, which it lacks.
 #include <jpeglib.h>
 
+#include "platform/qt/pictures/picture_limits.h"
 #include "platform/qt/pictures/pixel_average.h"
 
 namespace Morvane {
 namespace {
 
-constexpr uchar kFirstFrame = 0xC0;
 constexpr uchar kLastColourFrame = 0xC2;  // baseline, extended and progressive
 constexpr uchar kTables = 0xC4;
 constexpr uchar kLastFrame = 0xCF;
@@ -27,6 +27,7 @@ constexpr uchar kProfile = 0xE2;
 constexpr uchar kAdobe = 0xEE;
 constexpr uchar kLastApplication = 0xEF;
 constexpr uchar kComment = 0xFE;
+constexpr uchar kFill = 0xFF;
 
 bool HoldsThreeColours(const QByteArray& frame) {
   constexpr int kComponents = 6;  // each of three bytes, its number first
@@ -70,7 +71,7 @@ std::optional<Head> HeadOf(const QByteArray& file) {
     const auto marker = static_cast<uchar>(file.at(head.size + 1));
     const qsizetype length = qFromBigEndian<quint16>(file.constData() + head.size + 2);
     if (marker == kScan) return head;
-    if (marker < kFirstFrame || length < 2) return {};
+    if (marker == kFill || !HasJpegLength(marker) || length < 2) return {};
     const Segment kind = KindOf(marker, file.mid(head.size + 4, length - 2));
     if (kind == Segment::NotPlain) return {};
     if (kind == Segment::OfThePicture) head.ofThePicture += file.mid(head.size, 2 + length);
@@ -123,7 +124,7 @@ bool DecodeRows(const QByteArray& file, int part, QSize size, QImage& image) {
   jpeg_mem_src(&decoder, reinterpret_cast<const uchar*>(file.constData()),
                static_cast<unsigned long>(file.size()));
   jpeg_read_header(&decoder, TRUE);
-  decoder.out_color_space = JCS_EXT_BGRX;
+  decoder.out_color_space = JCS_EXT_BGRA;
   decoder.scale_denom = static_cast<unsigned>(part);
   jpeg_start_decompress(&decoder);
   if (QSize(static_cast<int>(decoder.output_width), static_cast<int>(decoder.output_height)) != size) {
@@ -161,10 +162,13 @@ QByteArray EncodeJpeg(const QImage& image, int quality) {
   Errors errors{};
   jpeg_compress_struct encoder{};
   PrepareErrors(encoder, errors);
-  const std::unique_ptr<uchar*, void (*)(uchar**)> owned(&bytes, [](uchar** made) { std::free(*made); });
+  std::unique_ptr<uchar*, void (*)(uchar**)> owned(&bytes, [](uchar** made) { std::free(*made); });
   const std::unique_ptr<jpeg_compress_struct, void (*)(jpeg_compress_struct*)> made(&encoder,
                                                                                     jpeg_destroy_compress);
-  if (setjmp(errors.giveUp) != 0) return {};
+  if (setjmp(errors.giveUp) != 0) {
+    owned.release();  // the library may have freed them already
+    return {};
+  }
   jpeg_create_compress(&encoder);
   jpeg_mem_dest(&encoder, &bytes, &size);
   encoder.image_width = static_cast<JDIMENSION>(pixels.width());
@@ -191,9 +195,10 @@ QByteArray CarriedJpeg(const QImage& image) {
   return image.text(KeyOf(image)).toLatin1();
 }
 
-QByteArray BarePicture(const QByteArray& plainJpeg) {
-  const auto head = HeadOf(plainJpeg);
-  return head ? head->ofThePicture + plainJpeg.mid(head->size) : QByteArray();
+QByteArray BarePicture(const QByteArray& jpeg) {
+  const auto head = HeadOf(jpeg);
+  const bool whole = jpeg.endsWith("\xFF\xD9");
+  return head && whole ? head->ofThePicture + jpeg.mid(head->size) : QByteArray();
 }
 
 void InstallJpegWriter() {

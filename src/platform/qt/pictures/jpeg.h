@@ -9,8 +9,7 @@ namespace Morvane {
 bool IsPlainJpeg(const QByteArray& file);
 
 // A plain JPEG of `fileSize`, without the rotation that it may record, averaged to the smaller `size` while
-// it is decoded. Null when the decoder gives up; of a file that ends too soon the
-// rest is grey.
+// it is decoded. Null when the decoder gives up; where a file ends too soon the rest is grey.
 QImage DecodeJpeg(const QByteArray& file, QSize fileSize, QSize size);
 
 // Eight bits, colours at half the resolution; quality from 1 to 100. Empty when it cannot be encoded.
@@ -23,11 +22,11 @@ void CarryJpeg(QImage& image, const QByteArray& jpeg);
 // Empty when there is none, or when the image was cut or stretched since.
 QByteArray CarriedJpeg(const QImage& image);
 
-// A plain file without all that cameras write into it but the picture.
-QByteArray BarePicture(const QByteArray& plainJpeg);
+// The file without all that cameras write into it but the picture. Empty when it is not plain or not whole.
+QByteArray BarePicture(const QByteArray& jpeg);
 
 // Lets the toolkit find the writer of JPEG. Called once, when the application is there and no picture was
-// read yet; without it sheets are the same, only slower made and their JPEG pictures encoded once more.
+// read yet; without it sheets are made more slowly, and each of their pictures is encoded once more.
 void InstallJpegWriter();
 
 }  // namespace Morvane

@@ -7,7 +7,7 @@ namespace Morvane {
 namespace {
 
 constexpr qint64 kMostPixels = qint64{64} << 20;
-constexpr qint64 kMostJpegPixels = qint64{128} << 20;  // decoded in eighths, so they cost less
+constexpr qint64 kMostJpegPixels = qint64{128} << 20;  // mostly decoded in parts or row by row
 constexpr qint64 kMostPixelsInScans = qint64{1024} << 20;
 
 constexpr uchar kFirstWithLength = 0xC0;
@@ -16,12 +16,12 @@ constexpr uchar kStart = 0xD8;
 constexpr uchar kEnd = 0xD9;
 constexpr uchar kScan = 0xDA;
 
+}  // namespace
+
 // Restarts and the start of the picture stand alone; all else from C0 on has its length behind it.
-bool HasLength(uchar marker) {
+bool HasJpegLength(uchar marker) {
   return marker >= kFirstWithLength && (marker < kRestart0 || marker > kStart);
 }
-
-}  // namespace
 
 // As the decoder goes: whatever stands between two markers is skipped, the data of a scan and garbage alike.
 // A segment, such as one with a thumbnail, is skipped by its length.
@@ -37,7 +37,7 @@ JpegExtent ExtentOfJpeg(const QByteArray& bytes) {
       return extent;
     }
     if (marker == kScan) ++extent.scans;
-    if (!HasLength(marker)) continue;
+    if (!HasJpegLength(marker)) continue;
     if (at + 2 > bytes.size()) return extent;
     at += std::max<qsizetype>(2, qFromBigEndian<quint16>(bytes.constData() + at));
   }

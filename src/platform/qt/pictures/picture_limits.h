@@ -11,6 +11,9 @@ struct JpegExtent {
   qsizetype scans = 0;  // passes over the pixels
 };
 
+// Whether the length of a segment stands behind this marker, the byte after FF.
+bool HasJpegLength(uchar marker);
+
 JpegExtent ExtentOfJpeg(const QByteArray& bytes);
 
 // True when decoding a picture could take more than two seconds or 1.5 GiB: more pixels than a camera makes,

@@ -74,11 +74,12 @@ QImage FilePicture::Decode(QSize pixels) const {
 
 QImage FilePicture::DecodeForPaper(QSize pixels) const {
   QImage image = Decode(pixels);
-  if (image.isNull() || image.hasAlphaChannel()) return image;
+  // Black and white is stored as such.
+  if (image.isNull() || image.hasAlphaChannel() || image.depth() == 1) return image;
   image.convertTo(QImage::Format_RGB32);
   const bool asInFile = image.size() == size_ && rotation_ == QImageIOHandler::TransformationNone;
-  const bool fileWillDo = asInFile && IsPlainJpeg(bytes_);
-  CarryJpeg(image, fileWillDo ? BarePicture(bytes_) : EncodeJpeg(image, kSheetQuality));
+  const QByteArray own = asInFile ? BarePicture(bytes_) : QByteArray();
+  CarryJpeg(image, own.isEmpty() ? EncodeJpeg(image, kSheetQuality) : own);
   return image;
 }
 

@@ -92,8 +92,12 @@ PicturePtr LoadPixels(const std::string& path, std::string file, PictureCheck ch
   const bool isJpeg = format == "jpeg" || format == "jpg";
   const JpegExtent extent = isJpeg ? ExtentOfJpeg(bytes) : JpegExtent{bytes.size(), 0};
   if (CostsTooMuch(size, extent.scans)) throw Bad(path, "è troppo grande.");
-  file.resize(static_cast<std::size_t>(extent.end));
-  auto picture = std::make_shared<FilePicture>(std::move(file), size, reader.transformation(), index);
+  const auto rotation = reader.transformation();
+  if (extent.end < bytes.size()) {
+    file.resize(static_cast<std::size_t>(extent.end));
+    file.shrink_to_fit();
+  }
+  auto picture = std::make_shared<FilePicture>(std::move(file), size, rotation, index);
   if (check == PictureCheck::Whole && !picture->CanBeDecoded()) throw DamagedPicture(path);
   return picture;
 }

@@ -53,6 +53,13 @@ QSizeF SheetMm(const QPrinter& printer) {
   return printer.pageLayout().pageSize().size(QPageSize::Millimeter);
 }
 
+// For a printer that took another's place: the toolkit keeps the sheet of the one before, even one that this
+// one does not take.
+void TakeFittingSheet(QPrinter& printer) {
+  const QPageSize kept = printer.pageLayout().pageSize();
+  if (!QPrinterInfo(printer).supportedPageSizes().contains(kept)) TakeOwnSheet(printer);
+}
+
 // Puts the origin at the corner of the printable area and makes a unit a twip. The sheet always goes to the
 // spooler in portrait with the drawing turned on it: which way a spooler turns a landscape sheet, and so
 // which margins meet its corner, differs from queue to queue.
@@ -143,10 +150,7 @@ PrintDialogAnswer QtPrinterDevice::ShowPrinterDialog(const PrintDialogRequest& r
   PrintDialogAnswer answer;
   answer.accepted = dialog.exec() == QDialog::Accepted;
   if (answer.accepted) {
-    // The toolkit keeps the sheet of the printer before, even one that the printer chosen now does not take.
-    const QPageSize kept = printer_->pageLayout().pageSize();
-    if (printer_->printerName() != before && !QPrinterInfo(*printer_).supportedPageSizes().contains(kept))
-      TakeOwnSheet(*printer_);
+    if (printer_->printerName() != before) TakeFittingSheet(*printer_);
     answer.copies = printer_->copyCount();
     const bool chosen = printer_->pageLayout().orientation() == QPageLayout::Landscape;
     orientation = chosen ? PageOrientation::Landscape : PageOrientation::Portrait;
@@ -181,7 +185,9 @@ void QtPrinterDevice::SendPage(const DrawingList& page, PageOrientation orientat
 // Without a correction, at the printer that the dialog shows but has not yet taken.
 void QtPrinterDevice::PrintCalibrationSheet(const QString& printer) {
   const QString chosen = printer_->printerName();
+  const QPageSize sheetOfChosen = printer_->pageLayout().pageSize();
   printer_->setPrinterName(printer);
+  if (printer != chosen) TakeFittingSheet(*printer_);
   const QMarginsF margins = MarginsMm(*printer_);
   const QSizeF size = SheetMm(*printer_).shrunkBy(margins);
   const QtTextMetrics metrics;
@@ -190,6 +196,7 @@ void QtPrinterDevice::PrintCalibrationSheet(const QString& printer) {
   DrawCalibrationSheet(sheet, margins.left(), margins.top(), size.width(), size.height());
   PrintPage(sheet.Drawing(), PageOrientation::Portrait, "Foglio di taratura", {});
   printer_->setPrinterName(chosen);
+  printer_->setPageSize(sheetOfChosen);
 }
 
 void QtPrinterDevice::PrintPage(const DrawingList& page, PageOrientation orientation,
