@@ -21,7 +21,7 @@
 #include "platform/qt/painting/font_stand_ins.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/artwork.h"
-#include "platform/qt/pictures/jpeg.h"
+#include "platform/qt/pictures/format_modules.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "platform/qt/printing/qt_printer_device.h"
 #include "platform/qt/views/program_style.h"
@@ -63,7 +63,7 @@ int main(int argc, char** argv) {
   RaiseFileLimit();
   const std::future<void> fontRules = ReadFontRules();
   QApplication application(argc, argv);
-  InstallJpegWriter();
+  InstallJpegWriter(OtherFormats::Found);
   QApplication::setStyle(std::make_unique<ProgramStyle>().release());  // the application owns its style
   QApplication::setApplicationName("Morvane");
   QApplication::setDesktopFileName("morvane");

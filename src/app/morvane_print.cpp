@@ -18,7 +18,7 @@
 #include "platform/files/file_system.h"
 #include "platform/qt/painting/font_stand_ins.h"
 #include "platform/qt/painting/qt_text_metrics.h"
-#include "platform/qt/pictures/jpeg.h"
+#include "platform/qt/pictures/format_modules.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "platform/qt/printing/pdf_file_writer.h"
 #include "platform/qt/printing/qt_printer_device.h"
@@ -222,7 +222,8 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const std::future<void> fontRules = ReadFontRules();
     const QGuiApplication application(argc, argv);
-    InstallJpegWriter();
+    // A queue needs modules of other kinds.
+    InstallJpegWriter(arguments.printer.empty() ? OtherFormats::WhenWanted : OtherFormats::Found);
     fontRules.wait();
     InstallFontStandIns();
     return Print(arguments);

@@ -4,6 +4,7 @@
 #include <QBuffer>
 #include <QColorSpace>
 #include <QElapsedTimer>
+#include <QImageReader>
 #include <QPainter>
 #include <atomic>
 #include <fstream>
@@ -87,20 +88,46 @@ TEST_F(QtPictureTest, ReadsAGifAndABitmapWithoutFileHeader) {
   }
 }
 
-// As a camera held upright tells it: the first row of pixels is the right side.
-TEST_F(QtPictureTest, RecordedRotationIsAppliedToSizeAndPixels) {
-  const std::string turned(
-      "\xFF\xE1\0\x22"
-      "Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0\x06\0\0\0\0\0\0",
-      36);
-  const PicturePtr picture = Load("foto.jpg", Encoded(TwoHalves(640, 320), "jpg").insert(2, turned));
-  EXPECT_EQ(picture->WidthTwips(), 320 * 15);
-  EXPECT_EQ(picture->HeightTwips(), 640 * 15);
-  for (const QSize size : {QSize(40, 100), QSize(300, 600)}) {  // from the overview and from the file
-    const QImage image = Decoded(picture, size.width(), size.height());
-    ASSERT_EQ(image.size(), size);
-    EXPECT_GT(qRed(image.pixel(size.width() / 2, size.height() / 10)), 200);
-    EXPECT_GT(qBlue(image.pixel(size.width() / 2, size.height() * 9 / 10)), 200);
+// As cameras of both byte orders tell how they were held.
+TEST_F(QtPictureTest, RecordedRotationIsAppliedToSizeAndPixelsAsTheToolkitDoes) {
+  QImage photo = TwoHalves(640, 320);
+  QPainter(&photo).fillRect(0, 0, 640, 100, Qt::green);
+  const std::string jpeg = Encoded(photo, "jpg");
+  for (char held = 0; held <= 9; ++held) {
+    std::string big(
+        "\xFF\xE1\0\x22"
+        "Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0\0\0\0\0\0\0\0",
+        36);
+    std::string little(
+        "\xFF\xE1\0\x2E"
+        "Exif\0\0II*"
+        "\0\x08\0\0\0\x02\0\0\x01\x03\0\x01\0\0\0\x05\0\0\0\x12\x01\x03\0\x01\0\0\0\0\0\0\0\0\0\0\0",
+        48);
+    big[29] = little[40] = held;
+    for (const std::string& notes : {big, little}) {
+      const std::string file = std::string(jpeg).insert(2, notes);
+      QByteArray bytes = QByteArray::fromStdString(file);
+      QBuffer buffer(&bytes);
+      QImageReader reader(&buffer, "jpeg");
+      reader.setAutoTransform(true);
+      const QImage expected = reader.read();
+      const PicturePtr picture = Load("foto.jpg", file);
+      EXPECT_EQ(picture->WidthTwips(), expected.width() * 15) << int{held};
+      for (const double size : {1.0, 0.5, 0.1}) {  // from the file and from the overview
+        const QSize wanted = (QSizeF(expected.size()) * size).toSize();
+        const QImage seen = Decoded(picture, wanted.width(), wanted.height());
+        ASSERT_EQ(seen.size(), wanted);
+        for (const QPointF at :
+             {QPointF(0.1, 0.1), QPointF(0.9, 0.1), QPointF(0.1, 0.9), QPointF(0.9, 0.9)}) {
+          const QColor pixel =
+              seen.pixelColor(QPointF(at.x() * wanted.width(), at.y() * wanted.height()).toPoint());
+          const QColor original =
+              expected.pixelColor(QPointF(at.x() * expected.width(), at.y() * expected.height()).toPoint());
+          EXPECT_NEAR(pixel.red(), original.red(), 6) << int{held};
+          EXPECT_NEAR(pixel.green(), original.green(), 6) << int{held};
+        }
+      }
+    }
   }
 }
 

@@ -1,14 +1,15 @@
 #include "platform/qt/pictures/jpeg.h"
 
 #include <QColorSpace>
-#include <QCoreApplication>
-#include <QFileInfo>
+#include <QDataStream>
 #include <QtEndian>
+#include <array>
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <optional>
+#include <utility>
 // After <cstdio>, which it lacks.
 #include <jpeglib.h>
 
@@ -18,21 +19,64 @@
 namespace Morvane {
 namespace {
 
-constexpr uchar kLastColourFrame = 0xC2;  // baseline, extended and progressive
+constexpr uchar kFirstFrame = 0xC0;  // baseline, extended and progressive
+constexpr uchar kLastColourFrame = 0xC2;
 constexpr uchar kTables = 0xC4;
 constexpr uchar kLastFrame = 0xCF;
 constexpr uchar kScan = 0xDA;
 constexpr uchar kFirstApplication = 0xE0;
+constexpr uchar kNotes = 0xE1;
 constexpr uchar kProfile = 0xE2;
 constexpr uchar kAdobe = 0xEE;
 constexpr uchar kLastApplication = 0xEF;
 constexpr uchar kComment = 0xFE;
 constexpr uchar kFill = 0xFF;
+const QByteArray kExif("Exif\0\0", 6);
+
+bool IsFrame(uchar marker) {
+  return marker >= kFirstFrame && marker <= kLastColourFrame;
+}
 
 bool HoldsThreeColours(const QByteArray& frame) {
   constexpr int kComponents = 6;  // each of three bytes, its number first
   return frame.size() == kComponents + 3 * 3 && frame.at(0) == 8 && frame.at(5) == 3 && frame.at(6) == 1 &&
          frame.at(9) == 2 && frame.at(12) == 3;
+}
+
+QSize SizeIn(const QByteArray& frame) {
+  return {qFromBigEndian<quint16>(frame.constData() + 3), qFromBigEndian<quint16>(frame.constData() + 1)};
+}
+
+// How the camera was held: an entry of the first directory of its notes. Reading past their end gives zeros.
+QImageIOHandler::Transformations RotationIn(const QByteArray& notes) {
+  constexpr quint32 kHeader = 8;
+  constexpr quint16 kOrientation = 0x0112;
+  using Handler = QImageIOHandler;
+  constexpr std::array<Handler::Transformation, 9> kMeanings = {
+      Handler::TransformationNone,     Handler::TransformationNone,
+      Handler::TransformationMirror,   Handler::TransformationRotate180,
+      Handler::TransformationFlip,     Handler::TransformationFlipAndRotate90,
+      Handler::TransformationRotate90, Handler::TransformationMirrorAndRotate90,
+      Handler::TransformationRotate270};
+  const QByteArray bytes = notes.mid(kExif.size());
+  QDataStream stream(bytes);
+  if (bytes.startsWith("II")) stream.setByteOrder(QDataStream::LittleEndian);
+  quint32 order = 0;
+  quint32 directory = 0;
+  quint16 entries = 0;
+  stream >> order >> directory;
+  if (directory < kHeader || directory > bytes.size()) return {};
+  stream.skipRawData(static_cast<int>(directory - kHeader));
+  for (stream >> entries; entries > 0 && !stream.atEnd(); --entries) {
+    quint16 tag = 0;
+    quint16 type = 0;
+    quint32 count = 0;
+    quint16 value = 0;
+    quint16 unused = 0;
+    stream >> tag >> type >> count >> value >> unused;
+    if (tag == kOrientation && value < kMeanings.size()) return kMeanings.at(value);
+  }
+  return {};
 }
 
 bool IsSrgb(const QByteArray& profile) {
@@ -54,26 +98,32 @@ Segment KindOf(uchar marker, const QByteArray& content) {
   if (marker >= kFirstApplication && marker <= kLastApplication) return Segment::OfTheCamera;
   if (marker == kComment) return Segment::OfTheCamera;
   if (marker == kTables || marker > kLastFrame) return Segment::OfThePicture;
-  return plainIf(marker <= kLastColourFrame && HoldsThreeColours(content), Segment::OfThePicture);
+  return plainIf(IsFrame(marker) && HoldsThreeColours(content), Segment::OfThePicture);
 }
 
 // What stands before the pixels.
 struct Head {
   QByteArray ofThePicture;
   qsizetype size;  // bytes in the file
+  PlainJpeg tells;
 };
 
 // Nothing when the file is not plain.
 std::optional<Head> HeadOf(const QByteArray& file) {
   if (!file.startsWith("\xFF\xD8")) return {};
-  Head head{file.left(2), 2};
+  Head head{file.left(2), 2, {}};
+  bool noted = false;
   while (head.size + 4 <= file.size() && file.at(head.size) == '\xFF') {
     const auto marker = static_cast<uchar>(file.at(head.size + 1));
     const qsizetype length = qFromBigEndian<quint16>(file.constData() + head.size + 2);
-    if (marker == kScan) return head;
+    if (marker == kScan) return head.tells.size.isEmpty() ? std::nullopt : std::optional(head);
     if (marker == kFill || !HasJpegLength(marker) || length < 2) return {};
-    const Segment kind = KindOf(marker, file.mid(head.size + 4, length - 2));
+    const QByteArray content = file.mid(head.size + 4, length - 2);
+    const Segment kind = KindOf(marker, content);
     if (kind == Segment::NotPlain) return {};
+    if (IsFrame(marker)) head.tells.size = SizeIn(content);
+    if (marker == kNotes && content.startsWith(kExif) && !std::exchange(noted, true))
+      head.tells.rotation = RotationIn(content);
     if (kind == Segment::OfThePicture) head.ofThePicture += file.mid(head.size, 2 + length);
     head.size += 2 + length;
   }
@@ -145,8 +195,9 @@ QString KeyOf(const QImage& image) {
 
 }  // namespace
 
-bool IsPlainJpeg(const QByteArray& file) {
-  return HeadOf(file).has_value();
+std::optional<PlainJpeg> ReadPlainJpeg(const QByteArray& file) {
+  const auto head = HeadOf(file);
+  return head ? std::optional(head->tells) : std::nullopt;
 }
 
 QImage DecodeJpeg(const QByteArray& file, QSize fileSize, QSize size) {
@@ -199,13 +250,6 @@ QByteArray BarePicture(const QByteArray& jpeg) {
   const auto head = HeadOf(jpeg);
   const bool whole = jpeg.endsWith("\xFF\xD9");
   return head && whole ? head->ofThePicture + jpeg.mid(head->size) : QByteArray();
-}
-
-void InstallJpegWriter() {
-  const QString folder = QCoreApplication::applicationDirPath();
-  for (const char* place : {"/plugins", "/../libexec/morvane/plugins"}) {
-    if (QFileInfo(folder + place).isDir()) return QCoreApplication::addLibraryPath(folder + place);
-  }
 }
 
 }  // namespace Morvane

@@ -2,14 +2,24 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QImageIOHandler>
+#include <QSize>
+#include <optional>
 
 namespace Morvane {
 
-// True for the files of most cameras: three colours of eight bits, sRGB as far as they tell.
-bool IsPlainJpeg(const QByteArray& file);
+// What the head of a plain JPEG tells.
+struct PlainJpeg {
+  QSize size;  // of the pixels in the file
+  QImageIOHandler::Transformations rotation;
+};
 
-// A plain JPEG of `fileSize`, without the rotation that it may record, averaged to the smaller `size` while
-// it is decoded. Null when the decoder gives up; where a file ends too soon the rest is grey.
+// Most cameras' files are plain: three colours of eight bits, sRGB as far as they tell. Nothing for any
+// other.
+std::optional<PlainJpeg> ReadPlainJpeg(const QByteArray& file);
+
+// A plain JPEG of `fileSize`, without the rotation that it may record, averaged to `size`, which is no
+// larger, while it is decoded. Null when the decoder gives up; where a file ends too soon the rest is grey.
 QImage DecodeJpeg(const QByteArray& file, QSize fileSize, QSize size);
 
 // Eight bits, colours at half the resolution; quality from 1 to 100. Empty when it cannot be encoded.
@@ -24,9 +34,5 @@ QByteArray CarriedJpeg(const QImage& image);
 
 // The file without all that cameras write into it but the picture. Empty when it is not plain or not whole.
 QByteArray BarePicture(const QByteArray& jpeg);
-
-// Lets the toolkit find the writer of JPEG. Called once, when the application is there and no picture was
-// read yet; without it sheets are made more slowly, and each of their pictures is encoded once more.
-void InstallJpegWriter();
 
 }  // namespace Morvane

@@ -3,6 +3,13 @@
 #include <algorithm>
 #include <cstring>
 
+// Compiled twice, of which the program takes the wider form where the processor has it.
+#if defined(__x86_64__) && !defined(MORVANE_SANITIZE)
+#define MORVANE_WIDER __attribute__((target_clones("avx2", "default")))
+#else
+#define MORVANE_WIDER
+#endif
+
 namespace Morvane {
 namespace {
 
@@ -11,6 +18,15 @@ constexpr int kWhole = 256;
 // Where a pixel of the larger side begins on the smaller one, in 256ths of a pixel.
 int PlaceOf(int pixel, int from, int to) {
   return static_cast<int>((std::int64_t{pixel} * to * kWhole + from / 2) / from);
+}
+
+MORVANE_WIDER void AddWeighted(std::uint16_t* sums, const std::uint8_t* row, std::size_t count, int weight) {
+  for (std::size_t i = 0; i < count; ++i) sums[i] = static_cast<std::uint16_t>(sums[i] + row[i] * weight);
+}
+
+MORVANE_WIDER void Round(std::uint16_t* sums, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i)
+    sums[i] = static_cast<std::uint16_t>((sums[i] + kWhole / 2) / kWhole);
 }
 
 }  // namespace
@@ -40,10 +56,7 @@ void PixelAverage::Add(const std::uint8_t* row) {
   const int end = PlaceOf(++rows_, from_.height(), to_.height());
   while (begin < end) {
     const int edge = std::min(end, (finished_ + 1) * kWhole);
-    const auto weight = static_cast<std::uint16_t>(edge - begin);
-    for (std::size_t i = 0; i < sums_.size(); ++i) {
-      sums_[i] = static_cast<std::uint16_t>(sums_[i] + row[i] * weight);
-    }
+    AddWeighted(sums_.data(), row, sums_.size(), edge - begin);
     begin = edge;
     if (edge == (finished_ + 1) * kWhole) Finish();
   }
@@ -53,7 +66,7 @@ void PixelAverage::Add(const std::uint8_t* row) {
 // one multiplication is for all of them.
 void PixelAverage::Finish() {
   constexpr std::uint64_t kHalf = 0x0080008000800080;
-  for (std::uint16_t& sum : sums_) sum = static_cast<std::uint16_t>((sum + kWhole / 2) / kWhole);
+  Round(sums_.data(), sums_.size());
   auto* pixel = reinterpret_cast<QRgb*>(to_.scanLine(finished_++));
   const int taps = taps_;
   const std::uint16_t* weight = weights_.data();

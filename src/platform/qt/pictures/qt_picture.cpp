@@ -8,6 +8,7 @@
 #include <QThreadPool>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/qt/pictures/jpeg.h"
 #include "platform/units.h"
@@ -40,13 +41,10 @@ QImage Turned(const QImage& image, QImageIOHandler::Transformations rotation) {
 
 }  // namespace
 
-FilePicture::FilePicture(std::string file, QSize size, QImageIOHandler::Transformations rotation, int index)
-    : file_(std::move(file)),
-      bytes_(QByteArray::fromRawData(file_.data(), static_cast<qsizetype>(file_.size()))),
-      size_(size),
-      rotation_(rotation),
-      turned_(rotation.testFlag(QImageIOHandler::TransformationRotate90)),
-      index_(index) {}
+FilePicture::FilePicture(std::string file, const Facts& facts, KeptBytes::Stay stay)
+    : file_(std::move(file), stay),
+      facts_(facts),
+      turned_(facts.rotation.testFlag(QImageIOHandler::TransformationRotate90)) {}
 
 const QImage& FilePicture::Overview() const {
   std::call_once(overviewDecoded_, [this] { overview_ = DecodeFile(OverviewSize()); });
@@ -54,17 +52,17 @@ const QImage& FilePicture::Overview() const {
 }
 
 QSize FilePicture::OverviewSize() const {
-  const QSizeF size = turned_ ? size_.transposed() : size_;
+  const QSizeF size = turned_ ? facts_.size.transposed() : facts_.size;
   const double share = kMostOverviewPixels / (size.width() * size.height());
   return share >= 1 ? size.toSize() : (size * std::sqrt(share)).toSize().expandedTo(QSize(1, 1));
 }
 
 double FilePicture::WidthTwips() const {
-  return kTwipsPerPixel * (turned_ ? size_.height() : size_.width());
+  return kTwipsPerPixel * (turned_ ? facts_.size.height() : facts_.size.width());
 }
 
 double FilePicture::HeightTwips() const {
-  return kTwipsPerPixel * (turned_ ? size_.width() : size_.height());
+  return kTwipsPerPixel * (turned_ ? facts_.size.width() : facts_.size.height());
 }
 
 QImage FilePicture::Decode(QSize pixels) const {
@@ -77,23 +75,25 @@ QImage FilePicture::DecodeForPaper(QSize pixels) const {
   // Black and white is stored as such.
   if (image.isNull() || image.hasAlphaChannel() || image.depth() == 1) return image;
   image.convertTo(QImage::Format_RGB32);
-  const bool asInFile = image.size() == size_ && rotation_ == QImageIOHandler::TransformationNone;
-  const QByteArray own = asInFile ? BarePicture(bytes_) : QByteArray();
+  const bool asInFile = image.size() == facts_.size && facts_.rotation == QImageIOHandler::TransformationNone;
+  const bool isPlain = facts_.format.isEmpty();
+  const QByteArray own = isPlain && asInFile ? BarePicture(file_.InPlace()) : QByteArray();
   CarryJpeg(image, own.isEmpty() ? EncodeJpeg(image, kSheetQuality) : own);
   return image;
 }
 
 QImage FilePicture::DecodeFile(QSize pixels) const {
-  const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(size_);
-  if (size != size_ && IsPlainJpeg(bytes_)) return Turned(DecodeJpeg(bytes_, size_, size), rotation_);
+  const QSize whole = facts_.size;
+  const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(whole);
+  const QByteArray bytes = file_.InPlace();
+  if (facts_.format.isEmpty()) return Turned(DecodeJpeg(bytes, whole, size), facts_.rotation);
   QBuffer buffer;
-  buffer.setData(bytes_);
-  QImageReader reader(&buffer);
-  reader.setDecideFormatFromContent(true);
+  buffer.setData(bytes);
+  QImageReader reader(&buffer, facts_.format);
   reader.setAutoTransform(true);
-  if (index_ > 0) reader.jumpToImage(index_);
+  if (facts_.index > 0) reader.jumpToImage(facts_.index);
   // The reader wants the size before the rotation. Of most of a picture the whole is the quickest.
-  const bool mostOfIt = 2 * size.width() > size_.width() || 2 * size.height() > size_.height();
+  const bool mostOfIt = 2 * size.width() > whole.width() || 2 * size.height() > whole.height();
   if (!mostOfIt) reader.setScaledSize(size);
   return InSrgb(Averaged(reader.read(), turned_ ? size.transposed() : size));
 }

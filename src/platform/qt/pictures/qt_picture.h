@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "platform/picture.h"
+#include "platform/qt/pictures/kept_bytes.h"
 
 class QSvgRenderer;
 
@@ -32,9 +33,14 @@ class QtPicture : public Picture {
 // Decoded anew where more pixels are asked for.
 class FilePicture : public QtPicture {
  public:
-  // `size` is in the file's pixels, before the recorded rotation; `index` tells which of the images in the
-  // file it is.
-  FilePicture(std::string file, QSize size, QImageIOHandler::Transformations rotation, int index);
+  struct Facts {
+    QByteArray format;  // the toolkit's name of it; empty when it is a plain JPEG
+    QSize size;         // in the file's pixels, before the recorded rotation
+    QImageIOHandler::Transformations rotation;
+    int index = 0;  // which of the images in the file it is
+  };
+
+  FilePicture(std::string file, const Facts& facts, KeptBytes::Stay stay);
 
   // Decodes the overview.
   bool CanBeDecoded() const { return !Overview().isNull(); }
@@ -49,12 +55,9 @@ class FilePicture : public QtPicture {
   const QImage& Overview() const;
   QImage DecodeFile(QSize pixels) const;
 
-  const std::string file_;
-  const QByteArray bytes_;  // those of the file, in place
-  const QSize size_;
-  const QImageIOHandler::Transformations rotation_;
+  const KeptBytes file_;
+  const Facts facts_;
   const bool turned_;  // the rotation exchanges the sides
-  const int index_;
   mutable std::once_flag overviewDecoded_;
   mutable QImage overview_;  // made when it is first wanted
 };

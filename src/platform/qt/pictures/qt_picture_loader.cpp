@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/qt/pictures/format_modules.h"
+#include "platform/qt/pictures/jpeg.h"
 #include "platform/qt/pictures/old_formats.h"
 #include "platform/qt/pictures/picture_limits.h"
 #include "platform/qt/pictures/qt_picture.h"
@@ -78,8 +80,10 @@ bool IsKnown(const QByteArray& format) {
   return std::find(kFormats.begin(), kFormats.end(), format) != kFormats.end();
 }
 
-PicturePtr LoadPixels(const std::string& path, std::string file, PictureCheck check) {
-  const QByteArray bytes = InPlace(file);
+// Most files are photos, about which the toolkit need not be asked.
+FilePicture::Facts FactsOf(const std::string& path, const QByteArray& bytes) {
+  if (const auto jpeg = ReadPlainJpeg(bytes)) return {{}, jpeg->size, jpeg->rotation};
+  FindOtherFormats();
   QBuffer buffer;
   buffer.setData(bytes);
   QImageReader reader(&buffer);
@@ -87,17 +91,19 @@ PicturePtr LoadPixels(const std::string& path, std::string file, PictureCheck ch
   const QByteArray format = reader.format();
   if (!IsKnown(format)) throw Bad(path, "è di un formato sconosciuto.");
   const int index = format == "ico" || format == "cur" ? LargestImage(reader, bytes.size()) : 0;
-  const QSize size = reader.size();
-  if (size.isEmpty()) throw DamagedPicture(path);
-  const bool isJpeg = format == "jpeg" || format == "jpg";
+  return {format, reader.size(), reader.transformation(), index};
+}
+
+PicturePtr LoadPixels(const std::string& path, std::string file, PictureCheck check) {
+  const QByteArray bytes = InPlace(file);
+  const FilePicture::Facts facts = FactsOf(path, bytes);
+  if (facts.size.isEmpty()) throw DamagedPicture(path);
+  const bool isJpeg = bytes.startsWith("\xFF\xD8");
   const JpegExtent extent = isJpeg ? ExtentOfJpeg(bytes) : JpegExtent{bytes.size(), 0};
-  if (CostsTooMuch(size, extent.scans)) throw Bad(path, "è troppo grande.");
-  const auto rotation = reader.transformation();
-  if (extent.end < bytes.size()) {
-    file.resize(static_cast<std::size_t>(extent.end));
-    file.shrink_to_fit();
-  }
-  auto picture = std::make_shared<FilePicture>(std::move(file), size, rotation, index);
+  if (CostsTooMuch(facts.size, extent.scans)) throw Bad(path, "è troppo grande.");
+  file.resize(static_cast<std::size_t>(extent.end));
+  const auto stay = check == PictureCheck::Whole ? KeptBytes::Stay::Long : KeptBytes::Stay::Short;
+  auto picture = std::make_shared<FilePicture>(std::move(file), facts, stay);
   if (check == PictureCheck::Whole && !picture->CanBeDecoded()) throw DamagedPicture(path);
   return picture;
 }
