@@ -307,7 +307,15 @@ QImage Painted(const DrawingList& page, double dotsPerInch, QPointF corner = {})
 }
 
 // The window must be as its picture in the documentation.
+void LookInto(Scene& scene, Words words) {  // all lines of it
+  const Sight window = LookAt(scene.Top());
+  for (const QString& line : window.at(words.rest)) scene.Show("    " + line);
+}
+
+// And what no picture of a window shows.
 void TakePicture(Scene& scene, Words words) {
+  LookInto(scene, {"window frame"});
+  LookInto(scene, {"window hands"});
   QWidget& window = Hand::See(scene.Top());
   window.grab();
   Hand::Settle();  // scroll bars come and go after the first painting
@@ -336,11 +344,6 @@ void TellMemory(Scene& scene, Words) {
   const double now = static_cast<double>(resident * sysconf(_SC_PAGESIZE)) / (1 << 20);
   const double growth = now - std::exchange(scene.Megabytes, now);
   scene.Show(growth < kMostGrowth ? "  memory is as before" : QString("  %1 MB more").arg(growth));
-}
-
-void LookInto(Scene& scene, Words words) {  // all lines of it
-  const Sight window = LookAt(scene.Top());
-  for (const QString& line : window.at(words.rest)) scene.Show("    " + line);
 }
 
 // The hand. Controls come first, then places, rows or texts.

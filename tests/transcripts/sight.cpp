@@ -4,7 +4,9 @@
 #include <QApplication>
 #include <QCryptographicHash>
 #include <QFile>
+#include <QGroupBox>
 #include <QHash>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
@@ -67,11 +69,47 @@ QStringList DisabledTools(const QWidget& bar) {
   return names;
 }
 
-QString FontOf(const Font& font) {
-  return QString("%1 %2%3%4")
-      .arg(font.name.c_str())
-      .arg(font.size)
-      .arg(font.bold ? " bold" : "", font.italic ? " italic" : "");
+QString FontOf(const QFont& font) {
+  return QString("%1 %2 px%3%4%5")
+      .arg(font.family())
+      .arg(font.pixelSize())
+      .arg(font.bold() ? " bold" : "", font.italic() ? " italic" : "", font.underline() ? " underlined" : "");
+}
+
+QString CaptionOf(const Control& control, const QWidget& widget) {
+  QString caption = QString::fromStdString(control.Caption());
+  if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget)) caption = button->text();
+  if (const auto* const label = qobject_cast<const QLabel*>(&widget)) caption = label->text();
+  if (const auto* const frame = qobject_cast<const QGroupBox*>(&widget)) caption = frame->title();
+  return caption.replace("\r\n", " / ");
+}
+
+// On the paper of the window, and of the text.
+QString ColoursOf(const QWidget& widget) {
+  return widget.palette().color(QPalette::WindowText).name() + " on " +
+         (widget.autoFillBackground() ? widget.palette().color(QPalette::Window).name() : "the window");
+}
+
+// What the frame of a window offers, and whether the others wait for it.
+QString FrameOf(const QWidget& window) {
+  const std::vector<std::pair<bool, QString>> offers = {
+      {window.windowFlags().testFlag(Qt::WindowMinimizeButtonHint), "minimise"},
+      {window.windowFlags().testFlag(Qt::WindowMaximizeButtonHint), "maximise"},
+      {window.windowFlags().testFlag(Qt::WindowCloseButtonHint), "close"},
+      {window.minimumSize() != window.maximumSize(), "resize"},
+      {window.isModal(), "modal"},
+      {!window.windowIcon().isNull(), "icon"}};
+  QStringList there;
+  for (const auto& [is, offer] : offers) {
+    if (is) there << offer;
+  }
+  return there.join(", ");
+}
+
+QString NameOf(const QCursor* pointer) {
+  const std::map<Qt::CursorShape, QString> names = {
+      {Qt::WaitCursor, "hourglass"}, {Qt::BusyCursor, "arrow with hourglass"}, {Qt::BitmapCursor, "hand"}};
+  return pointer == nullptr ? "arrow" : names.at(pointer->shape());
 }
 
 QStringList Shown(const Control& control, const QWidget& widget) {
@@ -196,6 +234,8 @@ Sight LookAt(const Form& form) {
   Sight sight;
   sight["window" + kPlace] = {PlaceOf(Hand::See(form))};
   sight["window" + kCaption] = {Hand::See(form).windowTitle()};
+  sight["window frame"] = {FrameOf(Hand::See(form))};
+  sight["window hands"] = {};
   if (const auto* const bar = Hand::See(form).findChild<QMenuBar*>())
     AddEntries(*bar, "", sight["window menu"]);
   for (const Control* const control : form.AllControls()) {
@@ -206,8 +246,13 @@ Sight LookAt(const Form& form) {
     if (widget == nullptr || !widget->isVisible()) continue;
     sight[name] = Shown(*control, *widget);
     sight[name + kPlace] = {PlaceOf(*widget)};
-    sight[name + kCaption] = {QString::fromStdString(control->Caption()).replace("\r\n", " / ")};
-    sight[name + " font"] = {FontOf(control->GetFont())};
+    sight[name + kCaption] = {CaptionOf(*control, *widget)};
+    sight[name + " font"] = {FontOf(widget->font())};
+    sight[name + " colours"] = {ColoursOf(*widget)};
+    if (const auto* const box = qobject_cast<const QLineEdit*>(widget))
+      sight[name + " selected"] = {box->selectedText()};
+    const QCursor pointer = widget->cursor();
+    if (pointer.shape() == Qt::BitmapCursor) sight["window hands"] << name;
     sight[name + " image"] = {QString::fromStdString(control->ImageKey())};
     if (const auto* const view = qobject_cast<const QAbstractItemView*>(widget))
       sight[name + " from"] = {view->indexAt({1, 1}).data().toString()};
@@ -232,10 +277,7 @@ Sight LookAround(const TestMachine& machine) {
   const fs::path here = fs::current_path().lexically_relative(root);
   if (!here.empty() && *here.begin() != "..")
     sight["working folder"] = {QString::fromStdString(here.string())};
-  const std::map<MousePointer, QString> pointers = {{MousePointer::Default, "arrow"},
-                                                    {MousePointer::Hourglass, "hourglass"},
-                                                    {MousePointer::Custom, "hand"}};
-  sight["pointer"] = {pointers.at(machine.TheScreen.Pointer())};
+  sight["pointer"] = {NameOf(QGuiApplication::overrideCursor())};
   return sight;
 }
 

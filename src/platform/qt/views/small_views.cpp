@@ -156,7 +156,6 @@ TimerView::TimerView(Timer& model, QWidget&, const ViewContext& context)
 
 void TimerView::MirrorContent() {
   if (!model_.Running()) return timer_.stop();
-  if (timer_.isActive() && timer_.interval() == model_.Interval()) return;
   timer_.start(std::max(1, model_.Interval()));
 }
 
