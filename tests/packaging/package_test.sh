@@ -78,7 +78,7 @@ CheckFields() {
 
 CheckContents() {
   local file
-  for file in bin/morvane bin/morvane-print libexec/morvane/morvane-decode libexec/morvane/plugins/imageformats/morvane-jpeg.so; do
+  for file in bin/morvane bin/morvane-print libexec/morvane/{morvane-decode,morvane-print-queue,plugins/imageformats/morvane-jpeg.so}; do
     [[ -s "$usr/$file" ]] || Fail "no $file"
     ! readelf -S "$usr/$file" | grep -q '\.debug_info' || Fail "$file is not stripped"
   done
@@ -110,6 +110,7 @@ Print() {
   (AsUser "$1" morvane-print --picture 1="$work/plasma.jpg" --pdf plasma.pdf) || Fail "morvane-print of a small picture"
   pdfimages -all "$work/$1/plasma.pdf" "$work/plasma"
   cmp <(tail -c 500 "$work/plasma.jpg") <(tail -c 500 "$work/plasma-000.jpg") || Fail "not the picture's own bytes"
+  (AsUser "$1" morvane-print --printer nessuna) 2>&1 | grep -q "'nessuna' non esiste" || Fail "morvane-print to a queue"
 }
 
 StartDisplay() {

@@ -31,16 +31,26 @@ constexpr qsizetype kMostLines = 4;
 const QString kPlace = " at";
 const QString kCaption = " caption";
 
-void AddRows(const QAbstractItemView& view, const QModelIndex& below, const QString& indent,
-             QStringList& rows) {
-  const auto* const tree = qobject_cast<const QTreeView*>(&view);
-  for (int i = 0; i < view.model()->rowCount(below); ++i) {
-    const QModelIndex row = view.model()->index(i, 0, below);
-    const bool open = tree != nullptr && tree->isExpanded(row);
-    const QString mark = !view.model()->hasChildren(row) ? "" : open ? "-" : "+";
-    rows << indent + (view.selectionModel()->isSelected(row) ? "*" : "") + mark + row.data().toString();
-    if (open) AddRows(view, row, indent + "  ", rows);
+QString RowOf(const QAbstractItemView& view, const QModelIndex& row, const QString& mark) {
+  return (view.selectionModel()->isSelected(row) ? "*" : "") + mark + row.data().toString();
+}
+
+// From one row to the next below it, as they stand there.
+QStringList RowsOf(const QTreeView& tree) {
+  QStringList rows;
+  for (QModelIndex row = tree.model()->index(0, 0); row.isValid(); row = tree.indexBelow(row)) {
+    QString indent;
+    for (QModelIndex above = row.parent(); above.isValid(); above = above.parent()) indent += "  ";
+    const QString mark = !tree.model()->hasChildren(row) ? "" : tree.isExpanded(row) ? "-" : "+";
+    rows << indent + RowOf(tree, row, mark);
   }
+  return rows;
+}
+
+QStringList RowsOf(const QAbstractItemView& list) {
+  QStringList rows;
+  for (int i = 0; i < list.model()->rowCount(); ++i) rows << RowOf(list, list.model()->index(i, 0), "");
+  return rows;
 }
 
 QStringList NodeImages(const TreeView& tree) {
@@ -118,11 +128,8 @@ QStringList Shown(const Control& control, const QWidget& widget) {
     return box->toPlainText().split('\n');
   if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget))
     return button->isChecked() ? QStringList{"on"} : QStringList();
-  if (const auto* const view = qobject_cast<const QAbstractItemView*>(&widget)) {
-    QStringList rows;
-    AddRows(*view, {}, "", rows);
-    return rows;
-  }
+  if (const auto* const tree = qobject_cast<const QTreeView*>(&widget)) return RowsOf(*tree);
+  if (const auto* const list = qobject_cast<const QAbstractItemView*>(&widget)) return RowsOf(*list);
   if (const auto* const box = dynamic_cast<const PictureBox*>(&control))
     return ShapesAsText(box->Surface.Drawing());
   if (const auto* const image = dynamic_cast<const ImageBox*>(&control); image && image->GetPicture()) {
@@ -235,7 +242,8 @@ Sight LookAt(const Form& form) {
   sight["window" + kPlace] = {PlaceOf(Hand::See(form))};
   sight["window" + kCaption] = {Hand::See(form).windowTitle()};
   sight["window frame"] = {FrameOf(Hand::See(form))};
-  sight["window hands"] = {};
+  for (const auto* const tool : Hand::See(form).findChildren<QToolButton*>())
+    if (!tool->toolTip().isEmpty()) sight["window tips"] << tool->toolTip();
   if (const auto* const bar = Hand::See(form).findChild<QMenuBar*>())
     AddEntries(*bar, "", sight["window menu"]);
   for (const Control* const control : form.AllControls()) {

@@ -125,9 +125,6 @@ void fONTEN::ScegliArial() {
   platform_.windows.MsgBox(kNotAvailable);
   state_.ElencoFontName = kFallbackFont;
   platform_.printer.SetFontName(kFallbackFont);
-  platform_.printer.Surface().SetFontItalic(false);
-  platform_.printer.Surface().SetFontBold(false);
-  SetWindowFont(kFallbackFont, false, false);
 }
 
 void fONTEN::SetWindowFont(const std::string& family, bool italic, bool bold) {

@@ -5,9 +5,11 @@
 #include <QTest>
 #include <QTimer>
 
+#include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/qt/desktop/qt_screen.h"
 #include "platform/qt/desktop/qt_window_system.h"
+#include "platform/qt/pictures/qt_picture.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
@@ -58,6 +60,35 @@ TEST_F(FormViewTest, TheDesktopsSizeIsFollowed) {
   EXPECT_EQ(width, Desk().width() * kTwipsPerPixel);
   Q_EMIT QGuiApplication::primaryScreen()->availableGeometryChanged({});
   EXPECT_EQ(machine.TheScreen.Width, width);
+}
+
+// While a window is resized its pictures are stretched, of whatever pixels are there.
+TEST_F(FormViewTest, PicturesAreSharpAgainOnceTheSizeStays) {
+  QImage lines(400, 400, QImage::Format_RGB32);
+  for (int y = 0; y < 400; ++y)
+    for (int x = 0; x < 400; ++x) lines.setPixel(x, y, x % 7 < 3 ? 0xFF000000 : 0xFFFFFFFF);
+  const auto picture = std::make_shared<PixelPicture>(lines);
+  PictureBox box(form, "Picture1", machine.Metrics);
+  box.SetPaperBackground(true);
+  const auto draw = [&](double side) {
+    box.SetWidth(side);
+    box.SetHeight(side);
+    box.Surface.Cls();
+    box.Surface.PaintPicture(picture, 0, 0, side, side);
+  };
+  const auto seen = [&] {
+    return QApplication::activeWindow()->findChild<QWidget*>("Picture1")->grab().toImage();
+  };
+  draw(3000);
+  windows.ShowMain(form);
+  QApplication::processEvents();
+  const QImage large = seen();
+  draw(1500);
+  const QImage shrunk = seen();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return seen() != shrunk; }));
+  draw(3000);
+  EXPECT_NE(seen(), large);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return seen() == large; }));
 }
 
 TEST_F(FormViewTest, TimerTicksWhileItRunsAndNotWithinATick) {

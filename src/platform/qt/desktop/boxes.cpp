@@ -43,7 +43,6 @@ MsgBoxAnswer ShowMessage(QWidget* parent, const std::string& text, MsgBoxButtons
   box.setTextFormat(Qt::PlainText);
   box.setText(QString::fromStdString(text));
   box.setWindowTitle(QString::fromStdString(title));
-  box.setWindowModality(Qt::ApplicationModal);
   AddButtons(box, buttons);
   return AnswerOf(box.exec());
 }
@@ -52,7 +51,6 @@ std::string AskForLine(QWidget* parent, const std::string& prompt, const std::st
                        const std::string& defaultText) {
   QDialog dialog(parent);
   dialog.setWindowTitle(QString::fromStdString(title));
-  dialog.setWindowModality(Qt::ApplicationModal);
   QVBoxLayout column(&dialog);
   QLabel question;
   question.setTextFormat(Qt::PlainText);

@@ -52,9 +52,6 @@ QWidget* QtWindowSystem::WindowOnTop() {
 void QtWindowSystem::ShowFirst(Form& form) {
   FormView& view = ViewOf(form, FormRole::Main);
   running_.push_back(&view);
-  view.OnHidden = [this] {
-    if (!Ended()) End();
-  };
   view.Show(nullptr);
 }
 

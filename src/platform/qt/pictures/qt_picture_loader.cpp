@@ -108,7 +108,9 @@ PicturePtr LoadPixels(const std::string& path, std::string file, PictureCheck ch
   return picture;
 }
 
+// It may hold a photo.
 PicturePtr FromSvg(const DecodedSvg& svg) {
+  FindOtherFormats();
   auto renderer = std::make_unique<QSvgRenderer>();
   if (!renderer->load(svg.text)) return nullptr;
   return std::make_shared<SvgPicture>(std::move(renderer), svg.widthTwips, svg.heightTwips);

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "app/print_arguments.h"
+#include "platform/drawing/printer.h"
+
+namespace Morvane {
+
+// Finds the printer that the arguments name. RuntimeError when there is none.
+using QueueOpener = std::function<std::unique_ptr<PrinterDevice>(const PrintArguments&)>;
+
+// Prints what the arguments say; what goes wrong is told on standard error. The result is the exit code.
+int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue);
+
+}  // namespace Morvane
