@@ -25,7 +25,6 @@ FoundPrinters Search(bool wantsPrinter) {
 // The toolkit takes A4 wherever the queue has it, whatever the queue's own sheet is.
 void TakeOwnSheet(QPrinter& printer) {
   printer.setPageSize(QPrinterInfo(printer).defaultPageSize());
-  printer.setFullPage(true);
 }
 
 void PrinterSearch::Begin(bool wantsPrinter) {
