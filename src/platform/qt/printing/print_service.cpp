@@ -1,6 +1,6 @@
 #include "platform/qt/printing/print_service.h"
 
-#include <cerrno>
+#include <chrono>
 #include <memory>
 
 #include "platform/qt/printing/cups_library.h"
@@ -13,10 +13,6 @@ const char* NoPassword(const char*, http_t*, const char*, const char*, void*) {
   return nullptr;
 }
 
-bool NobodyListens(int error) {
-  return error == ECONNREFUSED || error == ENOENT;
-}
-
 }  // namespace
 
 PrintService AskPrintService(std::chrono::milliseconds limit) {
@@ -24,12 +20,15 @@ PrintService AskPrintService(std::chrono::milliseconds limit) {
   if (!cups) return PrintService::Absent;
   const auto milliseconds = static_cast<int>(limit.count());
   cups.cupsSetServer(nullptr);
-  errno = 0;
+  const auto start = std::chrono::steady_clock::now();
   const std::unique_ptr<http_t, void (*)(http_t*)> connection(
       cups.httpConnect2(cups.cupsServer(), cups.ippPort(), nullptr, AF_UNSPEC, cups.cupsEncryption(), 1,
                         milliseconds, nullptr),
       cups.httpClose);
-  if (!connection) return NobodyListens(errno) ? PrintService::Absent : PrintService::Silent;
+  // Where nobody listens the refusal comes at once; which error is left behind differs with the kind of
+  // address.
+  const bool waited = std::chrono::steady_clock::now() - start > limit / 2;
+  if (!connection) return waited ? PrintService::Silent : PrintService::Absent;
   cups.httpSetTimeout(connection.get(), std::chrono::duration<double>(limit).count(), nullptr, nullptr);
   cups.cupsSetPasswordCB2(NoPassword, nullptr);
   const std::unique_ptr<ipp_t, void (*)(ipp_t*)> answer(

@@ -2,6 +2,7 @@
 
 #include <cups/raster.h>
 #include <fcntl.h>
+#include <netinet/in.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -155,6 +156,11 @@ void InDialog(const std::function<void(Dialog&)>& act) {
   });
 }
 
+bool Reads(const QDialog& dialog, const QString& text) {
+  const auto labels = dialog.findChildren<QLabel*>();
+  return std::any_of(labels.begin(), labels.end(), [&](auto* label) { return label->text() == text; });
+}
+
 TEST_F(PdfTest, MuteServiceIsToldAndOnceItAnswersItsPrintersAreOffered) {
   {
     const MuteService mute;
@@ -167,16 +173,12 @@ TEST_F(PdfTest, MuteServiceIsToldAndOnceItAnswersItsPrintersAreOffered) {
         line.setText(folder);
         QTest::keyClick(&line, Qt::Key_Return);
       });
-      const auto reads = [&](const QString& text) {
-        const auto labels = dialog.findChildren<QLabel*>();
-        return std::any_of(labels.begin(), labels.end(), [&](auto* label) { return label->text() == text; });
-      };
-      EXPECT_TRUE(reads("/proc"));
+      EXPECT_TRUE(Reads(dialog, "/proc"));
       for (auto* button : dialog.findChildren<QPushButton*>()) {
         if (button->text().contains("mbia")) button->click();
       }
-      EXPECT_TRUE(reads("Il servizio di stampa non risponde."));
-      EXPECT_TRUE(reads(folder));
+      EXPECT_TRUE(Reads(dialog, "Il servizio di stampa non risponde."));
+      EXPECT_TRUE(Reads(dialog, folder));
       dialog.findChild<QSpinBox*>()->setValue(0);
       EXPECT_EQ(dialog.Copies(), 1);
       dialog.findChild<QSpinBox*>()->setValue(3);
@@ -193,6 +195,25 @@ TEST_F(PdfTest, MuteServiceIsToldAndOnceItAnswersItsPrintersAreOffered) {
   back.AddQueue("uneven");
   InDialog<QPrintDialog>([](QPrintDialog& dialog) { dialog.accept(); });
   EXPECT_TRUE(printer_.ShowDialog({}).accepted);
+}
+
+// As on a machine without the service: its address is that of the loopback network.
+TEST_F(PdfTest, WhereNobodyListensThereIsNoPrinterAndNobodySaysThatItIsSilent) {
+  const int unheard = socket(AF_INET, SOCK_STREAM, 0);
+  sockaddr_in address{
+      .sin_family = AF_INET, .sin_port = 0, .sin_addr = {htonl(INADDR_LOOPBACK)}, .sin_zero = {}};
+  socklen_t size = sizeof(address);
+  ASSERT_EQ(bind(unheard, reinterpret_cast<sockaddr*>(&address), size), 0);
+  ASSERT_EQ(getsockname(unheard, reinterpret_cast<sockaddr*>(&address), &size), 0);
+  const QByteArray own = qgetenv("CUPS_SERVER");
+  qputenv("CUPS_SERVER", "127.0.0.1:" + QByteArray::number(ntohs(address.sin_port)));
+  InDialog<PdfPrinterDialog>([&](PdfPrinterDialog& dialog) {
+    EXPECT_TRUE(Reads(dialog, "Nessuna stampante è installata."));
+    dialog.reject();
+  });
+  EXPECT_FALSE(printer_.ShowDialog({}).accepted);
+  qputenv("CUPS_SERVER", own);
+  close(unheard);
 }
 
 class QueueTest : public PdfTest {
