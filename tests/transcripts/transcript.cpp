@@ -1,6 +1,7 @@
 #include "transcript.h"
 
 #include <QApplication>
+#include <QScreen>
 #include <QTest>
 #include <QToolButton>
 #include <filesystem>
@@ -26,6 +27,7 @@ void WaitForPicker(const Form& form) {
     if (timer == nullptr) continue;
     EXPECT_TRUE(QTest::qWaitFor([&] { return !timer->Running(); })) << timer->Name();
   }
+  Hand::Settle();
 }
 
 // The scrolling text and the turning disc, stopped where they come to by themselves.
@@ -146,6 +148,14 @@ void Transcript::InMainWindow(const Means& means) const {
   means();
 }
 
+// What the screen shows of a window is what its views would paint now.
+void ExpectShownAsItIs(const Form& form) {
+  QWidget& window = Hand::See(form);
+  const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
+  const QImage fresh = window.grab().toImage();
+  EXPECT_EQ(shown.convertToFormat(fresh.format()), fresh) << form.Name() << " shows what was";
+}
+
 // What has changed since the last report.
 void Transcript::Report() {
   ReportTheWorld();
@@ -176,7 +186,9 @@ void Transcript::ReportTheWindow() {
   const QString name = QString::fromStdString(top_->Name());
   if (name != std::exchange(reported_, name)) seen_ << "[" + name + "]";
   const auto before = windows_.find(top_);
-  seen_ << (before == windows_.end() ? FirstSight(now) : Changes(before->second, now));
+  const QStringList told = before == windows_.end() ? FirstSight(now) : Changes(before->second, now);
+  if (!told.isEmpty()) ExpectShownAsItIs(*top_);
+  seen_ << told;
   windows_[top_] = now;
 }
 
