@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "app/print_program.h"
@@ -13,9 +14,10 @@ using namespace Morvane;
 
 // Beside this program, else in ../libexec/morvane.
 std::string QueueProgram() {
-  const std::filesystem::path folder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+  std::error_code unknown;  // then there is no such program either
+  const std::filesystem::path folder = std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path();
   const std::filesystem::path beside = folder / "morvane-print-queue";
-  return exists(beside) ? beside : folder / "../libexec/morvane/morvane-print-queue";
+  return exists(beside, unknown) ? beside : folder / "../libexec/morvane/morvane-print-queue";
 }
 
 bool WantsQueue(const std::vector<std::string>& arguments) {

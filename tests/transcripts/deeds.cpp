@@ -306,16 +306,18 @@ QImage Painted(const DrawingList& page, double dotsPerInch, QPointF corner = {})
   return sheet;
 }
 
-// The window must be as its picture in the documentation.
-void LookInto(Scene& scene, Words words) {  // all lines of it, if there are any
+void LookInto(Scene& scene, Words words) {  // all lines of it
   const Sight window = LookAt(scene.Top());
-  const auto found = window.find(words.rest);
-  for (const QString& line : found == window.end() ? QStringList() : found->second) scene.Show("    " + line);
+  for (const QString& line : window.at(words.rest)) scene.Show("    " + line);
 }
 
-// And what no picture of a window shows.
+// The window must be as its picture in the documentation; what no picture shows is told.
 void TakePicture(Scene& scene, Words words) {
-  for (const char* const unseen : {"window frame", "window hands", "window tips"}) LookInto(scene, {unseen});
+  const Sight sight = LookAt(scene.Top());
+  for (const char* const unseen : {"window frame", "window hands", "window tips"}) {
+    if (!sight.contains(unseen)) continue;
+    for (const QString& line : sight.at(unseen)) scene.Show("    " + line);
+  }
   QWidget& window = Hand::See(scene.Top());
   window.grab();
   Hand::Settle();  // scroll bars come and go after the first painting

@@ -165,6 +165,9 @@ TEST_F(QtPictureTest, BrokenAndHostileFilesAreRefusedSoonAndForLittleMemory) {
   scans.resize(scans.size() - 2);
   for (int i = 0; i < 50; ++i) scans += "\xFF\xDA";
   ExpectRefused("passate.jpg", scans);
+  std::string tables = "\xFF\xD8";
+  for (int i = 0; i < 4'000'000; ++i) tables += std::string("\xFF\xC4\0\3\0", 5);
+  ExpectRefused("tabelle.jpg", tables);
   EXPECT_LT(timer.elapsed(), kHostileMs);
   rusage usage;
   getrusage(RUSAGE_SELF, &usage);
@@ -184,8 +187,13 @@ TEST_F(QtPictureTest, WhatFollowsAPhotoCostsNothing) {
   const std::string photo = Encoded(TwoHalves(4000, 3000), "jpg");
   std::string film = "....ftypmp42";
   for (int i = 0; i < 500; ++i) film += std::string(1000, 'x') + "\xFF\xDA";
-  const PicturePtr picture = Load("foto.jpg", photo + film);
-  EXPECT_GT(qRed(Decoded(picture, 64, 32).pixel(10, 2)), 200);
+  std::string notes;
+  for (int i = 0; i < 50; ++i) notes += std::string("\xFF\xFE\xFF\xFF", 4) + std::string(0xFFFD, ' ');
+  for (const std::string& file : {photo + film, photo.substr(0, 2) + notes + photo.substr(2) + film}) {
+    const PicturePtr picture = Load("foto.jpg", file);
+    EXPECT_GT(qRed(Decoded(picture, 64, 32).pixel(10, 2)), 200);
+    EXPECT_GT(qBlue(Decoded(picture, 3000, 2000).pixel(2990, 1990)), 200);
+  }
   // In front of the end the same is refused, whatever segment hides an end within it.
   const std::string thumbnail("\xFF\xE1\x00\x06\xFF\xD8\xFF\xD9", 8);
   ExpectRefused("passate.jpg",

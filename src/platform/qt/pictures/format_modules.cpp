@@ -26,7 +26,7 @@ void InstallJpegWriter(OtherFormats others) {
   const QString program = QCoreApplication::applicationDirPath();
   for (const char* place : {"/plugins", "/../libexec/morvane/plugins"}) {
     const QString folder = program + place;
-    if (!QFileInfo(folder).isDir()) continue;
+    if (!QFileInfo(folder + "/imageformats/morvane-jpeg.so").isFile()) continue;
     if (others == OtherFormats::Found) return QCoreApplication::addLibraryPath(folder);
     TheOthers().folders = QCoreApplication::libraryPaths();
     return QCoreApplication::setLibraryPaths({folder});

@@ -14,7 +14,7 @@ enum class OtherFormats {
 // Lets the toolkit find the writer of JPEG. Called once, when the application is there and no picture was
 // read yet. Where the writer is not installed, all is as it was.
 void InstallJpegWriter(OtherFormats others);
-// Called before a picture is read by the toolkit; several threads may do so at once.
+// Called before the toolkit decodes a picture; several threads may do so at once.
 void FindOtherFormats();
 
 }  // namespace Morvane

@@ -31,6 +31,7 @@ constexpr uchar kAdobe = 0xEE;
 constexpr uchar kLastApplication = 0xEF;
 constexpr uchar kComment = 0xFE;
 constexpr uchar kFill = 0xFF;
+constexpr int kMostSegments = 1000;  // before the pixels of a plain file
 const QByteArray kExif("Exif\0\0", 6);
 
 bool IsFrame(uchar marker) {
@@ -113,7 +114,8 @@ std::optional<Head> HeadOf(const QByteArray& file) {
   if (!file.startsWith("\xFF\xD8")) return {};
   Head head{file.left(2), 2, {}};
   bool noted = false;
-  while (head.size + 4 <= file.size() && file.at(head.size) == '\xFF') {
+  for (int segment = 0; segment < kMostSegments; ++segment) {
+    if (head.size + 4 > file.size() || file.at(head.size) != '\xFF') return {};
     const auto marker = static_cast<uchar>(file.at(head.size + 1));
     const qsizetype length = qFromBigEndian<quint16>(file.constData() + head.size + 2);
     if (marker == kScan) return head.tells.size.isEmpty() ? std::nullopt : std::optional(head);

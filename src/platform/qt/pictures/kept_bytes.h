@@ -7,8 +7,8 @@
 namespace Morvane {
 
 // The bytes of a file, as long as its picture is there. Those that stay get memory of their own: large pages
-// as far as the file fills them, small ones for its end. The allocator's would be large to the end of its
-// size class, a tenth more for a photo, and come back later.
+// as far as the file fills them, small ones for its end. The allocator would round a photo up by a tenth, in
+// large pages, and return them to the system only later.
 class KeptBytes {
  public:
   enum class Stay { Short, Long };

@@ -108,7 +108,7 @@ PicturePtr LoadPixels(const std::string& path, std::string file, PictureCheck ch
   return picture;
 }
 
-// It may hold a photo.
+// It may hold a JPEG, which the toolkit reads when it is drawn.
 PicturePtr FromSvg(const DecodedSvg& svg) {
   FindOtherFormats();
   auto renderer = std::make_unique<QSvgRenderer>();
@@ -139,6 +139,7 @@ RuntimeError DamagedPicture(const std::string& name) {
 }
 
 bool StartsPicture(const QByteArray& bytes) {
+  FindOtherFormats();
   if (FormatOf(bytes.toStdString())) return true;
   QBuffer buffer;
   buffer.setData(MissingFileHeader(bytes) + bytes);
@@ -148,6 +149,7 @@ bool StartsPicture(const QByteArray& bytes) {
 }
 
 bool IsPictureType(const QByteArray& mimeType) {
+  FindOtherFormats();
   const QList<QByteArray> formats = QImageReader::imageFormatsForMimeType(mimeType);
   return std::any_of(formats.begin(), formats.end(), IsKnown);
 }

@@ -19,7 +19,6 @@ struct CupsFunction {
 
 struct CupsLibrary {
   decltype(&::cupsServer) cupsServer = CupsFunction{"cupsServer"};
-  decltype(&::cupsSetServer) cupsSetServer = CupsFunction{"cupsSetServer"};
   decltype(&::cupsEncryption) cupsEncryption = CupsFunction{"cupsEncryption"};
   decltype(&::cupsSetPasswordCB2) cupsSetPasswordCB2 = CupsFunction{"cupsSetPasswordCB2"};
   decltype(&::cupsDoRequest) cupsDoRequest = CupsFunction{"cupsDoRequest"};

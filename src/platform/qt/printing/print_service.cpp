@@ -13,22 +13,28 @@ const char* NoPassword(const char*, http_t*, const char*, const char*, void*) {
   return nullptr;
 }
 
+// By its socket or over the loopback network.
+bool IsOfThisMachine(const QByteArray& server) {
+  return server.startsWith('/') || server == "localhost" || server.startsWith("127.") ||
+         server.contains("::1");
+}
+
 }  // namespace
 
 PrintService AskPrintService(std::chrono::milliseconds limit) {
   const CupsLibrary cups;
   if (!cups) return PrintService::Absent;
   const auto milliseconds = static_cast<int>(limit.count());
-  cups.cupsSetServer(nullptr);
   const auto start = std::chrono::steady_clock::now();
   const std::unique_ptr<http_t, void (*)(http_t*)> connection(
       cups.httpConnect2(cups.cupsServer(), cups.ippPort(), nullptr, AF_UNSPEC, cups.cupsEncryption(), 1,
                         milliseconds, nullptr),
       cups.httpClose);
-  // Where nobody listens the refusal comes at once; which error is left behind differs with the kind of
-  // address.
+  // Where nobody listens on this machine the refusal comes at once; the library does not keep which it was.
   const bool waited = std::chrono::steady_clock::now() - start > limit / 2;
-  if (!connection) return waited ? PrintService::Silent : PrintService::Absent;
+  if (!connection) {
+    return !waited && IsOfThisMachine(cups.cupsServer()) ? PrintService::Absent : PrintService::Silent;
+  }
   cups.httpSetTimeout(connection.get(), std::chrono::duration<double>(limit).count(), nullptr, nullptr);
   cups.cupsSetPasswordCB2(NoPassword, nullptr);
   const std::unique_ptr<ipp_t, void (*)(ipp_t*)> answer(

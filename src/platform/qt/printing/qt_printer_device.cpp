@@ -110,7 +110,7 @@ PrintService QtPrinterDevice::FindPrinter() {
 
 void QtPrinterDevice::SelectPrinter(const std::string& name) {
   const QString wanted = QString::fromStdString(name);
-  if (FindPrinter() == PrintService::Silent) throw Failure(SilentServiceText());
+  if (FindPrinter() != PrintService::Answers) throw Failure(SilentServiceText());
   if (!printer_ || !QPrinterInfo::availablePrinterNames().contains(wanted)) {
     throw Failure("La stampante '" + wanted + "' non esiste.");
   }

@@ -164,16 +164,18 @@ bool Reads(const QDialog& dialog, const QString& text) {
 TEST_F(PdfTest, MuteServiceIsToldAndOnceItAnswersItsPrintersAreOffered) {
   {
     const MuteService mute;
-    device_.SetPdfFolder("/proc");
-    const QString folder = QString::fromStdString(folder_.Path());
+    const QString before = QString::fromStdString(folder_.Path());
+    const QString folder = before + "/altra";
+    QDir().mkpath(folder);
+    device_.SetPdfFolder(before);
     InDialog<PdfPrinterDialog>([&](PdfPrinterDialog& dialog) {
       InDialog<QFileDialog>([&](QFileDialog& chooser) {
-        EXPECT_EQ(chooser.directory().path(), "/proc");
+        EXPECT_EQ(chooser.directory().path(), before);
         auto& line = *chooser.findChild<QLineEdit*>();
         line.setText(folder);
         QTest::keyClick(&line, Qt::Key_Return);
       });
-      EXPECT_TRUE(Reads(dialog, "/proc"));
+      EXPECT_TRUE(Reads(dialog, before));
       for (auto* button : dialog.findChildren<QPushButton*>()) {
         if (button->text().contains("mbia")) button->click();
       }
@@ -268,6 +270,7 @@ TEST_F(QueueTest, DialogAsksForCopiesWhichAreJobsOfTheirOwnThatNobodyScales) {
     auto* const copies = dialog.findChild<QSpinBox*>("copies");
     EXPECT_TRUE(copies->isVisible());
     copies->setValue(3);
+    EXPECT_FALSE(dialog.findChild<QWidget*>("collate")->isVisible());
     dialog.accept();
   });
   EXPECT_THROW(device_.SelectPrinter("nessuna"), RuntimeError);
