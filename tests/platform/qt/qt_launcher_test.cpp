@@ -64,6 +64,7 @@ TEST_F(QtLauncherTest, WhatIsOpenedIsOneArgumentAndADocumentLiesInTheProgramsFol
   const std::pair<std::string, std::string> cases[] = {{addresses[0], addresses[0]},
                                                        {addresses[1], addresses[1]},
                                                        {"omk.htm", folder + "omk.htm"},
+                                                       {"C:\\Morvane\\omk.htm", folder + "omk.htm"},
                                                        {"--help", folder + "--help"}};
   for (const auto& [target, argument] : cases) {
     launcher_.ShellExecute(target);
@@ -109,9 +110,12 @@ class LoopbackServer {
 TEST(QtHttpClientTest, GivesTheBodyByteForByteAndNothingOfAFailure) {
   const LoopbackServer whole(QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n261\n"));
   const LoopbackServer missing(QByteArray("HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\n999\n"));
+  const LoopbackServer moved("HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " +
+                             QByteArray::fromStdString(whole.Url()) + "\r\n\r\n");
   const LoopbackServer huge("HTTP/1.1 200 OK\r\n\r\n" + QByteArray(2 << 20, '9'));
   QtHttpClient http(std::chrono::seconds(5));
   EXPECT_EQ(http.OpenUrl(whole.Url()), "261\n");
+  EXPECT_EQ(http.OpenUrl(moved.Url()), "261\n");
   for (const std::string& url : {missing.Url(), huge.Url(), std::string("http://host.invalid/file.txt"),
                                  std::string("http://127.0.0.1:1/file.txt"),
                                  std::string("file:///etc/hostname"), std::string("nonsense")})

@@ -61,7 +61,9 @@ TEST_F(SheetPicturesTest, JpegThatIsShownWholeStandsOnTheSheetBitForBitWithoutWh
   const QByteArray note("\xFF\xE1\0\x0AMilano 1", 12);
   QImage srgb = Noise(200, 300);
   srgb.setColorSpace(QColorSpace::SRgb);
-  for (const QByteArray& jpeg : {plain, QByteArray(plain).insert(2, note), AsJpeg(srgb)}) {
+  const QByteArray listOfPictures("\xFF\xE2\0\x06MPF\0", 8);  // as phones write it
+  for (const QByteArray& jpeg : {plain, QByteArray(plain).insert(2, note),
+                                 QByteArray(plain).insert(2, listOfPictures), AsJpeg(srgb)}) {
     const QByteArray sheet = Sheet(jpeg);
     EXPECT_TRUE(sheet.contains(ScanOf(jpeg)));
     EXPECT_FALSE(sheet.contains("Milano"));

@@ -19,7 +19,6 @@ std::string QtHttpClient::OpenUrl(const std::string& url) {
   const QUrl address(QString::fromStdString(url), QUrl::StrictMode);
   if (!address.isValid() || (address.scheme() != "http" && address.scheme() != "https")) return {};
   QNetworkRequest request(address);
-  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
   request.setMaximumRedirectsAllowed(kMostRedirects);
 
   QNetworkAccessManager network;

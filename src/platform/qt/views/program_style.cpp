@@ -6,8 +6,7 @@ namespace Morvane {
 
 QIcon ProgramStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
                                  const QWidget* widget) const {
-  const bool extension =
-      which == SP_ToolBarHorizontalExtensionButton || which == SP_ToolBarVerticalExtensionButton;
+  const bool extension = which == SP_ToolBarHorizontalExtensionButton;
   return extension ? ArtworkIcon("altri") : QProxyStyle::standardIcon(which, option, widget);
 }
 

@@ -362,14 +362,21 @@ TEST_F(QueueTest, CalibratedSheetHasTheSizesAndPlacesThatThePaperThenPutsRight) 
     }
     const auto fields = tab->findChildren<QDoubleSpinBox*>();
     const double typed[] = {181.8, 248.75, 1.5, -2};
+    const auto press = [&](const char* text) {
+      for (auto* button : tab->findChildren<QPushButton*>()) {
+        if (button->text().contains(text)) button->click();
+      }
+    };
+    fields[0]->setValue(175);
+    EXPECT_FALSE(Calibrations().Of("uneven") == Calibration());
+    press("zzera");
+    EXPECT_EQ(Calibrations().Of("uneven"), Calibration());
     for (int i = 0; i < 4; ++i) fields[i]->setValue(typed[i]);
     fields[0]->setValue(200);  // refused: the corrections stay
     std::string texts;
     for (const auto* label : tab->findChildren<QLabel*>()) texts += label->text().toStdString();
     EXPECT_THAT(texts, HasSubstr("dal 95 al 105 %"));
-    for (auto* button : tab->findChildren<QPushButton*>()) {
-      if (button->text().contains("foglio")) button->click();
-    }
+    press("foglio");
     dialog.accept();
   });
   printer_.ShowDialog({});
@@ -378,6 +385,13 @@ TEST_F(QueueTest, CalibratedSheetHasTheSizesAndPlacesThatThePaperThenPutsRight) 
   const std::vector<double> ruler = MeasuredSheet(cups_.SheetPath()).AcrossMm(kTop + 117.5);
   ASSERT_FALSE(ruler.empty());
   EXPECT_NEAR(ruler.front(), kLeft + 10, kOriginMm);
+
+  const auto printed = [&](const std::string& option) {
+    EXPECT_EQ(RunProgram(MORVANE_PRINT " --printer uneven --outline 1" + option, folder_.Path()).exitCode, 0);
+    cups_.WaitForJobs();
+    return MeasuredSheet(cups_.SheetPath()).AcrossMm(kTop + 60).front();
+  };
+  EXPECT_NEAR(printed(" --no-calibration") - printed(""), kMeasured.rightMm, 0.2);
 
   for (const bool corrects : {true, false}) {
     if (!corrects) device_.LeaveOutCalibration();
