@@ -1,5 +1,7 @@
 #include "app/print_program.h"
 
+#include <unistd.h>
+
 #include <QGuiApplication>
 #include <QThreadPool>
 #include <algorithm>
@@ -17,6 +19,7 @@
 #include "core/default_layout.h"
 #include "core/layout_reader.h"
 #include "platform/files/file_system.h"
+#include "platform/files/program_part.h"
 #include "platform/qt/painting/font_stand_ins.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/format_modules.h"
@@ -204,6 +207,12 @@ ExitCode Print(const PrintArguments& arguments, const QueueOpener& openQueue) {
 // Standard error is for the lines that say what went wrong.
 void DropToolkitMessages(QtMsgType, const QMessageLogContext&, const QString&) {}
 
+// Does not come back.
+[[noreturn]] void BecomeQueueProgram(char** argv) {
+  execv(ProgramPart("morvane-print-queue").c_str(), argv);
+  throw RuntimeError(ErrorNumber::FileNotFound, "Manca il programma 'morvane-print-queue'.");
+}
+
 }  // namespace
 
 int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
@@ -214,6 +223,7 @@ int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
       std::cout << PrintHelp();
       return kDone;
     }
+    if (arguments.pdf.empty() && !openQueue) BecomeQueueProgram(argv);
     // No window is ever shown, so no display is needed.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const std::future<void> fontRules = ReadFontRules();

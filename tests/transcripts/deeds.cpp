@@ -306,17 +306,15 @@ QImage Painted(const DrawingList& page, double dotsPerInch, QPointF corner = {})
   return sheet;
 }
 
-void LookInto(Scene& scene, Words words) {  // all lines of it
-  const Sight window = LookAt(scene.Top());
-  for (const QString& line : window.at(words.rest)) scene.Show("    " + line);
+void ShowAll(Scene& scene, const QStringList& lines) {
+  for (const QString& line : lines) scene.Show("    " + line);
 }
 
 // The window must be as its picture in the documentation; what no picture shows is told.
 void TakePicture(Scene& scene, Words words) {
   const Sight sight = LookAt(scene.Top());
   for (const char* const unseen : {"window frame", "window hands", "window tips"}) {
-    if (!sight.contains(unseen)) continue;
-    for (const QString& line : sight.at(unseen)) scene.Show("    " + line);
+    if (sight.contains(unseen)) ShowAll(scene, sight.at(unseen));
   }
   QWidget& window = Hand::See(scene.Top());
   window.grab();
@@ -408,9 +406,9 @@ const std::map<QString, Deed> kOfTheHand = {
        QApplication::sendEvent(Hand::See(s.Top()).windowHandle(), &uncovered);
      }}},
     {"close", {[](Scene& s, Words) { Hand::See(s.Top()).close(); }}},
-    {"look", {LookInto}},
+    {"look", {[](Scene& s, Words w) { ShowAll(s, LookAt(s.Top()).at(w.rest)); }}},
     {"sheet", {[](Scene& s, Words) {  // all of it
-       for (const QString& line : ShapesAsText(s.Printed)) s.Show("    " + line);
+       ShowAll(s, ShapesAsText(s.Printed));
      }}},
     {"take", {TakePicture}},
     {"take-sheet", {[](Scene& s, Words w) { ExpectPicture(w.All(), Painted(s.Printed, 60)); }}},

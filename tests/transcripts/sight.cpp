@@ -235,39 +235,42 @@ void Tell(const QString& name, const QStringList& before, const QStringList& aft
   AddMarked("+ ", Less(after, before), told);
 }
 
+void AddControl(const Control& control, const QWidget& widget, Sight& sight) {
+  const QString name = QString::fromStdString(control.Name());
+  sight[name] = Shown(control, widget);
+  sight[name + kPlace] = {PlaceOf(widget)};
+  sight[name + kCaption] = {CaptionOf(control, widget)};
+  sight[name + " font"] = {FontOf(widget.font())};
+  sight[name + " colours"] = {ColoursOf(widget)};
+  sight[name + " image"] = {QString::fromStdString(control.ImageKey())};
+  sight[name + " tip"] = {widget.toolTip()};
+  if (!widget.isEnabled()) sight[name + " disabled"] = {"yes"};
+  if (widget.cursor().shape() == Qt::BitmapCursor) sight["window hands"] << name;
+  if (const auto* const box = qobject_cast<const QLineEdit*>(&widget))
+    sight[name + " selected"] = {box->selectedText()};
+  if (const auto* const view = qobject_cast<const QAbstractItemView*>(&widget))
+    sight[name + " from"] = {view->indexAt({1, 1}).data().toString()};
+  if (const auto* const tree = dynamic_cast<const TreeView*>(&control))
+    sight[name + " images"] = NodeImages(*tree);
+}
+
 }  // namespace
 
 Sight LookAt(const Form& form) {
+  const QWidget& window = Hand::See(form);
   Sight sight;
-  sight["window" + kPlace] = {PlaceOf(Hand::See(form))};
-  sight["window" + kCaption] = {Hand::See(form).windowTitle()};
-  sight["window frame"] = {FrameOf(Hand::See(form))};
-  for (const auto* const tool : Hand::See(form).findChildren<QToolButton*>())
+  sight["window" + kPlace] = {PlaceOf(window)};
+  sight["window" + kCaption] = {window.windowTitle()};
+  sight["window frame"] = {FrameOf(window)};
+  for (const auto* const tool : window.findChildren<QToolButton*>())
     if (!tool->toolTip().isEmpty()) sight["window tips"] << tool->toolTip();
-  if (const auto* const bar = Hand::See(form).findChild<QMenuBar*>())
-    AddEntries(*bar, "", sight["window menu"]);
+  if (const auto* const bar = window.findChild<QMenuBar*>()) AddEntries(*bar, "", sight["window menu"]);
   for (const Control* const control : form.AllControls()) {
     const QString name = QString::fromStdString(control->Name());
     if (const auto* const timer = dynamic_cast<const Timer*>(control))
       sight[name + " each"] = {QString("%1 ms").arg(timer->Interval())};
-    const auto* const widget = Hand::See(form).findChild<QWidget*>(name);
-    if (widget == nullptr || !widget->isVisible()) continue;
-    sight[name] = Shown(*control, *widget);
-    sight[name + kPlace] = {PlaceOf(*widget)};
-    sight[name + kCaption] = {CaptionOf(*control, *widget)};
-    sight[name + " font"] = {FontOf(widget->font())};
-    sight[name + " colours"] = {ColoursOf(*widget)};
-    if (const auto* const box = qobject_cast<const QLineEdit*>(widget))
-      sight[name + " selected"] = {box->selectedText()};
-    const QCursor pointer = widget->cursor();
-    if (pointer.shape() == Qt::BitmapCursor) sight["window hands"] << name;
-    sight[name + " image"] = {QString::fromStdString(control->ImageKey())};
-    if (const auto* const view = qobject_cast<const QAbstractItemView*>(widget))
-      sight[name + " from"] = {view->indexAt({1, 1}).data().toString()};
-    if (const auto* const tree = dynamic_cast<const TreeView*>(control))
-      sight[name + " images"] = NodeImages(*tree);
-    sight[name + " tip"] = {widget->toolTip()};
-    if (!widget->isEnabled()) sight[name + " disabled"] = {"yes"};
+    const auto* const widget = window.findChild<QWidget*>(name);
+    if (widget != nullptr && widget->isVisible()) AddControl(*control, *widget, sight);
   }
   const QWidget* const focused = QApplication::focusWidget();
   sight["keyboard"] = {focused == nullptr ? "" : focused->objectName()};

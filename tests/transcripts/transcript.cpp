@@ -41,6 +41,16 @@ void StandStill(const Form& form) {
   turn.SetRunning(false);
 }
 
+// What the screen shows of a window is what its views would paint now. At other scales the platform without a
+// screen does not tell.
+void ExpectShownAsItIs(const Form& form) {
+  QWidget& window = Hand::See(form);
+  if (window.devicePixelRatio() != 1) return;
+  const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
+  const QImage fresh = window.grab().toImage();
+  EXPECT_EQ(shown.convertToFormat(fresh.format()), fresh) << form.Name() << " shows what was";
+}
+
 }  // namespace
 
 QString Words::Next() {
@@ -146,16 +156,6 @@ void Transcript::Repeat(int times, const QStringList& deeds) {
 void Transcript::InMainWindow(const Means& means) const {
   if (top_ != &program.form1.form) throw std::logic_error("another window waits for its answer");
   means();
-}
-
-// What the screen shows of a window is what its views would paint now. At other scales the platform without a
-// screen does not tell.
-void ExpectShownAsItIs(const Form& form) {
-  QWidget& window = Hand::See(form);
-  if (window.devicePixelRatio() != 1) return;
-  const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
-  const QImage fresh = window.grab().toImage();
-  EXPECT_EQ(shown.convertToFormat(fresh.format()), fresh) << form.Name() << " shows what was";
 }
 
 // What has changed since the last report.

@@ -86,10 +86,11 @@ TEST_F(SheetPicturesTest, JpegThatASheetWouldShowOtherwiseIsEncodedAnew) {
   const QByteArray cutOff = plain.left(plain.size() * 9 / 10);
   const QByteArray filledUp = QByteArray(plain).insert(2, "\xFF");
   const QByteArray hiddenFrame = QByteArray(plain).insert(2, QByteArray("\xFF\xD0\0\x04\0\0", 6));
+  const QByteArray endlessHead = QByteArray(plain).insert(2, QByteArray("\xFF\xFE\0\2", 4).repeated(1001));
   const QByteArray tooFine = AsJpeg(Noise(1300, 1300));
   for (const QByteArray& jpeg : {AsJpeg(adobe), AsJpeg(Noise(300, 200)).insert(2, onItsSide), otherColours,
                                  AsJpeg(Noise(300, 200).convertToFormat(QImage::Format_Grayscale8)), cutOff,
-                                 filledUp, hiddenFrame, tooFine}) {
+                                 filledUp, hiddenFrame, endlessHead, tooFine}) {
     const QByteArray sheet = Sheet(jpeg);
     EXPECT_FALSE(sheet.contains(ScanOf(jpeg)));
     EXPECT_GT(sheet.size(), 30000) << "a picture of noise";

@@ -1,10 +1,12 @@
 #include "platform/qt/pictures/format_modules.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QStringList>
+#include <filesystem>
 #include <mutex>
 #include <utility>
+
+#include "platform/files/program_part.h"
 
 namespace Morvane {
 namespace {
@@ -23,14 +25,12 @@ Others& TheOthers() {
 }  // namespace
 
 void InstallJpegWriter(OtherFormats others) {
-  const QString program = QCoreApplication::applicationDirPath();
-  for (const char* place : {"/plugins", "/../libexec/morvane/plugins"}) {
-    const QString folder = program + place;
-    if (!QFileInfo(folder + "/imageformats/morvane-jpeg.so").isFile()) continue;
-    if (others == OtherFormats::Found) return QCoreApplication::addLibraryPath(folder);
-    TheOthers().folders = QCoreApplication::libraryPaths();
-    return QCoreApplication::setLibraryPaths({folder});
-  }
+  const std::filesystem::path module = ProgramPart("plugins/imageformats/morvane-jpeg.so");
+  if (!exists(module)) return;
+  const QString folder = QString::fromStdString(module.parent_path().parent_path().string());
+  if (others == OtherFormats::Found) return QCoreApplication::addLibraryPath(folder);
+  TheOthers().folders = QCoreApplication::libraryPaths();
+  QCoreApplication::setLibraryPaths({folder});
 }
 
 void FindOtherFormats() {

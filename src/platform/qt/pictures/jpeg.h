@@ -2,21 +2,9 @@
 
 #include <QByteArray>
 #include <QImage>
-#include <QImageIOHandler>
 #include <QSize>
-#include <optional>
 
 namespace Morvane {
-
-// What the head of a plain JPEG tells.
-struct PlainJpeg {
-  QSize size;  // of the pixels in the file
-  QImageIOHandler::Transformations rotation;
-};
-
-// Most cameras' files are plain: three colours of eight bits, sRGB as far as they tell. Nothing for any
-// other.
-std::optional<PlainJpeg> ReadPlainJpeg(const QByteArray& file);
 
 // A plain JPEG of `fileSize`, without the rotation that it may record, averaged to `size`, which is no
 // larger, while it is decoded. Null when the decoder gives up; where a file ends too soon the rest is grey.
@@ -31,8 +19,5 @@ QByteArray EncodeJpeg(const QImage& image, int quality);
 void CarryJpeg(QImage& image, const QByteArray& jpeg);
 // Empty when there is none, or when the image was cut or stretched since.
 QByteArray CarriedJpeg(const QImage& image);
-
-// The file without all that cameras write into it but the picture. Empty when it is not plain or not whole.
-QByteArray BarePicture(const QByteArray& jpeg);
 
 }  // namespace Morvane

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "platform/qt/pictures/jpeg.h"
+#include "platform/qt/pictures/jpeg_segments.h"
 #include "platform/units.h"
 
 namespace Morvane {
@@ -76,8 +77,7 @@ QImage FilePicture::DecodeForPaper(QSize pixels) const {
   if (image.isNull() || image.hasAlphaChannel() || image.depth() == 1) return image;
   image.convertTo(QImage::Format_RGB32);
   const bool asInFile = image.size() == facts_.size && facts_.rotation == QImageIOHandler::TransformationNone;
-  const bool isPlain = facts_.format.isEmpty();
-  const QByteArray own = isPlain && asInFile ? BarePicture(file_.InPlace()) : QByteArray();
+  const QByteArray own = facts_.IsPlainJpeg() && asInFile ? BarePicture(file_.InPlace()) : QByteArray();
   CarryJpeg(image, own.isEmpty() ? EncodeJpeg(image, kSheetQuality) : own);
   return image;
 }
@@ -86,7 +86,7 @@ QImage FilePicture::DecodeFile(QSize pixels) const {
   const QSize whole = facts_.size;
   const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(whole);
   const QByteArray bytes = file_.InPlace();
-  if (facts_.format.isEmpty()) return Turned(DecodeJpeg(bytes, whole, size), facts_.rotation);
+  if (facts_.IsPlainJpeg()) return Turned(DecodeJpeg(bytes, whole, size), facts_.rotation);
   QBuffer buffer;
   buffer.setData(bytes);
   QImageReader reader(&buffer, facts_.format);

@@ -38,6 +38,8 @@ class FilePicture : public QtPicture {
     QSize size;         // in the file's pixels, before the recorded rotation
     QImageIOHandler::Transformations rotation;
     int index = 0;  // which of the images in the file it is
+
+    bool IsPlainJpeg() const { return format.isEmpty(); }
   };
 
   FilePicture(std::string file, const Facts& facts, KeptBytes::Stay stay);

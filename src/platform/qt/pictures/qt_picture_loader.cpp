@@ -1,7 +1,6 @@
 #include "platform/qt/pictures/qt_picture_loader.h"
 
 #include <QBuffer>
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QSvgRenderer>
@@ -9,8 +8,9 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/files/program_part.h"
 #include "platform/qt/pictures/format_modules.h"
-#include "platform/qt/pictures/jpeg.h"
+#include "platform/qt/pictures/jpeg_segments.h"
 #include "platform/qt/pictures/old_formats.h"
 #include "platform/qt/pictures/picture_limits.h"
 #include "platform/qt/pictures/qt_picture.h"
@@ -199,10 +199,7 @@ PicturePtr QtPictureLoader::Read(const std::string& path) const {
 }
 
 std::string OldFormatDecoderPath() {
-  const QString folder = QCoreApplication::applicationDirPath();
-  const QString beside = folder + "/morvane-decode";
-  const QString installed = folder + "/../libexec/morvane/morvane-decode";
-  return (QFileInfo::exists(beside) ? beside : installed).toStdString();
+  return ProgramPart("morvane-decode");
 }
 
 }  // namespace Morvane

@@ -59,7 +59,7 @@ class QtPictureLoader : public PictureLoader {
   mutable Loaded last_;  // what was read last, not what this object is; only with the mutex
 };
 
-// Where the decoder of old formats is: beside this program, else in ../libexec/morvane.
+// Where the decoder of old formats is.
 std::string OldFormatDecoderPath();
 
 }  // namespace Morvane

@@ -15,8 +15,8 @@ const char* NoPassword(const char*, http_t*, const char*, const char*, void*) {
 
 // By its socket or over the loopback network.
 bool IsOfThisMachine(const QByteArray& server) {
-  return server.startsWith('/') || server == "localhost" || server.startsWith("127.") ||
-         server.contains("::1");
+  return server.startsWith('/') || server == "localhost" || server.startsWith("127.") || server == "::1" ||
+         server == "[::1]";
 }
 
 }  // namespace

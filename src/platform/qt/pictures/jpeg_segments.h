@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImageIOHandler>
+#include <QSize>
+#include <optional>
+
+namespace Morvane {
+
+// What the head of a plain JPEG tells.
+struct PlainJpeg {
+  QSize size;  // of the pixels in the file
+  QImageIOHandler::Transformations rotation;
+};
+
+// Most cameras' files are plain: three colours of eight bits, sRGB as far as they tell. Nothing for any
+// other.
+std::optional<PlainJpeg> ReadPlainJpeg(const QByteArray& file);
+
+// The file without all that cameras write into it but the picture. Empty when it is not plain or not whole.
+QByteArray BarePicture(const QByteArray& jpeg);
+
+// What of a JPEG file is its first picture: phones append films and further pictures.
+struct JpegExtent {
+  qsizetype end = 0;    // bytes from the start of the file
+  qsizetype scans = 0;  // passes over the pixels
+};
+
+JpegExtent ExtentOfJpeg(const QByteArray& bytes);
+
+}  // namespace Morvane
