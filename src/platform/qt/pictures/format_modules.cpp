@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <filesystem>
 #include <mutex>
+#include <system_error>
 #include <utility>
 
 #include "platform/files/program_part.h"
@@ -26,7 +27,8 @@ Others& TheOthers() {
 
 void InstallJpegWriter(OtherFormats others) {
   const std::filesystem::path module = ProgramPart("plugins/imageformats/morvane-jpeg.so");
-  if (!exists(module)) return;
+  std::error_code unreachable;
+  if (!exists(module, unreachable)) return;
   const QString folder = QString::fromStdString(module.parent_path().parent_path().string());
   if (others == OtherFormats::Found) return QCoreApplication::addLibraryPath(folder);
   TheOthers().folders = QCoreApplication::libraryPaths();
