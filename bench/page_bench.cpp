@@ -77,7 +77,8 @@ struct ShownPage {
   }
 };
 
-// As many pictures as covers, already of their size.
+// As many pictures as covers, already of their size; in a window of another size each is stretched as the
+// window is.
 class PaintedCopies : public QWidget {
  public:
   explicit PaintedCopies(int covers) {
@@ -97,7 +98,10 @@ class PaintedCopies : public QWidget {
     painter.fillRect(rect(), Qt::white);
     for (std::size_t i = 0; i < images_.size(); ++i) {
       const int at = static_cast<int>(i);
-      painter.drawImage(QPoint(at % 10 * kPageWidth / 10, at / 10 * kPageHeight / 10), images_[i]);
+      const QPoint corner(at % 10 * width() / 10, at / 10 * height() / 10);
+      const QSize size(images_[i].width() * width() / kPageWidth,
+                       images_[i].height() * height() / kPageHeight);
+      painter.drawImage(QRect(corner, size), images_[i]);
     }
   }
 
@@ -119,17 +123,34 @@ void RedrawPage(benchmark::State& run) {
 }
 BENCHMARK(RedrawPage)->Arg(1)->Arg(10)->Arg(25)->Arg(50)->Arg(75)->Arg(100)->Unit(benchmark::kMillisecond);
 
-// Smaller and larger again, no two sizes in a row the same; at the end the frame that makes it sharp.
-void ResizePage(benchmark::State& run) {
+// Smaller and larger again, no two sizes in a row the same.
+int HeightAtStep(int step) {
   constexpr int kSteps = 100;
+  const int way = std::abs(step % (2 * kSteps) - kSteps);
+  return kPageHeight - (kSteps - way) * 3;
+}
+
+// What the toolkit itself takes for such a window: nothing in it but the pictures.
+void ResizeCopies(benchmark::State& run) {
+  PaintedCopies copies(static_cast<int>(run.range(0)));
+  int step = 0;
+  for (auto _ : run) {
+    const int height = HeightAtStep(step++);
+    copies.resize(kPageWidth * height / kPageHeight, height);
+    QApplication::processEvents();
+  }
+}
+BENCHMARK(ResizeCopies)->Arg(100)->Unit(benchmark::kMillisecond);
+
+// At the end the frame that makes it sharp.
+void ResizePage(benchmark::State& run) {
   ShownPage shown(static_cast<int>(run.range(0)));
   double worst = 0;
   int step = 0;
   for (auto _ : run) {
-    const int way = std::abs(step++ % (2 * kSteps) - kSteps);
     QElapsedTimer timer;
     timer.start();
-    shown.ResizePage(kPageHeight - (kSteps - way) * 3);
+    shown.ResizePage(HeightAtStep(step++));
     QApplication::processEvents();
     worst = std::max(worst, MillisecondsOf(timer));
   }

@@ -1,6 +1,5 @@
 #include <QImageIOHandler>
 #include <QImageIOPlugin>
-#include <QVariant>
 #include <memory>
 
 #include "platform/qt/pictures/jpeg.h"
@@ -14,17 +13,9 @@ class JpegWriter : public QImageIOHandler {
   bool read(QImage*) override { return false; }
   bool write(const QImage& image) override {
     QByteArray bytes = CarriedJpeg(image);
-    if (bytes.isEmpty()) bytes = EncodeJpeg(image, quality_);
+    if (bytes.isEmpty()) bytes = EncodeJpeg(image);
     return !bytes.isEmpty() && device()->write(bytes) == bytes.size();
   }
-
-  bool supportsOption(ImageOption option) const override { return option == Quality; }
-  void setOption(ImageOption option, const QVariant& value) override {
-    if (option == Quality && value.toInt() > 0) quality_ = value.toInt();
-  }
-
- private:
-  int quality_ = 75;
 };
 
 // Reading is left to the toolkit.

@@ -12,6 +12,8 @@ enum class PageOrientation { Portrait = 1, Landscape = 2 };
 struct SheetSize {
   double widthTwips;
   double heightTwips;
+
+  bool operator==(const SheetSize&) const = default;
 };
 
 inline constexpr SheetSize kA4 = {210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre};

@@ -13,10 +13,10 @@ namespace {
 using Surface = std::unique_ptr<SDL_Surface, decltype(&SDL_FreeSurface)>;
 
 Surface Load(const std::string& bytes) {
-  SDL_RWops* file = SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size()));
-  if (file == nullptr) throw Undecodable(SDL_GetError());
-  Surface surface(IMG_LoadLBM_RW(file), &SDL_FreeSurface);
-  SDL_RWclose(file);
+  const std::unique_ptr<SDL_RWops, decltype(&SDL_RWclose)> file(
+      SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size())), &SDL_RWclose);
+  if (!file) throw Undecodable(SDL_GetError());
+  Surface surface(IMG_LoadLBM_RW(file.get()), &SDL_FreeSurface);
   if (!surface) throw Undecodable(SDL_GetError());
   const bool small = surface->w > 0 && surface->h > 0 && surface->w <= DecoderLimits::kSide &&
                      surface->h <= DecoderLimits::kSide &&

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/controls/list_box.h"
 #include "platform/controls/tree_view.h"
 #include "platform/runtime_error.h"
 #include "tests/support/test_machine.h"
@@ -20,7 +21,10 @@ class Controls : public ::testing::Test {
   }
 };
 
-TEST_F(Controls, TreeRefusesAKeyThatExistsAPlaceThatDoesNotAndNodesOutsideIt) {
+TEST_F(Controls, ListRefusesRowsOutsideItTreeAKeyThatExistsAPlaceThatDoesNotAndNodesOutsideIt) {
+  ListBox list(form, "list");
+  list.AddItem("a");
+  for (const int none : {-1, 1}) EXPECT_THROW(list.RemoveItem(none), RuntimeError);
   TreeView tree(form, "tree");
   TreeNode& root = tree.Add("", "r", "root", "open");
   tree.Add("r", "b", "b", "closed");
@@ -50,7 +54,8 @@ TEST_F(Controls, WindowLoadsOnceFailsAloudAndShowsNothingAfterTheEnd) {
                                   "back"));
   windows.UserEvent([] { throw RuntimeError(ErrorNumber::FileNotFound, "File non trovato."); });
   windows.UserEvent([] { throw std::out_of_range("a fault of the program"); });
-  ASSERT_EQ(windows.Boxes.size(), 2U);
+  windows.UserEvent([] { throw std::bad_alloc(); });
+  ASSERT_EQ(windows.Boxes.size(), 3U);
   EXPECT_EQ(windows.Boxes[0].text, "File non trovato.");
   events.clear();
   windows.UserEvent([&] {

@@ -170,7 +170,8 @@ TEST_F(EachCall, ThatFailsIsToldAndChangesNothingElseAllIsDoneAndSoItIsWhereverT
     const bool takesFreeName = std::count(calls.begin(), calls.end(), SYS_renameat2) == 1;
     // To another volume, and on a medium that knows no such renaming.
     for (const int renaming : {EXDEV, EINVAL}) {
-      if (takesFreeName) FailEach(work, renaming);
+      const bool isDone = takesFreeName && !FailEach(work, renaming).empty();
+      EXPECT_TRUE(isDone || std::string(name) != "moved") << renaming;
     }
     std::erase_if(calls,
                   [](auto call) { return call != SYS_fsync && call != SYS_rename && call != SYS_renameat2; });

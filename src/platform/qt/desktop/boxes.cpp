@@ -7,14 +7,19 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace Morvane {
 namespace {
 
 constexpr int kPromptWidth = 420;
 
-constexpr const char* kOk = "OK";
-constexpr const char* kCancel = "Annulla";
+constexpr std::pair<QDialogButtonBox::StandardButton, const char*> kButtonTexts[] = {
+    {QDialogButtonBox::Ok, "OK"},
+    {QDialogButtonBox::Cancel, "Annulla"},
+    {QDialogButtonBox::Yes, "&Sì"},
+    {QDialogButtonBox::No, "&No"},
+};
 
 MsgBoxAnswer AnswerOf(int button) {
   if (button == QMessageBox::Cancel) return MsgBoxAnswer::Cancel;
@@ -22,17 +27,21 @@ MsgBoxAnswer AnswerOf(int button) {
   return button == QMessageBox::No ? MsgBoxAnswer::No : MsgBoxAnswer::Ok;
 }
 
-void AddButtons(QMessageBox& box, MsgBoxButtons buttons) {
-  if (buttons == MsgBoxButtons::YesNo) {
-    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-    box.button(QMessageBox::Yes)->setText("&Sì");
-    box.button(QMessageBox::No)->setText("&No");
-    return;
+QMessageBox::StandardButtons ButtonsFor(MsgBoxButtons buttons) {
+  switch (buttons) {
+    case MsgBoxButtons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case MsgBoxButtons::OkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    default:
+      return QMessageBox::Ok;
   }
-  const bool cancel = buttons == MsgBoxButtons::OkCancel;
-  box.setStandardButtons(cancel ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Ok);
-  box.button(QMessageBox::Ok)->setText(kOk);
-  if (cancel) box.button(QMessageBox::Cancel)->setText(kCancel);
+}
+
+void NameButtons(QDialogButtonBox& buttons) {
+  for (const auto& [which, text] : kButtonTexts) {
+    if (QPushButton* const button = buttons.button(which)) button->setText(text);
+  }
 }
 
 }  // namespace
@@ -43,7 +52,8 @@ MsgBoxAnswer ShowMessage(QWidget* parent, const std::string& text, MsgBoxButtons
   box.setTextFormat(Qt::PlainText);
   box.setText(QString::fromStdString(text));
   box.setWindowTitle(QString::fromStdString(title));
-  AddButtons(box, buttons);
+  box.setStandardButtons(ButtonsFor(buttons));
+  NameButtons(*box.findChild<QDialogButtonBox*>());
   return AnswerOf(box.exec());
 }
 
@@ -61,8 +71,7 @@ std::string AskForLine(QWidget* parent, const std::string& prompt, const std::st
   answer.setAccessibleName(question.text());
   answer.selectAll();
   QDialogButtonBox buttons(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-  buttons.button(QDialogButtonBox::Ok)->setText(kOk);
-  buttons.button(QDialogButtonBox::Cancel)->setText(kCancel);
+  NameButtons(buttons);
   QObject::connect(&buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
   QObject::connect(&buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
   column.addWidget(&question);

@@ -12,6 +12,8 @@
 namespace Morvane {
 namespace {
 
+constexpr int kSheetQuality = 94;  // of 100; what the toolkit takes for sheets, too
+
 // The library leaves its functions by a jump when it cannot go on; where it lands, everything that was made
 // before the jump was prepared is still there.
 struct Errors {
@@ -83,7 +85,7 @@ QImage DecodeJpeg(const QByteArray& file, QSize fileSize, QSize size) {
   return !image.isNull() && DecodeRows(file, part, PartOf(fileSize, part), image) ? image : QImage();
 }
 
-QByteArray EncodeJpeg(const QImage& image, int quality) {
+QByteArray EncodeJpeg(const QImage& image) {
   const QImage pixels = image.convertToFormat(QImage::Format_RGB32);
   uchar* bytes = nullptr;
   unsigned long size = 0;
@@ -104,7 +106,7 @@ QByteArray EncodeJpeg(const QImage& image, int quality) {
   encoder.input_components = 4;
   encoder.in_color_space = JCS_EXT_BGRX;
   jpeg_set_defaults(&encoder);
-  jpeg_set_quality(&encoder, quality, TRUE);
+  jpeg_set_quality(&encoder, kSheetQuality, TRUE);
   jpeg_start_compress(&encoder, TRUE);
   while (encoder.next_scanline < encoder.image_height) {
     // The library's parameter is not const, though it only reads.

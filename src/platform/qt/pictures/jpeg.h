@@ -10,8 +10,8 @@ namespace Morvane {
 // larger, while it is decoded. Null when the decoder gives up; where a file ends too soon the rest is grey.
 QImage DecodeJpeg(const QByteArray& file, QSize fileSize, QSize size);
 
-// Eight bits, colours at half the resolution; quality from 1 to 100. Empty when it cannot be encoded.
-QByteArray EncodeJpeg(const QImage& image, int quality);
+// For a sheet: eight bits, colours at half the resolution. Empty when it cannot be encoded.
+QByteArray EncodeJpeg(const QImage& image);
 
 // A sheet stores its pictures as JPEG. So that they are encoded on all processors at once, or not at all
 // where the file itself will do, an image can carry the JPEG of its own pixels along. The toolkit's writer of

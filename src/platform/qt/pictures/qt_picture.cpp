@@ -19,7 +19,6 @@ namespace {
 
 constexpr double kMostSvgPixels = 64e6;
 constexpr double kMostOverviewPixels = 512e3;  // 2 MB
-constexpr int kSheetQuality = 94;              // what the toolkit takes for sheets, too
 
 QImage Averaged(const QImage& image, QSize size) {
   if (image.isNull() || image.size() == size) return image;
@@ -78,7 +77,7 @@ QImage FilePicture::DecodeForPaper(QSize pixels) const {
   image.convertTo(QImage::Format_RGB32);
   const bool asInFile = image.size() == facts_.size && facts_.rotation == QImageIOHandler::TransformationNone;
   const QByteArray own = facts_.IsPlainJpeg() && asInFile ? BarePicture(file_.InPlace()) : QByteArray();
-  CarryJpeg(image, own.isEmpty() ? EncodeJpeg(image, kSheetQuality) : own);
+  CarryJpeg(image, own.isEmpty() ? EncodeJpeg(image) : own);
   return image;
 }
 

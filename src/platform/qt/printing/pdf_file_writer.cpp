@@ -12,8 +12,6 @@
 namespace Morvane {
 namespace {
 
-constexpr int kDotsPerInch = 1200;
-
 QPageLayout LayoutOf(SheetSize sheet, PageOrientation orientation) {
   const QSizeF points(sheet.widthTwips / kTwipsPerPoint, sheet.heightTwips / kTwipsPerPoint);
   const bool landscape = orientation == PageOrientation::Landscape;
@@ -37,7 +35,6 @@ std::vector<PicturePtr> WritePdf(const std::string& nativePath, const DrawingLis
     QPdfWriter writer(&file);
     writer.setCreator("Morvane");
     writer.setTitle(QString::fromStdString(title));
-    writer.setResolution(kDotsPerInch);
     writer.setPageLayout(LayoutOf(sheet, orientation));
     QPainter painter;
     if (!painter.begin(&writer)) throw failure;

@@ -7,6 +7,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QStandardPaths>
+#include <utility>
 
 #include "platform/drawing/calibration_sheet.h"
 #include "platform/qt/painting/drawing_painter.h"
@@ -125,9 +126,7 @@ void QtPrinterDevice::ReadSheet() {
     const QSizeF mm = printer_->pageLayout().pageSize().size(QPageSize::Millimeter);
     if (!mm.isEmpty()) sheet = {mm.width() * kTwipsPerMillimetre, mm.height() * kTwipsPerMillimetre};
   }
-  const bool changed = sheet.widthTwips != sheet_.widthTwips || sheet.heightTwips != sheet_.heightTwips;
-  sheet_ = sheet;
-  if (changed && OnSheetChanged) OnSheetChanged();
+  if (std::exchange(sheet_, sheet) != sheet && OnSheetChanged) OnSheetChanged();
 }
 
 PrintDialogAnswer QtPrinterDevice::ShowDialog(const PrintDialogRequest& request,

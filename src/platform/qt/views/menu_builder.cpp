@@ -11,9 +11,7 @@ void AddItems(Menu& menu, const std::vector<MenuItem>& items, MenuActions& actio
     if (item.caption == "-") {
       menu.addSeparator();
     } else if (!item.items.empty()) {
-      QMenu& inner = *menu.addMenu(caption);
-      actions.emplace_back(&item, inner.menuAction());
-      AddItems(inner, item.items, actions);
+      AddItems(*menu.addMenu(caption), item.items, actions);
     } else {
       QAction& action = *menu.addAction(caption);
       action.setObjectName(QString::fromStdString(item.name));

@@ -10,7 +10,6 @@
 namespace Morvane {
 namespace {
 
-constexpr double kDesignPixelsPerPoint = 96.0 / 72.0;
 constexpr double kSmallestFit = 0.85;
 constexpr int kLongestToolTipLine = 60;
 
@@ -36,7 +35,7 @@ QColor ToQColor(Color color) {
 
 QFont WidgetFont(const Font& font) {
   QFont widgetFont(QString::fromStdString(font.name));
-  widgetFont.setPixelSize(std::max(1, static_cast<int>(std::lround(font.size * kDesignPixelsPerPoint))));
+  widgetFont.setPixelSize(std::max(1, ToPixels(font.size * kTwipsPerPoint)));
   widgetFont.setBold(font.bold);
   widgetFont.setItalic(font.italic);
   widgetFont.setUnderline(font.underline);

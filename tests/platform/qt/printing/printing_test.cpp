@@ -199,7 +199,7 @@ TEST_F(PdfTest, MuteServiceIsToldAndOnceItAnswersItsPrintersAreOffered) {
   EXPECT_TRUE(printer_.ShowDialog({}).accepted);
 }
 
-// As on a machine without the service: its address is that of the loopback network.
+// As on a machine without the service; the last address is not known as one of this machine.
 TEST_F(PdfTest, WhereNobodyListensThereIsNoPrinterAndNobodySaysThatItIsSilent) {
   const int unheard = socket(AF_INET, SOCK_STREAM, 0);
   sockaddr_in address{
@@ -207,13 +207,17 @@ TEST_F(PdfTest, WhereNobodyListensThereIsNoPrinterAndNobodySaysThatItIsSilent) {
   socklen_t size = sizeof(address);
   ASSERT_EQ(bind(unheard, reinterpret_cast<sockaddr*>(&address), size), 0);
   ASSERT_EQ(getsockname(unheard, reinterpret_cast<sockaddr*>(&address), &size), 0);
+  const QByteArray port = ":" + QByteArray::number(ntohs(address.sin_port));
+  const QByteArray noSocket = QByteArray::fromStdString(folder_.Path()) + "/none.sock";
   const QByteArray own = qgetenv("CUPS_SERVER");
-  qputenv("CUPS_SERVER", "127.0.0.1:" + QByteArray::number(ntohs(address.sin_port)));
-  InDialog<PdfPrinterDialog>([&](PdfPrinterDialog& dialog) {
-    EXPECT_TRUE(Reads(dialog, "Nessuna stampante è installata."));
-    dialog.reject();
-  });
-  EXPECT_FALSE(printer_.ShowDialog({}).accepted);
+  for (const QByteArray& server : {"127.0.0.1" + port, "localhost" + port, noSocket, "0.0.0.0" + port}) {
+    qputenv("CUPS_SERVER", server);
+    InDialog<PdfPrinterDialog>([&](PdfPrinterDialog& dialog) {
+      EXPECT_EQ(Reads(dialog, "Nessuna stampante è installata."), !server.startsWith("0")) << server.data();
+      dialog.reject();
+    });
+    EXPECT_FALSE(printer_.ShowDialog({}).accepted);
+  }
   qputenv("CUPS_SERVER", own);
   close(unheard);
 }
