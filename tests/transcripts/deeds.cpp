@@ -147,7 +147,9 @@ const std::map<QString, Deed> kAnswering = {
     {"unprintable", {[](Scene& s, Words w) { s.machine.Fonts.NotForPrinting.push_back(w.All()); }}},
     {"separator", {[](Scene& s, Words w) { s.program.state.decimalSeparator = w.rest[0].toLatin1(); }}},
     {"in-use", {[](Scene& s, Words w) { s.program.state.NomeLayout = w.All(); }}},
-    {"screen", {[](Scene& s, Words w) { s.machine.TheScreen.Height = w.Number(); }}},
+    {"screen", {[](Scene& s, Words w) {
+       s.machine.TheScreen.Measure = [height = w.Number()] { return ScreenSize{height, height}; };
+     }}},
     {"launches", {[](Scene& s, Words w) { s.machine.Launches.ShellFails = w.rest == "fail"; }}},
     {"printer", {[](Scene& s, Words w) {
        s.machine.Device.DialogFails = w.rest == "dialog-fails";

@@ -50,7 +50,8 @@ void Form::Move(double left, double top) {
 }
 
 void Form::CentreOn(const Screen& screen) {
-  Move((screen.Width - width_) / 2, (screen.Height - height_) / 2);
+  const ScreenSize room = screen.Measure();
+  Move((room.width - width_) / 2, (room.height - height_) / 2);
 }
 
 void Form::SetSize(double width, double height) {

@@ -9,13 +9,20 @@ namespace Morvane {
 
 enum class MousePointer { Default = 0, Hourglass = 11, ArrowHourglass = 13, Custom = 99 };
 
-// The screen that windows stand on. The back-end fills in the size and mirrors the pointer.
+struct ScreenSize {
+  double width;  // twips
+  double height;
+};
+
+// The screen that windows stand on. The back-end tells the size and mirrors the pointer.
 class Screen {
  public:
   std::function<void()> OnPointerChange;
+  // What windows may cover now.
+  std::function<ScreenSize()> Measure = [] {
+    return ScreenSize{1024 * kTwipsPerPixel, 768 * kTwipsPerPixel};
+  };
 
-  double Width = 1024 * kTwipsPerPixel;  // twips
-  double Height = 768 * kTwipsPerPixel;
   double TwipsPerPixelX = kTwipsPerPixel;
   double TwipsPerPixelY = kTwipsPerPixel;
 

@@ -88,7 +88,7 @@ void Form1::Form_Load() {
   for (const OutlineRow& row : OutlineRows()) Toolbar1.AddMenuEntry("Contorno", std::string(row.text));
   state_.AppPath = WithBackslash(platform_.app.path);
   ResumeNext([&] { ControllaVersione(); });
-  const double centred = (platform_.screen.Height - form.Height()) / 2;
+  const double centred = (platform_.screen.Measure().height - form.Height()) / 2;
   form.Move(kWindowLeft, std::clamp(centred, 0.0, kLargestTop));
   state_.PaginaLarg = 297;
   state_.PaginaAlte = 210;

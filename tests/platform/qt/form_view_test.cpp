@@ -1,13 +1,11 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
-#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
-#include "platform/qt/desktop/qt_screen.h"
 #include "platform/qt/desktop/qt_window_system.h"
 #include "platform/qt/pictures/qt_picture.h"
 #include "tests/support/test_machine.h"
@@ -52,14 +50,6 @@ TEST_F(FormViewTest, ComingBackToAnOpenBoxActivatesTheWindowOnceTheBoxIsAnswered
   window->activateWindow();  // as a window manager does
   EXPECT_TRUE(QTest::qWaitFor([&] { return log.size() > 2; }));
   EXPECT_THAT(log, ElementsAre("Activate", "answer", "Activate"));
-}
-
-TEST_F(FormViewTest, TheDesktopsSizeIsFollowed) {
-  const QtScreen desktop(machine.TheScreen);
-  const double width = std::exchange(machine.TheScreen.Width, 0);
-  EXPECT_EQ(width, Desk().width() * kTwipsPerPixel);
-  Q_EMIT QGuiApplication::primaryScreen()->availableGeometryChanged({});
-  EXPECT_EQ(machine.TheScreen.Width, width);
 }
 
 // While a window is resized its pictures are stretched, of whatever pixels are there.

@@ -13,6 +13,7 @@
 
 #include "platform/files/file_system.h"
 #include "platform/qt/painting/drawing_painter.h"
+#include "platform/qt/pictures/picture_limits.h"
 #include "platform/qt/pictures/qt_picture.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "platform/runtime_error.h"
@@ -177,6 +178,13 @@ TEST_F(QtPictureTest, BrokenAndHostileFilesAreRefusedSoonAndForLittleMemory) {
   rusage usage;
   getrusage(RUSAGE_SELF, &usage);
   EXPECT_LT(usage.ru_maxrss, kHostileKilobytes);
+}
+
+// In pixels, and the scans of a JPEG; 0 for other formats.
+TEST(PictureLimits, RefuseWhatTakesTooLongOrTooMuch) {
+  const auto passes = [](int width, int height, int scans) { return !CostsTooMuch({width, height}, scans); };
+  EXPECT_TRUE(passes(8192, 8192, 0) && passes(16384, 8192, 1) && passes(8192, 8192, 16));
+  EXPECT_FALSE(passes(8192, 8193, 0) || passes(16384, 8193, 1) || passes(8192, 8192, 17));
 }
 
 TEST_F(QtPictureTest, FileInUseIsReadAgainOnceItChanged) {

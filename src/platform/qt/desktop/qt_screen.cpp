@@ -22,26 +22,12 @@ QRect Desk() {
 }
 
 QtScreen::QtScreen(Screen& screen) : screen_(screen) {
-  QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &events_, [this] { Follow(); });
-  Follow();
+  screen_.Measure = [] { return ScreenSize{ToTwips(Desk().width()), ToTwips(Desk().height())}; };
   screen_.OnPointerChange = [this] { MirrorPointer(); };
 }
 
 QtScreen::~QtScreen() {
   screen_.OnPointerChange = nullptr;
-}
-
-void QtScreen::Follow() {
-  QObject::disconnect(followed_);
-  const QScreen* const primary = QGuiApplication::primaryScreen();
-  if (primary == nullptr) return;
-  followed_ = QObject::connect(primary, &QScreen::availableGeometryChanged, &events_, [this] { Measure(); });
-  Measure();
-}
-
-void QtScreen::Measure() {
-  screen_.Width = ToTwips(Desk().width());
-  screen_.Height = ToTwips(Desk().height());
 }
 
 void QtScreen::MirrorPointer() {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QMetaObject>
-#include <QObject>
 #include <QRect>
 
 #include "platform/controls/screen.h"
@@ -11,7 +9,7 @@ namespace Morvane {
 // What windows may cover of the primary screen, in logical pixels.
 QRect Desk();
 
-// Keeps the size of the screen up to date and shows its pointer over all windows. The screen must live as
+// Measures the screen and shows its pointer over all windows. The screen must live as
 // long as this.
 class QtScreen {
  public:
@@ -21,13 +19,9 @@ class QtScreen {
   QtScreen& operator=(const QtScreen&) = delete;
 
  private:
-  void Follow();
-  void Measure();
   void MirrorPointer();
 
   Screen& screen_;
-  QObject events_;
-  QMetaObject::Connection followed_;
   bool overridden_ = false;
 };
 

@@ -8,7 +8,6 @@
 namespace Morvane {
 namespace {
 
-constexpr double kAnyWidth = 1e6;          // lines are not wrapped
 constexpr std::size_t kMostLines = 10000;  // several full sheets
 
 // The toolkit's own underline of glyphs has the wrong width on a scaled painter and touches the letters, so
@@ -24,7 +23,7 @@ LaidOutLine LayOut(const Font& font, const std::string& text) {
   layout.beginLayout();
   QTextLine line = layout.createLine();
   if (!line.isValid()) return {};
-  line.setLineWidth(kAnyWidth);
+  line.setLineWidth(0);  // of no effect where nothing is wrapped, but without it there are no glyphs
   // A letter that another font lends may be higher; the line stays on its own font's baseline.
   line.setPosition({0, metrics.ascent() - line.ascent()});
   layout.endLayout();

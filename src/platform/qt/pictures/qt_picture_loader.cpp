@@ -87,7 +87,6 @@ FilePicture::Facts FactsOf(const std::string& path, const QByteArray& bytes) {
   QBuffer buffer;
   buffer.setData(bytes);
   QImageReader reader(&buffer);
-  reader.setDecideFormatFromContent(true);
   const QByteArray format = reader.format();
   if (!IsKnown(format)) throw Bad(path, "è di un formato sconosciuto.");
   const int index = format == "ico" || format == "cur" ? LargestImage(reader, bytes.size()) : 0;

@@ -1,5 +1,7 @@
 #include "platform/qt/printing/print_service.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <memory>
 
@@ -13,10 +15,12 @@ const char* NoPassword(const char*, http_t*, const char*, const char*, void*) {
   return nullptr;
 }
 
+constexpr std::array kThisMachine = {"localhost", "::1", "[::1]"};
+
 // By its socket or over the loopback network.
 bool IsOfThisMachine(const QByteArray& server) {
-  return server.startsWith('/') || server == "localhost" || server.startsWith("127.") || server == "::1" ||
-         server == "[::1]";
+  return server.startsWith('/') || server.startsWith("127.") ||
+         std::find(kThisMachine.begin(), kThisMachine.end(), server) != kThisMachine.end();
 }
 
 }  // namespace
