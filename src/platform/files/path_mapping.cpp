@@ -50,9 +50,7 @@ bool CanBeGiven(const std::string& name) {
 }
 
 char DriveLetter(const std::string& path) {
-  if (path.size() < 2 || path[1] != ':') return 0;
-  const char letter = ToUpper(path.substr(0, 1)).front();
-  return letter >= 'A' && letter <= 'Z' ? letter : '\0';
+  return path.size() >= 2 && path[1] == ':' ? ToUpper(path.substr(0, 1)).front() : '\0';
 }
 
 // What of `path` lies below `folder`, beginning with a slash or empty; nothing when it lies elsewhere.

@@ -3,7 +3,6 @@
 namespace Morvane {
 
 void ElencaFonts(ListBox& list, const FontCatalog& fonts) {
-  list.Clear();
   for (const std::string& family : fonts.Families()) list.AddItem(family);
 }
 

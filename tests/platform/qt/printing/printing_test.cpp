@@ -27,6 +27,7 @@
 #include "platform/runtime_error.h"
 #include "platform/units.h"
 #include "render/print_job.h"
+#include "tests/hand/golden.h"
 #include "tests/support/private_cups.h"
 #include "tests/support/program_run.h"
 #include "tests/support/sheet_measure.h"
@@ -405,6 +406,31 @@ TEST_F(QueueTest, CalibratedSheetHasTheSizesAndPlacesThatThePaperThenPutsRight) 
       ExpectCover(MeasuredSheet(cups_.SheetPath()), orientation, corrects ? kMeasured : Calibration());
     }
   }
+}
+
+// Where each part of a window stands, what it reads and what it takes.
+QString Described(QWidget& window) {
+  window.grab();
+  QStringList lines{window.windowTitle()};
+  for (const auto* part : window.findChildren<QWidget*>()) {
+    if (part->objectName().startsWith("qt_")) continue;
+    const QRect place(part->mapTo(&window, QPoint()), part->size());
+    lines << QString("%1,%2 %3x%4").arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height());
+    for (const char* name : {"text", "toolTip", "minimum", "maximum", "singleStep", "keyboardTracking",
+                             "autoDefault", "wordWrap", "textFormat"}) {
+      const QString value = part->property(name).toString();
+      if (!value.isEmpty()) lines.last() += QString("  %1=%2").arg(name, value).replace("\n", " / ");
+    }
+  }
+  return lines.join('\n') + '\n';
+}
+
+TEST(PrintDialogs, ShowAndTakeTheSame) {
+  PdfPrinterDialog pdf("Nessuna stampante è installata.", "/casa/Documenti", nullptr);
+  Calibrations none("/proc/nessuno/taratura.ini");
+  CalibrationTab tab(none, [](const QString&) {});
+  tab.ShowPrinter("casa");
+  ExpectText("tests/platform/qt/printing/dialogs.txt", Described(pdf) + Described(tab));
 }
 
 TEST(CalibrationFile, KeepsEachPrinterAndADamagedOneCorrectsNothingAndIsToldOnce) {
