@@ -25,10 +25,9 @@ QImage Averaged(const QImage& image, QSize size) {
   return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-// Screen and sheet carry no profile; a picture without one is sRGB already.
+// Screen and sheet carry no profile; a picture without one is sRGB already, and stays as it is.
 QImage InSrgb(QImage image) {
-  const QColorSpace space = image.colorSpace();
-  if (space.isValid() && space != QColorSpace::SRgb) image.convertToColorSpace(QColorSpace::SRgb);
+  image.convertToColorSpace(QColorSpace::SRgb);
   return image;
 }
 
