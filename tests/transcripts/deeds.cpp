@@ -319,6 +319,8 @@ void TakePicture(Scene& scene, Words words) {
     if (sight.contains(unseen)) ShowAll(scene, sight.at(unseen));
   }
   QWidget& window = Hand::See(scene.Top());
+  ShowAll(scene, StopsOf(window));
+  ShowAll(scene, SpokenIn(window));
   window.grab();
   Hand::Settle();  // scroll bars come and go after the first painting
   const QImage seen = window.grab().toImage();

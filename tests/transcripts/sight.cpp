@@ -277,6 +277,24 @@ Sight LookAt(const Form& form) {
   return sight;
 }
 
+QStringList StopsOf(const QWidget& window) {
+  QStringList stops;
+  for (const QWidget* part = window.nextInFocusChain(); part != &window; part = part->nextInFocusChain()) {
+    if (part->isVisibleTo(&window) && part->isEnabled() && (part->focusPolicy() & Qt::TabFocus) != 0)
+      stops << (part->objectName().isEmpty() ? part->accessibleName() : part->objectName());
+  }
+  return stops;
+}
+
+QStringList SpokenIn(const QWidget& window) {
+  QStringList names;
+  for (const auto* const part : window.findChildren<QWidget*>()) {
+    const QString name = part->accessibleName();
+    if (!name.isEmpty()) names << part->objectName() + ": " + name;
+  }
+  return names;
+}
+
 Sight LookAround(const TestMachine& machine) {
   Sight sight;
   namespace fs = std::filesystem;

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QWidget>
 #include <map>
 
 #include "platform/controls/form.h"
@@ -16,6 +17,11 @@ using Sight = std::map<QString, QStringList>;
 Sight LookAt(const Form& form);
 // The files below the machine's drive, and the pointer.
 Sight LookAround(const TestMachine& machine);
+
+// Where the Tab key leads, one stop after the other.
+QStringList StopsOf(const QWidget& window);
+// What is read aloud to who cannot see, where it is not the toolkit's own.
+QStringList SpokenIn(const QWidget& window);
 
 // What came, went or became another, a line or some lines each; long texts by what is new or gone in them.
 QStringList Changes(const Sight& before, const Sight& after);
