@@ -18,7 +18,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// A machine whose "xdg-open" writes down its arguments, one a line, and "FINE".
+// A machine whose "xdg-open" writes down its arguments, one a line, and what it reads and writes.
 class QtLauncherTest : public testing::Test {
  protected:
   QtLauncherTest() : path_(qgetenv("PATH")), record_(QString::fromStdString(tools_.Path() + "/argv")) {
@@ -31,8 +31,8 @@ class QtLauncherTest : public testing::Test {
     QFile script(QString::fromStdString(nativePath));
     ASSERT_TRUE(script.open(QIODevice::WriteOnly));
     const QByteArray record = record_.toUtf8();
-    script.write("#!/bin/sh\nprintf '%s\\n' \"$@\" FINE > '" + record + ".new'\nmv '" + record + ".new' '" +
-                 record + "'\n");
+    script.write("#!/bin/sh\nprintf '%s\\n' \"$@\" \"$(readlink /proc/$$/fd/[012] | sort -u)\" > '" + record +
+                 ".new'\nmv '" + record + ".new' '" + record + "'\n");
     script.setPermissions(QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
   }
 
@@ -68,7 +68,7 @@ TEST_F(QtLauncherTest, WhatIsOpenedIsOneArgumentAndADocumentLiesInTheProgramsFol
                                                        {"--help", folder + "--help"}};
   for (const auto& [target, argument] : cases) {
     launcher_.ShellExecute(target);
-    EXPECT_EQ(Started(), argument + "\nFINE\n");
+    EXPECT_EQ(Started(), argument + "\n/dev/null\n");
   }
   for (const char* missing :
        {"", "manca.htm", "-version", "http://a.example/\nrm", "http://a.example/\r", "\x1B"})
@@ -83,7 +83,7 @@ TEST_F(QtLauncherTest, AProgramIsStartedByItsPathElseNotFound) {
   EXPECT_THROW(launcher_.Shell(program), RuntimeError);
   MakeProgram(machine_.Root.Path() + "/Morvane/lindorel.exe");
   launcher_.Shell(program);
-  EXPECT_EQ(Started(), "FINE\n");
+  EXPECT_EQ(Started(), "/dev/null\n");
 }
 
 // Answers each request with the same bytes; with none it accepts and says nothing.
@@ -112,10 +112,12 @@ TEST(QtHttpClientTest, GivesTheBodyByteForByteAndNothingOfAFailure) {
   const LoopbackServer missing(QByteArray("HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\n999\n"));
   const LoopbackServer moved("HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " +
                              QByteArray::fromStdString(whole.Url()) + "\r\n\r\n");
-  const LoopbackServer huge("HTTP/1.1 200 OK\r\n\r\n" + QByteArray(2 << 20, '9'));
+  const LoopbackServer largest("HTTP/1.1 200 OK\r\n\r\n" + QByteArray(1 << 20, '9'));
+  const LoopbackServer huge("HTTP/1.1 200 OK\r\n\r\n" + QByteArray((1 << 20) + 1, '9'));
   QtHttpClient http(std::chrono::seconds(5));
   EXPECT_EQ(http.OpenUrl(whole.Url()), "261\n");
   EXPECT_EQ(http.OpenUrl(moved.Url()), "261\n");
+  EXPECT_EQ(http.OpenUrl(largest.Url()).size(), 1U << 20);
   for (const std::string& url : {missing.Url(), huge.Url(), std::string("http://host.invalid/file.txt"),
                                  std::string("http://127.0.0.1:1/file.txt"),
                                  std::string("file:///etc/hostname"), std::string("nonsense")})

@@ -24,7 +24,7 @@ bool IsAddress(const std::string& target) {
 }
 
 bool IsFullPath(const std::string& path) {
-  return path.starts_with('\\') || (path.size() >= 2 && IsLetter(path[0]) && path[1] == ':');
+  return path.starts_with('\\') || path.find(':') == 1;
 }
 
 bool Start(const std::string& program, const QStringList& arguments) {

@@ -15,11 +15,8 @@ namespace {
 QPageLayout LayoutOf(SheetSize sheet, PageOrientation orientation) {
   const QSizeF points(sheet.widthTwips / kTwipsPerPoint, sheet.heightTwips / kTwipsPerPoint);
   const bool landscape = orientation == PageOrientation::Landscape;
-  QPageLayout layout(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch),
-                     landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF(),
-                     QPageLayout::Point);
-  layout.setMode(QPageLayout::FullPageMode);
-  return layout;
+  return {QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch),
+          landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF(), QPageLayout::Point};
 }
 
 }  // namespace
