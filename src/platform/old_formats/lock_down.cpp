@@ -51,14 +51,18 @@ constexpr std::array kAllowedUnlessExecutable = {SCMP_SYS(mmap), SCMP_SYS(mprote
 constexpr std::array kRefused = {SCMP_SYS(fstat), SCMP_SYS(newfstatat)};
 
 bool AddRules(scmp_filter_ctx filter) {
-  bool added = true;
-  for (int call : kAllowed) added = added && seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 0) == 0;
-  for (int call : kAllowedUnlessExecutable) {
+  const auto allow = [&](int call) { return seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 0) == 0; };
+  const auto allowUnlessExecutable = [&](int call) {
     const scmp_arg_cmp notExecutable = SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0);
-    added = added && seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 1, notExecutable) == 0;
-  }
-  for (int call : kRefused) added = added && seccomp_rule_add(filter, SCMP_ACT_ERRNO(EACCES), call, 0) == 0;
-  return added;
+    return seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 1, notExecutable) == 0;
+  };
+  const auto refuse = [&](int call) {
+    return seccomp_rule_add(filter, SCMP_ACT_ERRNO(EACCES), call, 0) == 0;
+  };
+  return std::all_of(kAllowed.begin(), kAllowed.end(), allow) &&
+         std::all_of(kAllowedUnlessExecutable.begin(), kAllowedUnlessExecutable.end(),
+                     allowUnlessExecutable) &&
+         std::all_of(kRefused.begin(), kRefused.end(), refuse);
 }
 
 bool LoadFilter() {

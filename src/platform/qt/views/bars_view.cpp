@@ -55,7 +55,7 @@ class StatusBarView : public WidgetView<StatusBar, QFrame> {
 
 ToolbarView::ToolbarView(Toolbar& model, QWidget& parent, const ViewContext& context)
     : WidgetView(model, parent, context), row_(&widget_) {
-  row_.setContentsMargins(0, 0, 0, 0);
+  row_.setContentsMargins({});
   row_.setSpacing(1);
   parts_.reserve(model_.Buttons.size());
   for (const ToolButton& button : model_.Buttons) {

@@ -37,7 +37,7 @@ FormView::FormView(Form& model, FormRole role, const ViewContext& context)
   window_.installEventFilter(this);
   client_.installEventFilter(this);
   client_.setMouseTracking(true);
-  layout_.setContentsMargins(0, 0, 0, 0);
+  layout_.setContentsMargins({});
   layout_.addWidget(&scroll_);
   scroll_.setFrameShape(QFrame::NoFrame);
   scroll_.setFocusPolicy(Qt::NoFocus);

@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QTextDocument>
+#include <QWidget>
 #include <algorithm>
 #include <cmath>
 
@@ -43,10 +44,9 @@ QFont WidgetFont(const Font& font) {
 }
 
 QFont FittingFont(QFont font, const QString& text, QSize room, int flags) {
-  constexpr int kEndless = 1 << 20;
   const int smallest = static_cast<int>(std::ceil(font.pixelSize() * kSmallestFit));
   while (font.pixelSize() > smallest) {
-    const QRect space(0, 0, room.width(), kEndless);
+    const QRect space(QPoint(), QSize(room.width(), QWIDGETSIZE_MAX));
     const QSize needed = QFontMetrics(font).boundingRect(space, flags, text).size();
     if (needed.width() <= room.width() && needed.height() <= room.height()) break;
     font.setPixelSize(font.pixelSize() - 1);
