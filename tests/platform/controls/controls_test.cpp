@@ -21,10 +21,16 @@ class Controls : public ::testing::Test {
   }
 };
 
-TEST_F(Controls, ListRefusesRowsOutsideItTreeAKeyThatExistsAPlaceThatDoesNotAndNodesOutsideIt) {
+TEST_F(Controls, ListKeepsTheOrderOfItsRowsAndRefusesOthers) {
   ListBox list(form, "list");
+  list.AddItem("b");
+  list.SetListIndex(0);
   list.AddItem("a");
-  for (const int none : {-1, 1}) EXPECT_THROW(list.RemoveItem(none), RuntimeError);
+  EXPECT_EQ(list.List(0) + list.List(1), "ba");
+  for (const int none : {-1, 2}) EXPECT_THROW(list.RemoveItem(none), RuntimeError);
+}
+
+TEST_F(Controls, TreeRefusesAKeyThatExistsAPlaceThatDoesNotAndNodesOutsideIt) {
   TreeView tree(form, "tree");
   TreeNode& root = tree.Add("", "r", "root", "open");
   tree.Add("r", "b", "b", "closed");
