@@ -1,14 +1,29 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <deque>
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/controls/window_system.h"
 
 namespace Morvane {
+
+// What a script holds next; without it the test fails.
+template <typename T>
+T TakeFront(std::deque<T>& script, const std::string& asked, T otherwise = {}) {
+  if (script.empty()) {
+    ADD_FAILURE() << "unexpected " << asked;
+    return otherwise;
+  }
+  T value = std::move(script.front());
+  script.pop_front();
+  return value;
+}
 
 // Windows without a screen. Boxes are answered from a script, modal windows are played by the test; what was
 // asked is recorded. A box or window that the script does not know fails the test.
@@ -17,12 +32,6 @@ class ScriptedWindows : public WindowSystem {
   struct Box {
     std::string text;
     MsgBoxButtons buttons = MsgBoxButtons::Ok;
-    std::string title;
-  };
-  struct Prompt {
-    std::string prompt;
-    std::string title;
-    std::string defaultText;
   };
 
   // What the user answers next; boxes with OK alone need no answer.
@@ -37,8 +46,6 @@ class ScriptedWindows : public WindowSystem {
   std::function<void()> AfterBox;  // what else the user does before going on
 
   std::vector<Box> Boxes;
-  std::vector<Prompt> Prompts;
-  std::vector<std::string> ShownForms;
 
   // One event of the user: the handler, then whatever was queued meanwhile.
   void UserEvent(const std::function<void()>& handler);
@@ -50,7 +57,7 @@ class ScriptedWindows : public WindowSystem {
   std::string BrowseForFolder(const std::string& title) override;
 
  protected:
-  void ShowFirst(Form& form) override;
+  void ShowFirst(Form&) override { RunPosted(); }
   void RunModal(Form& form) override;
   void ProcessToolkitEvents() override {}
   void WakeUp() override {}

@@ -1,7 +1,5 @@
 #include "tests/support/test_machine.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -62,14 +60,8 @@ PrintDialogAnswer RecordingPrinter::ShowDialog(const PrintDialogRequest& request
   Tell("ShowDialog", ErrorNumber::PrinterFailure);
   Dialogs.push_back(request);
   if (DialogFails) throw RuntimeError(ErrorNumber::PrinterFailure, "La stampante non risponde.");
-  if (Answers.empty()) {
-    ADD_FAILURE() << "unexpected print dialog";
-    return {};
-  }
   orientation = Turned.value_or(orientation);
-  const PrintDialogAnswer answer = Answers.front();
-  Answers.pop_front();
-  return answer;
+  return TakeFront(Answers, "print dialog");
 }
 
 void RecordingPrinter::SendPage(const DrawingList& page, PageOrientation orientation,
