@@ -23,8 +23,6 @@ namespace Morvane {
 
 namespace {
 
-constexpr int kRepeats = 3;
-
 // What of a control the mouse hits.
 QWidget& Surface(QWidget& widget) {
   auto* const scrolled = qobject_cast<QAbstractScrollArea*>(&widget);
@@ -161,13 +159,6 @@ void Hand::Click(const Control& control, double x, double y, Qt::MouseButton but
   Settle();
 }
 
-void Hand::Point(const Control& control, double x, double y) {
-  const QPoint place(ToPixels(x), ToPixels(y));
-  // The first move over a window only enters it.
-  for (const QPoint& on : {place - QPoint(1, 0), place}) QTest::mouseMove(&Surface(Find(control)), on);
-  Settle();
-}
-
 void Hand::Type(const Control& box, const std::string& text) {
   Press(box);
   QTest::keyClick(&WithKeyboard(), Qt::Key_A, Qt::ControlModifier);
@@ -176,21 +167,8 @@ void Hand::Type(const Control& box, const std::string& text) {
   Settle();
 }
 
-void Hand::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-  QTest::keyClick(&WithKeyboard(), key, modifiers);
-  Settle();
-}
-
-void Hand::HoldDown(Qt::Key key) {
-  for (int i = 0; i < kRepeats; ++i) {
-    QKeyEvent repeat(QEvent::KeyPress, key, {}, {}, true);
-    QApplication::sendEvent(&WithKeyboard(), &repeat);
-  }
-  Settle();
-}
-
-void Hand::Move(const Form& form, double left, double top) {
-  See(form).move(ToPixels(left), ToPixels(top));
+void Hand::Key(const QKeySequence& keys) {
+  QTest::keySequence(&WithKeyboard(), keys);
   Settle();
 }
 
@@ -215,16 +193,13 @@ QModelIndex Hand::Row(const Control& list, const std::string& text) {
   return found.front();
 }
 
-void Hand::ClickRow(const Control& list, const QModelIndex& row, int x, Qt::MouseButton button) {
+void Hand::ClickRow(const Control& list, const QModelIndex& row, int x, Qt::MouseButton button,
+                    Qt::KeyboardModifiers modifiers) {
   auto& view = See<QAbstractItemView>(list);
   view.scrollTo(row);
   const QRect place = view.visualRect(row);
-  QTest::mouseClick(view.viewport(), button, {}, {place.left() + x, place.center().y()});
+  QTest::mouseClick(view.viewport(), button, modifiers, {place.left() + x, place.center().y()});
   Settle();
-}
-
-void Hand::ClickRow(const Control& list, int row, Qt::MouseButton button) {
-  ClickRow(list, See<QAbstractItemView>(list).model()->index(row, 0), 5, button);
 }
 
 QWidget& Hand::See(const Form& form) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeySequence>
 #include <QModelIndex>
 #include <QWidget>
 #include <string>
@@ -52,14 +53,11 @@ class Hand {
   static void Press(const Control& control);
   static void Click(const Control& control, double x, double y, Qt::MouseButton button = Qt::LeftButton,
                     Qt::KeyboardModifiers modifiers = {});
-  static void Point(const Control& control, double x, double y);
   // Clicks into the box and replaces its text.
   static void Type(const Control& box, const std::string& text);
-  // To what has the keyboard.
-  static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
-  static void HoldDown(Qt::Key key);  // three repeats of a key that is held
-  // By the title bar and the edge of the window; twips of its place and of its inside.
-  static void Move(const Form& form, double left, double top);
+  // To what has the keyboard, faster than anything answers.
+  static void Key(const QKeySequence& keys);
+  // By the edge of the window; twips of its inside.
   static void Resize(const Form& form, double width, double height);
 
   // The rows of a list, or of a tree below a row, as they are read.
@@ -68,8 +66,7 @@ class Hand {
   static QModelIndex Row(const Control& list, const std::string& text);
   // Pixels from the row's left edge; a tree's triangle lies before it.
   static void ClickRow(const Control& list, const QModelIndex& row, int x = 5,
-                       Qt::MouseButton button = Qt::LeftButton);
-  static void ClickRow(const Control& list, int row, Qt::MouseButton button = Qt::LeftButton);
+                       Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers modifiers = {});
 
   template <typename Widget = QWidget>
   static Widget& See(const Control& control) {

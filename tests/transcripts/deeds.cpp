@@ -19,6 +19,7 @@
 #include "core/web_addresses.h"
 #include "platform/drawing/calibration_sheet.h"
 #include "platform/qt/painting/drawing_painter.h"
+#include "platform/qt/views/view_text.h"
 #include "platform/units.h"
 #include "tests/hand/golden.h"
 #include "tests/support/program_run.h"
@@ -188,9 +189,10 @@ void Click(Scene& scene, Words words) {  // control, place, button
   Hand::Click(control, place.x(), place.y(), buttons.at(words.rest));
 }
 
-void ClickRow(Scene& scene, Words words, int x, Qt::MouseButton button) {
+void ClickRow(Scene& scene, Words words, int x, Qt::MouseButton button,
+              Qt::KeyboardModifiers modifiers = {}) {
   const Control& list = scene.Named(words);
-  Hand::ClickRow(list, Hand::Row(list, words.All()), x, button);
+  Hand::ClickRow(list, Hand::Row(list, words.All()), x, button, modifiers);
 }
 
 // Pressed on one row, let go on another.
@@ -203,16 +205,6 @@ void Slide(Scene& scene, Words words) {
   QMouseEvent move(QEvent::MouseMove, to, rows.mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
   QApplication::sendEvent(&rows, &move);
   QTest::mouseRelease(&rows, Qt::LeftButton, {}, to);
-}
-
-void PressKey(Scene&, Words words) {
-  const QKeyCombination key = QKeySequence(words.rest)[0];
-  Hand::Key(key.key(), key.keyboardModifiers());
-}
-
-void PressKeys(Scene&, Words words) {  // faster than anything answers
-  for (const QString& name : words.rest.split(' '))
-    QTest::keyClick(QApplication::focusWidget(), QKeySequence(name)[0].key());
 }
 
 void PressPanel(Scene& scene, Words words) {
@@ -362,15 +354,22 @@ const std::map<QString, Deed> kOfTheHand = {
     {"point", {[](Scene& s, Words w) {
        const Control& control = s.Named(w);
        const QPointF place = Place(control, w);
-       Hand::Point(control, place.x(), place.y());
+       const QPoint pixel(ToPixels(place.x()), ToPixels(place.y()));
+       // The first move over a window only enters it.
+       for (const QPoint& on : {pixel - QPoint(1, 0), pixel}) QTest::mouseMove(&Hand::See(control), on);
      }}},
     {"type", {[](Scene& s, Words w) {
        const Control& box = s.Named(w);
        Hand::Type(box, w.All());
      }}},
-    {"key", {PressKey}},
-    {"keys", {PressKeys}},
-    {"hold", {[](Scene&, Words w) { Hand::HoldDown(QKeySequence(w.rest)[0].key()); }}},
+    // several are parted by commas
+    {"key", {[](Scene&, Words w) { Hand::Key(w.rest); }}},
+    {"hold", {[](Scene&, Words w) {  // three repeats of a key
+       for (int i = 0; i < 3; ++i) {
+         QKeyEvent repeat(QEvent::KeyPress, QKeySequence(w.rest)[0].key(), {}, {}, true);
+         QApplication::sendEvent(QApplication::focusWidget(), &repeat);
+       }
+     }}},
     {"walk", {Walk}},
     {"row", {[](Scene& s, Words w) { ClickRow(s, w, 5, Qt::LeftButton); }}},
     {"right", {[](Scene& s, Words w) { ClickRow(s, w, 5, Qt::RightButton); }}},
@@ -380,11 +379,7 @@ const std::map<QString, Deed> kOfTheHand = {
        QTest::mouseDClick(Hand::See<QAbstractItemView>(list).viewport(), Qt::LeftButton, {},
                           RowPlace(list, w.rest));
      }}},
-    {"ctrl-row", {[](Scene& s, Words w) {
-       const Control& list = s.Named(w);
-       QTest::mouseClick(Hand::See<QAbstractItemView>(list).viewport(), Qt::LeftButton, Qt::ControlModifier,
-                         RowPlace(list, w.rest));
-     }}},
+    {"ctrl-row", {[](Scene& s, Words w) { ClickRow(s, w, 5, Qt::LeftButton, Qt::ControlModifier); }}},
     {"slide", {Slide}},
     {"carry", {Carry}},
     {"drag", {Drag}},
@@ -392,7 +387,7 @@ const std::map<QString, Deed> kOfTheHand = {
     {"drag-away", {DragAway}},
     {"move", {[](Scene& s, Words w) {
        const double left = w.Number();
-       Hand::Move(s.Top(), left, w.Number());
+       Hand::See(s.Top()).move(ToPixels(left), ToPixels(w.Number()));
      }}},
     {"resize", {[](Scene& s, Words w) {
        const double width = w.Number();

@@ -57,7 +57,7 @@ class DialogSession : public ::testing::TestWithParam<std::pair<unsigned, char>>
   }
   // As it is read from its file.
   std::string SavedOnceMore() {
-    Hand::ClickRow(dialog.List1, dialog.List1.ListIndex());
+    Hand::ClickRow(dialog.List1, Hand::Row(dialog.List1, dialog.List1.Text()));
     return Saved();
   }
 
