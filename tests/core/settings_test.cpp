@@ -57,13 +57,14 @@ TEST_F(SettingsTest, AreWrittenByteForByteReadBackAndKeptQuietlyWhenTheyCannotBe
     state.SpessoreBordo = static_cast<std::int16_t>(width);
     state.FileFolder = "C:\\Città\\";
     SalvaImpostazioni(state, *machine.Files);
-    EXPECT_EQ(machine.ReadFile(kPath), head + "SpessoreBordo=" + text + "\r\nFileFolder=C:\\Citt\xE0\\\r\n");
+    EXPECT_EQ(machine.Files->ReadBytes(kPath),
+              head + "SpessoreBordo=" + text + "\r\nFileFolder=C:\\Citt\xE0\\\r\n");
     EXPECT_EQ(Read(), std::to_string(width) + " C:\\Città\\");
   }
   RefuseFiles();
   state.SpessoreBordo = 1;
   SalvaImpostazioni(state, *machine.Files);
-  EXPECT_NE(machine.ReadFile(kPath).find("= 5 "), std::string::npos);
+  EXPECT_NE(machine.Files->ReadBytes(kPath).find("= 5 "), std::string::npos);
 }
 
 TEST(VersionCheck, DropsTheLastByteComparesTheDigitsAsNumbersAndNamesThree) {

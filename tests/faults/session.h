@@ -10,7 +10,6 @@
 #include <sstream>
 #include <string>
 
-#include "core/web_addresses.h"
 #include "tests/support/test_machine.h"
 #include "windows/main_window/program.h"
 
@@ -99,10 +98,10 @@ class Session {
     WriteKept("C:\\Morvane\\morvane.ini", "SpessoreBordo= 3 \r\nFileFolder=C:\\Foto\r\n");
     WriteKept("C:\\Morvane\\morvane_fileid.txt", "Morvane\r\nGrazie\r\n");
     for (const char* name : {"a.jpg", "b.jpg", "c.jpg"})
-      machine.WritePicture(std::string("C:\\Foto\\") + name, 2000, 1000);
+      machine.WriteFile(std::string("C:\\Foto\\") + name, "PICTURE");
     for (const char* name : {"Foto\\Vacanze\\mare.txt", "Disco\\Musica\\uno.mp3", "Disco\\due.txt"})
       machine.WriteFile(std::string("C:\\") + name, "");
-    machine.Http.Bodies[std::string(WebAddresses::kUpdateFile)] = "260\n";
+    machine.Http.Body = "260\n";
     machine.Device.Turned = PageOrientation::Portrait;
     machine.Device.Answers.assign(kPrintings, {.accepted = true, .copies = 2});
     faults.TopWindow = [this] { return windows.TopForm() ? windows.TopForm()->Name() : ""; };

@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "platform/files/file_system.h"
 #include "platform/runtime_error.h"
@@ -13,15 +12,10 @@ namespace Morvane {
 
 namespace {
 
-class SizedPicture : public Picture {
+class TextPicture : public Picture {
  public:
-  SizedPicture(double width, double height) : width_(width), height_(height) {}
-  double WidthTwips() const override { return width_; }
-  double HeightTwips() const override { return height_; }
-
- private:
-  double width_;
-  double height_;
+  double WidthTwips() const override { return 1500; }
+  double HeightTwips() const override { return 1500; }
 };
 
 }  // namespace
@@ -73,14 +67,10 @@ void RecordingPrinter::SendPage(const DrawingList& page, PageOrientation orienta
 
 PicturePtr TextPictures::LoadPicture(const std::string& path) const {
   Tell("LoadPicture", ErrorNumber::InvalidPicture);
-  std::istringstream bytes(files_.ReadBytes(path));
-  std::string magic;
-  double width = 0;
-  double height = 0;
-  if (!(bytes >> magic >> width >> height) || magic != "PICTURE") {
+  if (!files_.ReadBytes(path).starts_with("PICTURE")) {
     throw RuntimeError(ErrorNumber::InvalidPicture, "L'immagine non può essere letta: " + path);
   }
-  return std::make_shared<SizedPicture>(width, height);
+  return std::make_shared<TextPicture>();
 }
 
 void RecordingLauncher::Shell(const std::string& program) {
@@ -97,8 +87,7 @@ std::string CannedHttp::OpenUrl(const std::string& url) {
     return {};
   }
   Fetched.push_back(url);
-  const auto body = Bodies.find(url);
-  return body == Bodies.end() ? std::string() : body->second;
+  return Body;
 }
 
 TemporaryFolder::TemporaryFolder() {
@@ -145,18 +134,10 @@ void TestMachine::WriteFile(const std::string& windowsPath, const std::string& b
   Root.Write(Files->ToNative(windowsPath).substr(Root.Path().size() + 1), bytes);
 }
 
-std::string TestMachine::ReadFile(const std::string& windowsPath) const {
-  return Files->ReadBytes(windowsPath);
-}
-
 void TestMachine::MakeFolder(const std::string& windowsPath) {
   std::string relative = windowsPath.substr(2);
   std::replace(relative.begin(), relative.end(), '\\', '/');
   Root.MakeFolder(relative);
-}
-
-void TestMachine::WritePicture(const std::string& windowsPath, int widthTwips, int heightTwips) {
-  WriteFile(windowsPath, "PICTURE " + std::to_string(widthTwips) + " " + std::to_string(heightTwips));
 }
 
 }  // namespace Morvane

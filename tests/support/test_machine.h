@@ -2,7 +2,6 @@
 
 #include <deque>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -65,7 +64,7 @@ class RecordingPrinter : public PrinterDevice, public Hooked {
   void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override;
 };
 
-// A picture file of the tests is a text "PICTURE width height", in twips; anything else cannot be decoded.
+// A picture file of the tests is a text that begins with PICTURE; anything else cannot be decoded.
 class TextPictures : public PictureLoader, public Hooked {
  public:
   explicit TextPictures(const FileSystem& files) : files_(files) {}
@@ -88,7 +87,7 @@ class RecordingLauncher : public Launcher, public Hooked {
 
 class CannedHttp : public HttpClient, public Hooked {
  public:
-  std::map<std::string, std::string> Bodies;
+  std::string Body;  // of each answer
   std::vector<std::string> Fetched;
 
   std::string OpenUrl(const std::string& url) override;
@@ -133,9 +132,7 @@ class TestMachine {
 
   // Puts a file on the machine, folders too. Bytes as they are.
   void WriteFile(const std::string& windowsPath, const std::string& bytes);
-  std::string ReadFile(const std::string& windowsPath) const;
   void MakeFolder(const std::string& windowsPath);
-  void WritePicture(const std::string& windowsPath, int widthTwips, int heightTwips);
 };
 
 }  // namespace Morvane

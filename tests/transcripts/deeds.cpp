@@ -16,7 +16,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/web_addresses.h"
 #include "platform/drawing/calibration_sheet.h"
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/views/view_text.h"
@@ -142,9 +141,7 @@ const std::map<QString, MsgBoxAnswer> kAnswers = {{"yes", MsgBoxAnswer::Yes},
                                                   {"ok", MsgBoxAnswer::Ok},
                                                   {"cancel", MsgBoxAnswer::Cancel}};
 const std::map<QString, Deed> kAnswering = {
-    {"serve", {[](Scene& s, Words w) {
-       s.machine.Http.Bodies[std::string(WebAddresses::kUpdateFile)] = w.All() + "\n";
-     }}},
+    {"serve", {[](Scene& s, Words w) { s.machine.Http.Body = w.All() + "\n"; }}},
     {"unprintable", {[](Scene& s, Words w) { s.machine.Fonts.NotForPrinting.push_back(w.All()); }}},
     {"separator", {[](Scene& s, Words w) { s.program.state.decimalSeparator = w.rest[0].toLatin1(); }}},
     {"in-use", {[](Scene& s, Words w) { s.program.state.NomeLayout = w.All(); }}},

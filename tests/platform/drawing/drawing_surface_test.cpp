@@ -13,7 +13,7 @@ class Surface : public ::testing::Test {
  protected:
   Surface() {
     surface.SetSize(2880, 1440);
-    machine.WritePicture("C:\\a.jpg", 100, 100);
+    machine.WriteFile("C:\\a.jpg", "PICTURE");
   }
 
   template <typename T>

@@ -53,7 +53,7 @@ class DialogSession : public ::testing::TestWithParam<std::pair<unsigned, char>>
   // The keyboard leaves the boxes: what is typed counts.
   std::string Saved() {
     Hand::Press(dialog.Command5);
-    return machine.ReadFile(PathOf(state.NomeLayout));
+    return machine.Files->ReadBytes(PathOf(state.NomeLayout));
   }
   // As it is read from its file.
   std::string SavedOnceMore() {
