@@ -1,5 +1,7 @@
 #include "tests/support/test_machine.h"
 
+#include <sys/wait.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -115,6 +117,11 @@ std::string TemporaryFolder::Read(const std::string& name) const {
 
 void TemporaryFolder::MakeFolder(const std::string& name) const {
   std::filesystem::create_directories(Path(name));
+}
+
+ProgramRun RunProgram(const std::string& command, const TemporaryFolder& folder) {
+  const int status = std::system((command + " 2>'" + folder.Path("errors") + "'").c_str());
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.Read("errors")};
 }
 
 TestMachine::TestMachine()

@@ -111,6 +111,15 @@ class TemporaryFolder {
   std::string path_;
 };
 
+// What a program left: its exit code, -1 when it was ended from outside, and its standard error.
+struct ProgramRun {
+  int exitCode = -1;
+  std::string errors;
+};
+
+// Runs a command of the shell to its end; what it writes goes into `folder` first.
+ProgramRun RunProgram(const std::string& command, const TemporaryFolder& folder);
+
 // A whole machine for a test: real files below a temporary folder, which is its drive C:, the program's
 // folder in C:\Morvane; windows, printer, launches and network played from a script.
 class TestMachine {

@@ -21,7 +21,6 @@
 #include "platform/qt/views/view_text.h"
 #include "platform/units.h"
 #include "tests/hand/golden.h"
-#include "tests/support/program_run.h"
 #include "transcript.h"
 
 namespace Morvane {
@@ -277,7 +276,7 @@ void DragAway(Scene& scene, Words) {
 void RunPrintProgram(Scene& scene, Words words) {
   const TemporaryFolder elsewhere;
   const std::string command = "cd '" + scene.machine.Root.Path() + "'; " MORVANE_PRINT " " + words.All();
-  const ProgramRun run = RunProgram("{ { " + command + "; } >&2; }", elsewhere.Path());
+  const ProgramRun run = RunProgram("{ { " + command + "; } >&2; }", elsewhere);
   scene.Show(QString("  ends with %1").arg(run.exitCode));
   for (const QString& line : QString::fromStdString(run.errors).split('\n', Qt::SkipEmptyParts))
     scene.Show("  tells: " + line);

@@ -27,10 +27,9 @@
 #include "platform/runtime_error.h"
 #include "platform/units.h"
 #include "render/print_job.h"
+#include "sheet_measure.h"
 #include "tests/hand/golden.h"
 #include "tests/support/private_cups.h"
-#include "tests/support/program_run.h"
-#include "tests/support/sheet_measure.h"
 
 namespace Morvane {
 namespace {
@@ -115,7 +114,7 @@ TEST_F(PdfTest, JobsWithoutAPrinterAreNumberedFilesNamedAfterTheirTitle) {
     const MeasuredSheet sheet(file);
     ExpectLines(sheet.AcrossMm(80), {10, 20.5, 120.5, 131});
     ExpectLines(sheet.DownMm(70.5), {20, 40, 120, 140});
-    const std::string told = RunProgram("(pdfinfo '" + file + "' >&2)", folder_.Path()).errors;
+    const std::string told = RunProgram("(pdfinfo '" + file + "' >&2)", folder_).errors;
     EXPECT_THAT(told, AllOf(ContainsRegex("Title: +CD/DVD"), ContainsRegex("Page size: +" + size)));
   }
   device_.SetPdfFolder("/proc/none");
@@ -392,7 +391,7 @@ TEST_F(QueueTest, CalibratedSheetHasTheSizesAndPlacesThatThePaperThenPutsRight) 
   EXPECT_NEAR(ruler.front(), kLeft + 10, kOriginMm);
 
   const auto printed = [&](const std::string& option) {
-    EXPECT_EQ(RunProgram(MORVANE_PRINT " --printer uneven --outline 1" + option, folder_.Path()).exitCode, 0);
+    EXPECT_EQ(RunProgram(MORVANE_PRINT " --printer uneven --outline 1" + option, folder_).exitCode, 0);
     cups_.WaitForJobs();
     return MeasuredSheet(cups_.SheetPath()).AcrossMm(kTop + 60).front();
   };

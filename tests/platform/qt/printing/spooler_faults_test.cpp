@@ -13,7 +13,6 @@
 #include "platform/runtime_error.h"
 #include "render/print_job.h"
 #include "tests/support/private_cups.h"
-#include "tests/support/program_run.h"
 #include "windows/contents/frm_preview.h"
 
 namespace Morvane {
@@ -79,7 +78,7 @@ class SpoolerFaults : public testing::Test {
     machine_.Windows.UserEvent([&] { window.Command3.PerformClick(); });
   }
 
-  ProgramRun RunPrintProgram() { return RunProgram(MORVANE_PRINT " --printer uneven", machine_.Root.Path()); }
+  ProgramRun RunPrintProgram() { return RunProgram(MORVANE_PRINT " --printer uneven", machine_.Root); }
   void ExpectProgramFails() {
     const ProgramRun outcome = RunPrintProgram();
     EXPECT_EQ(outcome.exitCode, 1);

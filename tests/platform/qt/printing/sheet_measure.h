@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cmath>
+#include <cstdio>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/units.h"
+
+namespace Morvane {
+
+// A sheet of paper as a scanner would see it.
+class MeasuredSheet {
+ public:
+  // Renders the first page of a PDF file.
+  explicit MeasuredSheet(const std::string& pdfPath) {
+    const std::string command = "pdftoppm -gray -r " + std::to_string(kDotsPerInch) + " '" + pdfPath + "'";
+    const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+    if (!pipe || std::fscanf(pipe.get(), "P5 %d %d 255", &width_, &height_) != 2) {
+      throw std::runtime_error("no page in " + pdfPath);
+    }
+    std::fgetc(pipe.get());
+    gray_.resize(static_cast<size_t>(width_) * static_cast<size_t>(height_));
+    if (std::fread(gray_.data(), 1, gray_.size(), pipe.get()) != gray_.size()) {
+      throw std::runtime_error("half a page in " + pdfPath);
+    }
+  }
+  // Of dots at 600 to the inch, row by row; 255 is white.
+  MeasuredSheet(int width, int height, std::vector<unsigned char> gray)
+      : width_(width), height_(height), gray_(std::move(gray)) {}
+
+  int WidthDots() const { return width_; }
+  int HeightDots() const { return height_; }
+
+  // The middles of the dark lines that are met along a row or a column, in mm from the left or the top.
+  std::vector<double> AcrossMm(double yMm) const { return Lines(DotAt(yMm) * width_, 1, width_); }
+  std::vector<double> DownMm(double xMm) const { return Lines(DotAt(xMm), width_, height_); }
+
+ private:
+  static constexpr int kDotsPerInch = 600;
+  static constexpr int kWhite = 255;
+  static constexpr int kDark = 100;  // paper is above it
+
+  static int DotAt(double mm) {
+    return static_cast<int>(std::lround(mm / kMillimetresPerInch * kDotsPerInch));
+  }
+
+  std::vector<double> Lines(int start, int step, int count) const {
+    std::vector<double> middles;
+    double weight = 0;
+    double moment = 0;
+    bool dark = false;
+    for (int dot = 0; dot <= count; ++dot) {
+      const int ink = dot < count ? kWhite - gray_.at(static_cast<size_t>(start + dot * step)) : 0;
+      dark = dark || ink > kDark;
+      weight += ink;
+      moment += ink * (dot + 0.5);
+      if (ink > 0) continue;
+      if (dark) middles.push_back(moment / weight / kDotsPerInch * kMillimetresPerInch);
+      weight = moment = 0;
+      dark = false;
+    }
+    return middles;
+  }
+
+  int width_ = 0;
+  int height_ = 0;
+  std::vector<unsigned char> gray_;
+};
+
+}  // namespace Morvane
