@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QHostAddress>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QThread>
+#include <QTest>
+#include <filesystem>
+#include <fstream>
 
 #include "platform/qt/desktop/qt_http_client.h"
 #include "platform/qt/desktop/qt_launcher.h"
@@ -16,41 +16,34 @@
 namespace Morvane {
 namespace {
 
-using std::chrono::milliseconds;
-
 // A machine whose "xdg-open" writes down its arguments, one a line, and what it reads and writes.
 class QtLauncherTest : public testing::Test {
  protected:
-  QtLauncherTest() : path_(qgetenv("PATH")), record_(QString::fromStdString(tools_.Path() + "/argv")) {
-    MakeProgram(tools_.Path() + "/xdg-open");
+  QtLauncherTest() : path_(qgetenv("PATH")), record_(tools_.Path("argv")) {
+    MakeProgram(tools_.Path("xdg-open"));
     qputenv("PATH", (tools_.Path() + ":").c_str() + path_);
   }
   ~QtLauncherTest() override { qputenv("PATH", path_); }
 
   void MakeProgram(const std::string& nativePath) {
-    QFile script(QString::fromStdString(nativePath));
-    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-    const QByteArray record = record_.toUtf8();
-    script.write("#!/bin/sh\nprintf '%s\\n' \"$@\" \"$(readlink /proc/$$/fd/[012] | sort -u)\" > '" + record +
-                 ".new'\nmv '" + record + ".new' '" + record + "'\n");
-    script.setPermissions(QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
+    std::ofstream(nativePath)
+        << "#!/bin/sh\nprintf '%s\\n' \"$@\" \"$(readlink /proc/$$/fd/[012] | sort -u)\" > '" << record_
+        << ".new'\nmv '" << record_ << ".new' '" << record_ << "'\n";
+    std::filesystem::permissions(nativePath, std::filesystem::perms::owner_all);
   }
 
-  // What was started, after at most `patience`; empty when nothing was.
-  std::string Started(milliseconds patience = milliseconds(10000)) {
-    QElapsedTimer timer;
-    timer.start();
-    while (!QFile::exists(record_) && timer.elapsed() < patience.count()) QThread::msleep(10);
-    QFile file(record_);
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    const std::string text = file.readAll().toStdString();
-    file.remove();
+  // What was started, after at most so many milliseconds; empty when nothing was.
+  std::string Started(int patience = 10000) {
+    const auto ended = [this] { return std::filesystem::exists(record_); };
+    if (!QTest::qWaitFor(ended, patience)) return {};
+    const std::string text = tools_.Read("argv");
+    std::filesystem::remove(record_);
     return text;
   }
 
   const TemporaryFolder tools_;
   const QByteArray path_;
-  const QString record_;
+  const std::string record_;
   TestMachine machine_;
   QtLauncher launcher_{*machine_.Files, "C:\\Morvane"};
 };
@@ -73,7 +66,7 @@ TEST_F(QtLauncherTest, WhatIsOpenedIsOneArgumentAndADocumentLiesInTheProgramsFol
   for (const char* missing :
        {"", "manca.htm", "-version", "http://a.example/\nrm", "http://a.example/\r", "\x1B"})
     launcher_.ShellExecute(missing);
-  EXPECT_EQ(Started(milliseconds(300)), "");
+  EXPECT_EQ(Started(300), "");
 }
 
 TEST_F(QtLauncherTest, AProgramIsStartedByItsPathElseNotFound) {
@@ -87,13 +80,12 @@ TEST_F(QtLauncherTest, AProgramIsStartedByItsPathElseNotFound) {
 }
 
 // Answers each request with the same bytes; with none it accepts and says nothing.
-class LoopbackServer {
- public:
-  explicit LoopbackServer(QByteArray answer) {
-    server_.listen(QHostAddress::LocalHost);
-    QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this, answer] {
-      QTcpSocket* socket = server_.nextPendingConnection();
-      QObject::connect(socket, &QTcpSocket::readyRead, socket, [socket, answer] {
+struct LoopbackServer : QTcpServer {
+  explicit LoopbackServer(const QByteArray& answer) {
+    listen(QHostAddress::LocalHost);
+    connect(this, &QTcpServer::newConnection, [this, answer] {
+      QTcpSocket* socket = nextPendingConnection();
+      connect(socket, &QTcpSocket::readyRead, [socket, answer] {
         if (answer.isEmpty()) return;
         socket->write(answer);
         socket->disconnectFromHost();
@@ -101,10 +93,7 @@ class LoopbackServer {
     });
   }
 
-  std::string Url() const { return "http://127.0.0.1:" + std::to_string(server_.serverPort()) + "/file.txt"; }
-
- private:
-  QTcpServer server_;
+  std::string Url() const { return "http://127.0.0.1:" + std::to_string(serverPort()) + "/file.txt"; }
 };
 
 TEST(QtHttpClientTest, GivesTheBodyByteForByteAndNothingOfAFailure) {
@@ -128,7 +117,7 @@ TEST(QtHttpClientTest, ServerThatSaysNothingIsGivenUpAtTheLimit) {
   const LoopbackServer silent{QByteArray()};
   QElapsedTimer timer;
   timer.start();
-  EXPECT_EQ(QtHttpClient(milliseconds(300)).OpenUrl(silent.Url()), "");
+  EXPECT_EQ(QtHttpClient(std::chrono::milliseconds(300)).OpenUrl(silent.Url()), "");
   EXPECT_GE(timer.elapsed(), 290);
   EXPECT_LT(timer.elapsed(), 5000);
 }
