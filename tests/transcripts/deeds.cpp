@@ -47,7 +47,7 @@ QString CoversOfWidths(const QStringList& widths) {
   return text;
 }
 
-QByteArray Picture(const QString& size, const char* format = "BMP") {  // widthxheight, in pixels
+QByteArray PictureFile(const QString& size, const char* format = "BMP") {  // widthxheight, in pixels
   QImage image(size.section('x', 0, 0).toInt(), size.section('x', 1).toInt(), QImage::Format_RGB32);
   image.fill(Qt::red);
   QBuffer bytes;
@@ -56,8 +56,10 @@ QByteArray Picture(const QString& size, const char* format = "BMP") {  // widthx
   return bytes.data();
 }
 
+}  // namespace
+
 // The machine before and meanwhile.
-const std::map<QString, Deed> kOfTheWorld = {
+const std::map<QString, Deed> kDeedsOfTheWorld = {
     // path, lines parted by |
     {"file", {[](Scene& s, Words w) {
        const std::string path = w.Path();
@@ -69,10 +71,10 @@ const std::map<QString, Deed> kOfTheWorld = {
      }}},
     {"picture", {[](Scene& s, Words w) {  // path, size
        s.machine.WriteFile(w.rest.section(' ', 0, -2).toStdString(),
-                           Picture(w.rest.section(' ', -1)).toStdString());
+                           PictureFile(w.rest.section(' ', -1)).toStdString());
      }}},
     {"half-picture", {[](Scene& s, Words w) {
-       s.machine.WriteFile(w.All(), Picture("30x30", "PNG").left(50).toStdString());
+       s.machine.WriteFile(w.All(), PictureFile("30x30", "PNG").left(50).toStdString());
      }}},
     {"files", {[](Scene& s, Words w) {  // folder, how many, kind
        const std::string folder = w.Path();
@@ -134,37 +136,7 @@ const std::map<QString, Deed> kOfTheWorld = {
      }}},
 };
 
-// What the machine and the person will answer.
-const std::map<QString, MsgBoxAnswer> kAnswers = {{"yes", MsgBoxAnswer::Yes},
-                                                  {"no", MsgBoxAnswer::No},
-                                                  {"ok", MsgBoxAnswer::Ok},
-                                                  {"cancel", MsgBoxAnswer::Cancel}};
-const std::map<QString, Deed> kAnswering = {
-    {"serve", {[](Scene& s, Words w) { s.machine.Http.Body = w.All() + "\n"; }}},
-    {"unprintable", {[](Scene& s, Words w) { s.machine.Fonts.NotForPrinting.push_back(w.All()); }}},
-    {"separator", {[](Scene& s, Words w) { s.program.state.decimalSeparator = w.rest[0].toLatin1(); }}},
-    {"in-use", {[](Scene& s, Words w) { s.program.state.NomeLayout = w.All(); }}},
-    {"screen", {[](Scene& s, Words w) {
-       s.machine.TheScreen.Measure = [height = w.Number()] { return ScreenSize{height, height}; };
-     }}},
-    {"launches", {[](Scene& s, Words w) { s.machine.Launches.ShellFails = w.rest == "fail"; }}},
-    {"printer", {[](Scene& s, Words w) {
-       s.machine.Device.DialogFails = w.rest == "dialog-fails";
-       s.machine.Device.Broken = w.rest == "broken";
-     }}},
-    {"copies", {[](Scene& s, Words w) {
-       s.machine.Device.Answers.push_back({w.rest != "none", w.rest.toInt()});
-     }}},
-    {"answer", {[](Scene& s, Words w) { s.machine.Windows.Answers.push_back(kAnswers.at(w.rest)); }}},
-    {"input", {[](Scene& s, Words w) { s.machine.Windows.Inputs.push_back(w.All()); }}},
-    {"browse", {[](Scene& s, Words w) { s.machine.Windows.Folders.push_back(w.All()); }}},
-    {"choose", {[](Scene& s, Words w) { s.machine.Windows.MenuChoices.push_back(w.All()); }}},
-    {"at-box", {[](Scene& s, Words w) {  // n, deed: while the n-th box from now is open
-       s.machine.Windows.AfterBox = [&s, n = w.Next().toInt(), deed = w.rest]() mutable {
-         if (--n == 0) s.Do(deed);
-       };
-     }}},
-};
+namespace {
 
 QPointF Place(const Control& control, Words& words) {  // percent of the control
   const double x = words.Number() / 100 * control.Width();
@@ -203,6 +175,28 @@ void Slide(Scene& scene, Words words) {
   QTest::mouseRelease(&rows, Qt::LeftButton, {}, to);
 }
 
+void NeedMainWindow(const Scene& scene) {
+  if (&scene.Top() != &scene.program.form1.form)
+    throw std::logic_error("another window waits for its answer");
+}
+
+void PressTool(Scene& scene, Words words) {
+  NeedMainWindow(scene);
+  auto* const tool = Hand::See(scene.program.form1.Toolbar1).findChild<QToolButton*>(words.rest);
+  QTest::mouseClick(tool, Qt::LeftButton);
+}
+
+// An entry of the menu bar or of a button's menu.
+void ChooseEntry(Scene& scene, Words words) {
+  NeedMainWindow(scene);
+  for (const QWidget* const widget : QApplication::allWidgets()) {
+    for (QAction* const action : widget->actions()) {
+      if (action->text() == words.rest) return action->trigger();
+    }
+  }
+  throw std::logic_error("no such entry");
+}
+
 void PressPanel(Scene& scene, Words words) {
   for (auto* const panel : Hand::See(scene.program.form1.StatusBar1).findChildren<QToolButton*>()) {
     if (panel->text() == words.rest) panel->click();
@@ -230,7 +224,7 @@ void Carry(Scene& scene, Words words) {
     scene.Dragged.setUrls({QUrl("https://example.org/fronte.png")});
     scene.Dragged.setHtml("<img src='https://example.org/fronte.png'>");
     scene.Dragged.setData("image/x-unknown", "?");
-    return scene.Dragged.setData("image/bmp", Picture("50x25"));
+    return scene.Dragged.setData("image/bmp", PictureFile("50x25"));
   }
   if (words.rest == "a web page's link")
     return scene.Dragged.setUrls({QUrl("https://example.org/fronte.png")});
@@ -338,12 +332,43 @@ void TellMemory(Scene& scene, Words) {
   scene.Show(growth < kMostGrowth ? "  memory is as before" : QString("  %1 MB more").arg(growth));
 }
 
-// The hand. Controls come first, then places, rows or texts.
-const std::map<QString, Deed> kOfTheHand = {
+const std::map<QString, MsgBoxAnswer> kAnswers = {{"yes", MsgBoxAnswer::Yes},
+                                                  {"no", MsgBoxAnswer::No},
+                                                  {"ok", MsgBoxAnswer::Ok},
+                                                  {"cancel", MsgBoxAnswer::Cancel}};
+
+}  // namespace
+
+// What the machine and the person will answer, and the hand. Controls come first, then places, rows or texts.
+const std::map<QString, Deed> kDeedsOfTheHand = {
+    {"serve", {[](Scene& s, Words w) { s.machine.Http.Body = w.All() + "\n"; }}},
+    {"unprintable", {[](Scene& s, Words w) { s.machine.Fonts.NotForPrinting.push_back(w.All()); }}},
+    {"separator", {[](Scene& s, Words w) { s.program.state.decimalSeparator = w.rest[0].toLatin1(); }}},
+    {"in-use", {[](Scene& s, Words w) { s.program.state.NomeLayout = w.All(); }}},
+    {"screen", {[](Scene& s, Words w) {
+       s.machine.TheScreen.Measure = [height = w.Number()] { return ScreenSize{height, height}; };
+     }}},
+    {"launches", {[](Scene& s, Words w) { s.machine.Launches.ShellFails = w.rest == "fail"; }}},
+    {"printer", {[](Scene& s, Words w) {
+       s.machine.Device.DialogFails = w.rest == "dialog-fails";
+       s.machine.Device.Broken = w.rest == "broken";
+     }}},
+    {"copies", {[](Scene& s, Words w) {
+       s.machine.Device.Answers.push_back({w.rest != "none", w.rest.toInt()});
+     }}},
+    {"answer", {[](Scene& s, Words w) { s.machine.Windows.Answers.push_back(kAnswers.at(w.rest)); }}},
+    {"input", {[](Scene& s, Words w) { s.machine.Windows.Inputs.push_back(w.All()); }}},
+    {"browse", {[](Scene& s, Words w) { s.machine.Windows.Folders.push_back(w.All()); }}},
+    {"choose", {[](Scene& s, Words w) { s.machine.Windows.MenuChoices.push_back(w.All()); }}},
+    {"at-box", {[](Scene& s, Words w) {  // n, deed: while the n-th box from now is open
+       s.machine.Windows.AfterBox = [&s, n = w.Next().toInt(), deed = w.rest]() mutable {
+         if (--n == 0) s.Do(deed);
+       };
+     }}},
     {"start", {[](Scene& s, Words) { s.hand.Show(s.program.form1.form); }}},
     {"morvane-print", {RunPrintProgram}},
-    {"tool", {[](Scene& s, Words w) { s.InMainWindow(s.ByTool(w.rest)); }}},
-    {"menu", {[](Scene& s, Words w) { s.InMainWindow(s.ByEntry(w.rest)); }}},
+    {"tool", {PressTool}},
+    {"menu", {ChooseEntry}},
     {"panel", {PressPanel}},
     {"press", {[](Scene& s, Words w) { Hand::Press(s.Named(w)); }}},
     {"click", {Click}},
@@ -414,18 +439,5 @@ const std::map<QString, Deed> kOfTheHand = {
        s.Repeat(times, w.rest.split(" | "));
      }}},
 };
-
-}  // namespace
-
-const std::map<QString, Deed>& Deeds() {
-  static const std::map<QString, Deed> deeds = [] {
-    std::map<QString, Deed> all = kOfTheWorld;
-    for (auto& [name, deed] : all) deed.isOfTheWorld = true;
-    all.insert(kAnswering.begin(), kAnswering.end());
-    all.insert(kOfTheHand.begin(), kOfTheHand.end());
-    return all;
-  }();
-  return deeds;
-}
 
 }  // namespace Morvane

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QScreen>
 #include <QTest>
-#include <QToolButton>
 #include <filesystem>
 #include <fstream>
 
@@ -65,23 +64,6 @@ Transcript::Transcript()
   QApplication::setCursorFlashTime(0);
 }
 
-Transcript::Means Transcript::ByTool(const QString& key) {
-  return [this, key] {
-    QTest::mouseClick(Hand::See(program.form1.Toolbar1).findChild<QToolButton*>(key), Qt::LeftButton);
-  };
-}
-
-Transcript::Means Transcript::ByEntry(const QString& text) {
-  return [text] {
-    for (const QWidget* const widget : QApplication::allWidgets()) {
-      for (QAction* const action : widget->actions()) {
-        if (action->text() == text) return action->trigger();
-      }
-    }
-    throw std::logic_error("no such entry");
-  };
-}
-
 Control& Transcript::Named(Words& words) const {
   return The(Top(), words.Path());
 }
@@ -129,11 +111,12 @@ void Transcript::Do(const QString& line) {
   Words words{line};
   try {
     if (ended_) throw std::logic_error("the program has ended");
-    const Deed& deed = Deeds().at(words.Next());
-    deed.act(*this, words);
+    const QString name = words.Next();
+    const bool isOfTheWorld = kDeedsOfTheWorld.contains(name);
+    (isOfTheWorld ? kDeedsOfTheWorld : kDeedsOfTheHand).at(name)(*this, words);
     Hand::Settle();
     if (top_ != nullptr && top_->Name() == "frmAbout") WaitForPicker(*top_);
-    if (deed.isOfTheWorld) around_ = LookAround(machine);
+    if (isOfTheWorld) around_ = LookAround(machine);
   } catch (const std::exception& error) {
     seen_ << QString("  cannot be done: ") + error.what();
   }
@@ -151,11 +134,6 @@ void Transcript::Repeat(int times, const QStringList& deeds) {
     if (now == std::exchange(last, now)) seen_.resize(told);
   }
   lines_ = further;
-}
-
-void Transcript::InMainWindow(const Means& means) const {
-  if (top_ != &program.form1.form) throw std::logic_error("another window waits for its answer");
-  means();
 }
 
 // What has changed since the last report.

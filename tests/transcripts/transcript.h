@@ -5,7 +5,6 @@
 #include <QMimeData>
 #include <QString>
 #include <QStringList>
-#include <functional>
 #include <limits>
 #include <map>
 #include <stdexcept>
@@ -33,8 +32,6 @@ struct Words {
 // opens a window goes on in it: the deeds below are done there until it is closed.
 class Transcript : public testing::TestWithParam<std::string> {
  public:
-  using Means = std::function<void()>;
-
   Transcript();
 
   void Play();
@@ -44,11 +41,7 @@ class Transcript : public testing::TestWithParam<std::string> {
   void Repeat(int times, const QStringList& deeds);
   Form& Top() const { return top_ != nullptr ? *top_ : throw std::logic_error("no window is there yet"); }
   Control& Named(Words& words) const;
-  void InMainWindow(const Means& means) const;
   void Show(const QString& line) { seen_ << line; }
-  Means ByTool(const QString& key);
-  // An entry of the menu bar or of a button's menu.
-  static Means ByEntry(const QString& text);
 
   TestMachine machine;
   Hand hand{machine};
@@ -84,10 +77,8 @@ class Transcript : public testing::TestWithParam<std::string> {
   Sight around_;
 };
 
-struct Deed {
-  void (*act)(Transcript& scene, Words words);
-  bool isOfTheWorld = false;  // its effect stands in the scene already
-};
-const std::map<QString, Deed>& Deeds();
+using Deed = void (*)(Transcript& scene, Words words);
+extern const std::map<QString, Deed> kDeedsOfTheWorld;  // what they do stands in the scene already
+extern const std::map<QString, Deed> kDeedsOfTheHand;
 
 }  // namespace Morvane
