@@ -47,26 +47,21 @@ const std::map<MsgBoxAnswer, QString> kCaptions = {{MsgBoxAnswer::Ok, "OK"},
 
 // Acts once something is open over the windows, and gives the keyboard back to the one below, as a desktop
 // does.
-class Meanwhile {
+class Meanwhile : public QObject {
  public:
   Meanwhile(const WindowSystem& windows, const std::function<void()>& act) : windows_(windows) {
-    QObject::connect(&soon_, &QTimer::timeout, act);
-    soon_.setSingleShot(true);
-    soon_.start(0);
+    QTimer::singleShot(0, this, act);
   }
-  ~Meanwhile() {
+  ~Meanwhile() override {
     for (QWidget* const window : QApplication::topLevelWidgets()) {
       const Form* const top = windows_.TopForm();
       if (top && window->isVisible() && window->objectName().toStdString() == top->Name())
         window->activateWindow();
     }
   }
-  Meanwhile(const Meanwhile&) = delete;
-  Meanwhile& operator=(const Meanwhile&) = delete;
 
  private:
   const WindowSystem& windows_;
-  QTimer soon_;
 };
 
 }  // namespace
