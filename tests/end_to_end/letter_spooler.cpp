@@ -10,7 +10,7 @@ int main() {
   const Morvane::TemporaryFolder own;
   Morvane::PrivateCups::ChooseSocket(own.Path());
   Morvane::PrivateCups spooler;
-  spooler.AddRasterQueue("letter");
+  spooler.AddQueue("letter", Morvane::PrivateCups::Takes::Raster);
   spooler.Run("lpadmin -d letter");
   sigset_t ending;
   sigemptyset(&ending);

@@ -82,17 +82,10 @@ void PrivateCups::WriteSettings() const {
   if (geteuid() == 0) files << "User lp\nGroup lp\nSystemGroup root\n";
 }
 
-void PrivateCups::AddQueue(const std::string& name) {
-  Add(name, SheetPath(), "uneven.ppd");
-}
-
-void PrivateCups::AddRasterQueue(const std::string& name) {
-  Add(name, RasterPath(), "raster.ppd");
-}
-
-void PrivateCups::Add(const std::string& name, const std::string& output,
-                      const std::string& description) const {
-  Run("lpadmin -p " + name + " -E -v file:" + output + " -P " + kPrinters + description);
+void PrivateCups::AddQueue(const std::string& name, Takes sheets) const {
+  const std::string printer = sheets == Takes::Raster ? RasterPath() + " -P " + kPrinters + "raster.ppd"
+                                                      : SheetPath() + " -P " + kPrinters + "uneven.ppd";
+  Run("lpadmin -p " + name + " -E -v file:" + printer);
 }
 
 void PrivateCups::Run(const std::string& command) const {

@@ -24,11 +24,11 @@ class PrivateCups {
   PrivateCups& operator=(const PrivateCups&) = delete;
 
   // A queue whose sheets are written to SheetPath, each over the one before. Its printer takes A4 and cannot
-  // reach 9.64 points at the left, 17.97 at the top, 14.48 at the right, 14.40 at the bottom.
-  void AddQueue(const std::string& name);
-  // A queue of a driverless printer of the same margins, 600 dots per inch and Letter by default, whose
-  // sheets are written to RasterPath as it would get them.
-  void AddRasterQueue(const std::string& name);
+  // reach 9.64 points at the left, 17.97 at the top, 14.48 at the right, 14.40 at the bottom. A driverless
+  // one has the same margins, 600 dots per inch and Letter by default; its sheets are written to RasterPath
+  // as it would get them.
+  enum class Takes { Pdf, Raster };
+  void AddQueue(const std::string& name, Takes sheets = Takes::Pdf) const;
   // Runs a command of the spooler, such as "cupsreject name".
   void Run(const std::string& command) const;
   // The spooler itself, to be stopped, killed and the like.
@@ -46,7 +46,6 @@ class PrivateCups {
 
  private:
   void WriteSettings() const;
-  void Add(const std::string& name, const std::string& output, const std::string& description) const;
 
   TemporaryFolder folder_;
   pid_t process_ = -1;

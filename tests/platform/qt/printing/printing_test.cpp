@@ -263,7 +263,7 @@ TEST_F(QueueTest, DialogAsksForCopiesWhichAreJobsOfTheirOwnThatNobodyScales) {
     state.CopDistx[n] = 60 / kMillimetresPerInch;  // the middle lies right of the footer
     state.CopDisty[n] = (n == 1 ? 25 : 150) / kMillimetresPerInch;
   }
-  cups_.AddRasterQueue("raster");
+  cups_.AddQueue("raster", PrivateCups::Takes::Raster);
   device_.SelectPrinter("raster");
   InDialog<QPrintDialog>([](QPrintDialog& dialog) {
     EXPECT_FALSE(dialog.findChild<QWidget*>("gbPrintRange")->isVisible());
@@ -323,7 +323,7 @@ MeasuredSheet ReadRaster(const std::string& path) {
 }
 
 TEST_F(QueueTest, DefaultPrintersOwnSheetIsTakenOnceItIsFound) {
-  cups_.AddRasterQueue("raster");
+  cups_.AddQueue("raster", PrivateCups::Takes::Raster);
   cups_.Run("lpadmin -d raster");
   QtPrinterDevice device;
   int changes = 0;
@@ -338,7 +338,7 @@ TEST_F(QueueTest, DefaultPrintersOwnSheetIsTakenOnceItIsFound) {
 // What a driverless printer is given, dot by dot, when A4 is printed on a queue whose own sheet is Letter.
 TEST_F(QueueTest, RasterOfADriverlessPrinterHasTheSizesToTheDotCalibratedOrNot) {
   constexpr double kDotMm = kMillimetresPerInch / 600;
-  cups_.AddRasterQueue("raster");
+  cups_.AddQueue("raster", PrivateCups::Takes::Raster);
   LeaveOptions("Dest raster PageSize=A4");
   for (const Calibration& paper : {Calibration{}, kMeasured}) {
     Calibrations().Keep("raster", paper);
