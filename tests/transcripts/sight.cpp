@@ -116,6 +116,13 @@ QString FrameOf(const QWidget& window) {
   return there.join(", ");
 }
 
+// The size of a drawn pointer and its tip.
+QString PlaceIn(const QCursor& pointer) {
+  const QSizeF size = pointer.pixmap().deviceIndependentSize();
+  const QPoint tip = pointer.hotSpot();
+  return QString(" %1x%2, %3,%4").arg(size.width()).arg(size.height()).arg(tip.x()).arg(tip.y());
+}
+
 QString NameOf(const QCursor* pointer) {
   const std::map<Qt::CursorShape, QString> names = {
       {Qt::WaitCursor, "hourglass"}, {Qt::BusyCursor, "arrow with hourglass"}, {Qt::BitmapCursor, "hand"}};
@@ -245,7 +252,7 @@ void AddControl(const Control& control, const QWidget& widget, Sight& sight) {
   sight[name + " image"] = {QString::fromStdString(control.ImageKey())};
   sight[name + " tip"] = {widget.toolTip()};
   if (!widget.isEnabled()) sight[name + " disabled"] = {"yes"};
-  if (widget.cursor().shape() == Qt::BitmapCursor) sight["window hands"] << name;
+  if (widget.cursor().shape() == Qt::BitmapCursor) sight["window hands"] << name + PlaceIn(widget.cursor());
   if (const auto* const box = qobject_cast<const QLineEdit*>(&widget))
     sight[name + " selected"] = {box->selectedText()};
   if (const auto* const view = qobject_cast<const QAbstractItemView*>(&widget))

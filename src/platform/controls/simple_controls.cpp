@@ -59,7 +59,7 @@ void ImageBox::TakeNaturalSize() {
 }
 
 void Timer::PerformTick() {
-  if (running_ && Tick) Tick();
+  if (Tick) Tick();
 }
 
 }  // namespace Morvane
