@@ -6,7 +6,8 @@
 namespace Morvane {
 
 std::string VersioneRemota(std::string_view body) {
-  return std::string(body.substr(0, body.empty() ? 0 : body.size() - 1));
+  if (!body.empty()) body.remove_suffix(1);
+  return std::string(body);
 }
 
 std::string VersioneLocale(const AppInfo& app) {

@@ -358,6 +358,17 @@ TEST_F(QueueTest, RasterOfADriverlessPrinterHasTheSizesToTheDotCalibratedOrNot) 
   }
 }
 
+TEST_F(QueueTest, SheetThatTheQueueIsSetToIsTakenAndToldOnce) {
+  cups_.AddQueue("raster", PrivateCups::Takes::Raster);  // Letter
+  QtPrinterDevice device;
+  int told = 0;
+  device.OnSheetChanged = [&] { ++told; };
+  for (int times = 0; times < 2; ++times) device.SelectPrinter("raster");
+  EXPECT_NEAR(device.PortraitSheet().widthTwips / kTwipsPerMillimetre, 215.9, kSizeMm);
+  EXPECT_NEAR(device.PortraitSheet().heightTwips / kTwipsPerMillimetre, 279.4, kSizeMm);
+  EXPECT_EQ(told, 1);
+}
+
 TEST_F(QueueTest, CalibratedSheetHasTheSizesAndPlacesThatThePaperThenPutsRight) {
   InDialog<QPrintDialog>([](QPrintDialog& dialog) {
     CalibrationTab* tab = nullptr;
