@@ -1,5 +1,6 @@
 #include "app/print_program.h"
 
+#include <sys/prctl.h>
 #include <unistd.h>
 
 #include <QGuiApplication>
@@ -224,6 +225,8 @@ int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
       return kDone;
     }
     if (arguments.pdf.empty() && !openQueue) BecomeQueueProgram(argv);
+    // Large pages are for photos; without any, each would be filled with zeros for a few bytes.
+    if (arguments.pictures.empty()) prctl(PR_SET_THP_DISABLE, 1, 0, 0, 0);
     // No window is ever shown, so no display is needed.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const std::future<void> fontRules = ReadFontRules();
