@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <memory>
 
 #include "platform/old_formats/limits.h"
 
@@ -66,11 +67,9 @@ bool AddRules(scmp_filter_ctx filter) {
 }
 
 bool LoadFilter() {
-  scmp_filter_ctx filter = seccomp_init(SCMP_ACT_KILL_PROCESS);
-  if (filter == nullptr) return false;
-  const bool loaded = AddRules(filter) && seccomp_load(filter) == 0;
-  seccomp_release(filter);
-  return loaded;
+  const std::unique_ptr<void, decltype(&seccomp_release)> filter(seccomp_init(SCMP_ACT_KILL_PROCESS),
+                                                                 &seccomp_release);
+  return filter && AddRules(filter.get()) && seccomp_load(filter.get()) == 0;
 }
 
 }  // namespace

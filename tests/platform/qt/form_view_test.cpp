@@ -7,7 +7,9 @@
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/qt/desktop/qt_window_system.h"
+#include "platform/qt/pictures/artwork.h"
 #include "platform/qt/pictures/qt_picture.h"
+#include "platform/qt/views/program_style.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
@@ -50,6 +52,15 @@ TEST_F(FormViewTest, ComingBackToAnOpenBoxActivatesTheWindowOnceTheBoxIsAnswered
   window->activateWindow();  // as a window manager does
   EXPECT_TRUE(QTest::qWaitFor([&] { return log.size() > 2; }));
   EXPECT_THAT(log, ElementsAre("Activate", "answer", "Activate"));
+}
+
+TEST(ProgramStyleTest, HasItsOwnSignForEntriesThatFindNoRoomAndForNothingElse) {
+  const auto sign = [](QStyle::StandardPixmap which) {
+    return ProgramStyle().standardIcon(which, nullptr, nullptr).pixmap(16).toImage();
+  };
+  const QImage own = ArtworkIcon("altri").pixmap(16).toImage();
+  EXPECT_EQ(sign(QStyle::SP_ToolBarHorizontalExtensionButton), own);
+  EXPECT_NE(sign(QStyle::SP_DirOpenIcon), own);
 }
 
 // While a window is resized its pictures are stretched, of whatever pixels are there.
