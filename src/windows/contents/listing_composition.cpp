@@ -184,7 +184,6 @@ class Composition {
     page_.SetFontSize(kFooterFontSize * ratio_);
     page_.SetFontBold(false);
     page_.Print("Creazione e stampa con Morvane - " + std::string(WebAddresses::kMakerSite));
-    page_.CurrentX = kFooterX;
   }
 
   DrawingSurface& page_;

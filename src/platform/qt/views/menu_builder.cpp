@@ -40,7 +40,6 @@ MenuActions FillMenuBar(QMenuBar& bar, const std::vector<MenuItem>& items, Windo
 MenuActions FillMenu(QMenu& menu, const std::vector<MenuItem>& items) {
   MenuActions actions;
   AddItems(menu, items, actions);
-  MirrorEnabled(actions);
   return actions;
 }
 
