@@ -184,6 +184,7 @@ class Composition {
     page_.SetFontSize(kFooterFontSize * ratio_);
     page_.SetFontBold(false);
     page_.Print("Creazione e stampa con Morvane - " + std::string(WebAddresses::kMakerSite));
+    page_.CurrentX = kFooterX;
   }
 
   DrawingSurface& page_;
