@@ -8,6 +8,7 @@
 #include <QTranslator>
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <future>
 #include <memory>
 #include <utility>
@@ -110,5 +111,5 @@ int main(int argc, char** argv) {
     });
   }
   program.Start();
-  return windows.Ended() ? 0 : QApplication::exec();
+  return windows.Ended() ? EXIT_SUCCESS : QApplication::exec();
 }

@@ -179,7 +179,7 @@ void PrintContents(const PrintArguments& arguments, const FileSystem& files, con
   const std::string folder = WindowsPath(files, contents.folder);
   Naming(contents.folder, folder, [&] { FindSubFolders(folder, state, {files, screen, windows}, listing); });
   state.ElencoColonne = static_cast<std::int16_t>(contents.columns);
-  LineCount lost = 0;
+  LineCount lost{};
   for (int copy = 1; copy <= arguments.copies; ++copy) {
     DrawingSurface& page = printer.Surface();
     page.SetScaleMode(ScaleMode::Millimetres);
