@@ -27,10 +27,9 @@ class JpegPlugin : public QImageIOPlugin {
   Capabilities capabilities(QIODevice*, const QByteArray& format) const override {
     return format == "jpeg" ? CanWrite : Capabilities();
   }
-  QImageIOHandler* create(QIODevice* device, const QByteArray& format) const override {
+  QImageIOHandler* create(QIODevice* device, const QByteArray&) const override {
     auto writer = std::make_unique<JpegWriter>();
     writer->setDevice(device);
-    writer->setFormat(format);
     return writer.release();  // the toolkit owns it
   }
 };
