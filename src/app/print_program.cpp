@@ -234,7 +234,8 @@ int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
     // A queue needs modules of other kinds.
     InstallJpegWriter(arguments.pdf.empty() ? OtherFormats::Found : OtherFormats::WhenWanted);
     fontRules.wait();
-    InstallFontStandIns();
+    // The sheet's own texts know theirs; a drawing's may name any.
+    if (!arguments.pictures.empty()) InstallFontStandIns();
     return Print(arguments, openQueue);
   } catch (const UsageError& error) {
     std::cerr << "morvane-print: " << error.what() << " (--help spiega l'uso)\n";
