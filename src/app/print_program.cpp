@@ -225,8 +225,9 @@ int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
       return kDone;
     }
     if (arguments.pdf.empty() && !openQueue) BecomeQueueProgram(argv);
+    const bool hasPictures = !arguments.pictures.empty();
     // Large pages are for photos; without any, each would be filled with zeros for a few bytes.
-    if (arguments.pictures.empty()) prctl(PR_SET_THP_DISABLE, 1, 0, 0, 0);
+    if (!hasPictures) prctl(PR_SET_THP_DISABLE, 1, 0, 0, 0);
     // No window is ever shown, so no display is needed.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const std::future<void> fontRules = ReadFontRules();
@@ -235,7 +236,7 @@ int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
     InstallJpegWriter(arguments.pdf.empty() ? OtherFormats::Found : OtherFormats::WhenWanted);
     fontRules.wait();
     // The sheet's own texts know theirs; a drawing's may name any.
-    if (!arguments.pictures.empty()) InstallFontStandIns();
+    if (hasPictures) InstallFontStandIns();
     return Print(arguments, openQueue);
   } catch (const UsageError& error) {
     std::cerr << "morvane-print: " << error.what() << " (--help spiega l'uso)\n";

@@ -62,6 +62,7 @@ FrmPreview::FrmPreview(AppState& state, Platform& platform, FrmPreviewHooks hook
   Command1.SetCancel(true);
   Command3.SetImageKey("stampa");
   Command4.SetImageKey("font");
+  Option1.front().SetValue(true);
   Label1.SetAlignment(Alignment::Centre);
   Label1.SetFont({.name = "MS Sans Serif", .size = 7});  // it begins left of the window
   Text1.SetText("Titolo CD");

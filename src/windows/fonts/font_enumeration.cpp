@@ -3,6 +3,7 @@
 namespace Morvane {
 
 void ElencaFonts(ListBox& list, const FontCatalog& fonts) {
+  list.Clear();
   for (const std::string& family : fonts.Families()) list.AddItem(family);
 }
 

@@ -49,7 +49,7 @@ void CaricaListaImmagini(AppState& state, const FileSystem& files, ListBox& list
     ++next;
   }
   count.SetCaption("N. " + std::to_string(next - 1));
-  ResumeNext([&] { list.SetListIndex(0); });  // an empty list has none
+  if (next > 1) ResumeNext([&] { list.SetListIndex(0); });
   const std::string& before = state.ImmaginePrecedente;
   SelectByName(list, before.substr(before.rfind('\\') + 1));
 }

@@ -9,8 +9,7 @@ namespace Morvane {
 // What windows may cover of the primary screen, in logical pixels.
 QRect Desk();
 
-// Measures the screen and shows its pointer over all windows. The screen must live as
-// long as this.
+// Measures the screen and shows its pointer over all windows. The screen must live as long as this.
 class QtScreen {
  public:
   explicit QtScreen(Screen& screen);

@@ -23,7 +23,7 @@ LaidOutLine LayOut(const Font& font, const std::string& text) {
   layout.beginLayout();
   QTextLine line = layout.createLine();
   if (!line.isValid()) return {};
-  line.setLineWidth(0);  // of no effect where nothing is wrapped, but without it there are no glyphs
+  line.setLineWidth(0);  // any will do where nothing is wrapped; without one there are no glyphs
   // A letter that another font lends may be higher; the line stays on its own font's baseline.
   line.setPosition({0, metrics.ascent() - line.ascent()});
   layout.endLayout();

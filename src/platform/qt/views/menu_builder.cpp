@@ -11,7 +11,9 @@ void AddItems(Menu& menu, const std::vector<MenuItem>& items, MenuActions& actio
     if (item.caption == "-") {
       menu.addSeparator();
     } else if (!item.items.empty()) {
-      AddItems(*menu.addMenu(caption), item.items, actions);
+      QMenu& inner = *menu.addMenu(caption);
+      actions.emplace_back(&item, inner.menuAction());
+      AddItems(inner, item.items, actions);
     } else {
       QAction& action = *menu.addAction(caption);
       action.setObjectName(QString::fromStdString(item.name));
@@ -40,6 +42,7 @@ MenuActions FillMenuBar(QMenuBar& bar, const std::vector<MenuItem>& items, Windo
 MenuActions FillMenu(QMenu& menu, const std::vector<MenuItem>& items) {
   MenuActions actions;
   AddItems(menu, items, actions);
+  MirrorEnabled(actions);
   return actions;
 }
 
