@@ -57,12 +57,15 @@ class QtPictureTest : public testing::Test {
   }
 
   void ExpectRefused(const std::string& name, const std::string& bytes) {
-    try {
-      Load(name, bytes);
-      FAIL() << name;
-    } catch (const RuntimeError& error) {
-      EXPECT_EQ(error.Number(), ErrorNumber::InvalidPicture);
-      EXPECT_NE(std::string(error.what()).find(name), std::string::npos);
+    machine_.WriteFile("C:\\" + name, bytes);
+    for (const auto load : {&PictureLoader::LoadPicture, &PictureLoader::LoadPreview}) {
+      try {
+        (loader_.*load)("C:\\" + name);
+        FAIL() << name;
+      } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::InvalidPicture);
+        EXPECT_NE(std::string(error.what()).find(name), std::string::npos);
+      }
     }
   }
 
@@ -154,6 +157,15 @@ TEST_F(QtPictureTest, ReducedPicturesAreAveraged) {
     const QImage small = Decoded(Load("foto", Encoded(stripes, format)), 110, 110);
     for (int x = 5; x < 105; ++x) EXPECT_NEAR(qGray(small.pixel(x, 50)), 128, 24) << format << x;
   }
+}
+
+TEST_F(QtPictureTest, APhotoIsAsSharpWhenItWasPreviewedBefore) {
+  const PicturePtr whole = Load("foto.jpg", Encoded(TwoHalves(2400, 1600), "jpg"));
+  machine_.WriteFile("C:\\anteprima.jpg", machine_.Files->ReadBytes("C:\\foto.jpg"));
+  const PicturePtr previewed = loader_.LoadPreview("C:\\anteprima.jpg");
+  EXPECT_EQ(qRed(Decoded(previewed, 247, 165).pixel(60, 80)), 254);
+  EXPECT_EQ(loader_.LoadPicture("C:\\anteprima.jpg"), previewed);
+  EXPECT_EQ(Decoded(previewed, 801, 534), Decoded(whole, 801, 534));
 }
 
 TEST_F(QtPictureTest, BrokenAndHostileFilesAreRefusedSoonAndForLittleMemory) {

@@ -19,6 +19,12 @@ namespace {
 
 constexpr double kMostSvgPixels = 64e6;
 constexpr double kMostOverviewPixels = 512e3;  // 2 MB
+// A preview of 247 x 180 at twice the density; photos of 12 megapixels and more have it at an eighth.
+constexpr double kMostPreviewPixels = 494.0 * 360;
+
+bool Holds(QSize size, QSize other) {
+  return other.boundedTo(size) == other;
+}
 
 QImage Averaged(const QImage& image, QSize size) {
   if (image.isNull() || image.size() == size) return image;
@@ -45,14 +51,25 @@ FilePicture::FilePicture(std::string file, const Facts& facts, KeptBytes::Stay s
       facts_(facts),
       turned_(facts.rotation.testFlag(QImageIOHandler::TransformationRotate90)) {}
 
-const QImage& FilePicture::Overview() const {
-  std::call_once(overviewDecoded_, [this] { overview_ = DecodeFile(OverviewSize()); });
+bool FilePicture::CanBePreviewed() const {
+  const std::lock_guard lock(overviewMutex_);
+  if (overview_.isNull()) overview_ = DecodeFile(SizeWithin(kMostPreviewPixels));
+  return !overview_.isNull();
+}
+
+QImage FilePicture::Overview(QSize atLeast) const {
+  const std::lock_guard lock(overviewMutex_);
+  if (!Holds(overview_.size(), atLeast)) overview_ = DecodeFile(OverviewSize());
   return overview_;
 }
 
 QSize FilePicture::OverviewSize() const {
+  return SizeWithin(kMostOverviewPixels);
+}
+
+QSize FilePicture::SizeWithin(double mostPixels) const {
   const QSizeF size = turned_ ? facts_.size.transposed() : facts_.size;
-  const double share = kMostOverviewPixels / (size.width() * size.height());
+  const double share = mostPixels / (size.width() * size.height());
   return share >= 1 ? size.toSize() : (size * std::sqrt(share)).toSize().expandedTo(QSize(1, 1));
 }
 
@@ -65,8 +82,7 @@ double FilePicture::HeightTwips() const {
 }
 
 QImage FilePicture::Decode(QSize pixels) const {
-  const bool overviewSuffices = pixels.boundedTo(OverviewSize()) == pixels;
-  return overviewSuffices ? Averaged(Overview(), pixels) : DecodeFile(pixels);
+  return Holds(OverviewSize(), pixels) ? Averaged(Overview(pixels), pixels) : DecodeFile(pixels);
 }
 
 QImage FilePicture::DecodeForPaper(QSize pixels) const {

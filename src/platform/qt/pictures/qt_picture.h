@@ -45,7 +45,9 @@ class FilePicture : public QtPicture {
   FilePicture(std::string file, const Facts& facts, KeptBytes::Stay stay);
 
   // Decodes the overview.
-  bool CanBeDecoded() const { return !Overview().isNull(); }
+  bool CanBeDecoded() const { return !Overview(OverviewSize()).isNull(); }
+  // Decodes a smaller one, which does until more is asked for.
+  bool CanBePreviewed() const;
 
   double WidthTwips() const override;
   double HeightTwips() const override;
@@ -53,15 +55,16 @@ class FilePicture : public QtPicture {
   QImage DecodeForPaper(QSize pixels) const override;
 
  private:
+  QSize SizeWithin(double mostPixels) const;
   QSize OverviewSize() const;
-  const QImage& Overview() const;
+  QImage Overview(QSize atLeast) const;
   QImage DecodeFile(QSize pixels) const;
 
   const KeptBytes file_;
   const Facts facts_;
   const bool turned_;  // the rotation exchanges the sides
-  mutable std::once_flag overviewDecoded_;
-  mutable QImage overview_;  // made when it is first wanted
+  mutable std::mutex overviewMutex_;
+  mutable QImage overview_;  // made when it is first wanted; only with the mutex
 };
 
 // A picture of pixels that are already there.

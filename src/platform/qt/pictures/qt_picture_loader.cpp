@@ -101,9 +101,11 @@ PicturePtr LoadPixels(const std::string& path, std::string file, PictureCheck ch
   const JpegExtent extent = isJpeg ? ExtentOfJpeg(bytes) : JpegExtent{bytes.size(), 0};
   if (CostsTooMuch(facts.size, extent.scans)) throw Bad(path, "è troppo grande.");
   file.resize(static_cast<std::size_t>(extent.end));
-  const auto stay = check == PictureCheck::Whole ? KeptBytes::Stay::Long : KeptBytes::Stay::Short;
+  const auto stay = check == PictureCheck::Header ? KeptBytes::Stay::Short : KeptBytes::Stay::Long;
   auto picture = std::make_shared<FilePicture>(std::move(file), facts, stay);
-  if (check == PictureCheck::Whole && !picture->CanBeDecoded()) throw DamagedPicture(path);
+  const bool damaged = (check == PictureCheck::Whole && !picture->CanBeDecoded()) ||
+                       (check == PictureCheck::Preview && !picture->CanBePreviewed());
+  if (damaged) throw DamagedPicture(path);
   return picture;
 }
 
@@ -162,12 +164,12 @@ QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPat
   QImageReader::setAllocationLimit(kMostDecodedMegabytes);
 }
 
-PicturePtr QtPictureLoader::LoadPicture(const std::string& path) const {
+PicturePtr QtPictureLoader::Load(const std::string& path, PictureCheck check) const {
   Loaded loaded{files_.ToNative(path), {}, 0, {}};
   std::error_code missing;  // Read tells
   loaded.changed = std::filesystem::last_write_time(loaded.file, missing);
   if (!missing) loaded.bytes = std::filesystem::file_size(loaded.file, missing);
-  if (missing) return Read(path);
+  if (missing) return Read(path, check);
   if (loaded.bytes > kMostFileBytes) throw Bad(path, "è troppo grande.");
   {
     const std::lock_guard lock(lastMutex_);
@@ -176,14 +178,14 @@ PicturePtr QtPictureLoader::LoadPicture(const std::string& path) const {
         last_.file == loaded.file && last_.changed == loaded.changed && last_.bytes == loaded.bytes;
     if (picture && same) return picture;
   }
-  const PicturePtr picture = Read(path);
+  const PicturePtr picture = Read(path, check);
   loaded.picture = picture;
   const std::lock_guard lock(lastMutex_);
   last_ = loaded;
   return picture;
 }
 
-PicturePtr QtPictureLoader::Read(const std::string& path) const {
+PicturePtr QtPictureLoader::Read(const std::string& path, PictureCheck check) const {
   std::string bytes = files_.ReadBytes(path);
   if (const auto format = FormatOf(bytes)) {
     if (!QFileInfo(QString::fromStdString(decoderPath_)).isExecutable()) {
@@ -194,7 +196,7 @@ PicturePtr QtPictureLoader::Read(const std::string& path) const {
     return picture;
   }
   bytes.insert(0, MissingFileHeader(InPlace(bytes)).toStdString());
-  return LoadPixels(path, std::move(bytes), check_);
+  return LoadPixels(path, std::move(bytes), check);
 }
 
 std::string OldFormatDecoderPath() {

@@ -18,7 +18,8 @@ RuntimeError DamagedPicture(const std::string& name);
 
 enum class PictureCheck {
   Whole,
-  Header  // for a picture that is painted once and at once: damage behind the header shows there
+  Preview,  // in as few pixels as a preview shows
+  Header    // for a picture that is painted once and at once: damage behind the header shows there
 };
 
 // Whether a file that begins with these bytes is of a format that can be loaded.
@@ -40,7 +41,8 @@ class QtPictureLoader : public PictureLoader {
   // `decoderPath` is the native path of the decoder of old formats.
   QtPictureLoader(const FileSystem& files, std::string decoderPath, PictureCheck check = PictureCheck::Whole);
 
-  PicturePtr LoadPicture(const std::string& path) const override;
+  PicturePtr LoadPicture(const std::string& path) const override { return Load(path, check_); }
+  PicturePtr LoadPreview(const std::string& path) const override { return Load(path, PictureCheck::Preview); }
 
  private:
   struct Loaded {
@@ -50,7 +52,8 @@ class QtPictureLoader : public PictureLoader {
     std::weak_ptr<const Picture> picture;
   };
 
-  PicturePtr Read(const std::string& path) const;
+  PicturePtr Load(const std::string& path, PictureCheck check) const;
+  PicturePtr Read(const std::string& path, PictureCheck check) const;
 
   const FileSystem& files_;
   const std::string decoderPath_;
