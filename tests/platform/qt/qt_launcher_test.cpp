@@ -52,8 +52,7 @@ TEST_F(QtLauncherTest, WhatIsOpenedIsOneArgumentAndADocumentLiesInTheProgramsFol
   machine_.WriteFile("C:\\Morvane\\omk.htm", "kit");
   machine_.WriteFile("C:\\Morvane\\--help", "not an option");
   const std::string folder = machine_.Root.Path() + "/Morvane/";
-  const std::string addresses[] = {"http://a.example/search?q=copertine+cd&x=1",
-                                   "http://a.example/`id`$(id);'\"|&"};
+  const std::string addresses[] = {"http://a.example/search?q=copertine+cd&x=1", "AZaz:/`id`$(id);'\"|&"};
   const std::pair<std::string, std::string> cases[] = {{addresses[0], addresses[0]},
                                                        {addresses[1], addresses[1]},
                                                        {"omk.htm", folder + "omk.htm"},

@@ -145,7 +145,6 @@ bool StartsPicture(const QByteArray& bytes) {
   QBuffer buffer;
   buffer.setData(MissingFileHeader(bytes) + bytes);
   QImageReader reader(&buffer);
-  reader.setDecideFormatFromContent(true);
   return IsKnown(reader.format());
 }
 

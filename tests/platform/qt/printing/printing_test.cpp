@@ -447,9 +447,9 @@ TEST(CalibrationFile, KeepsEachPrinterAndADamagedOneCorrectsNothingAndIsToldOnce
   const TemporaryFolder folder;
   const QString file = QString::fromStdString(folder.Path() + "/prove/taratura.ini");
   Calibrations(file).Keep("Ufficio/2°", kMeasured);
-  Calibrations(file).Keep("casa", {});
+  Calibrations(file).Keep("casa", kMeasured);
   Calibrations kept(file);
-  EXPECT_EQ(kept.Of("Ufficio/2°"), kMeasured);
+  for (const char* printer : {"Ufficio/2°", "casa"}) EXPECT_EQ(kept.Of(printer), kMeasured) << printer;
   EXPECT_EQ(kept.Of("altra"), Calibration());
   EXPECT_TRUE(kept.TakeComplaint().isEmpty());
   for (const char* damage : {"[casa]\norizzontale180=200\nverticale250=250\ndestra=0\nbasso=0\n",
