@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "app/memory.h"
 #include "tests/support/private_cups.h"
 
 // Benchmarks of windows, without a screen and without the machine's printers.
@@ -10,6 +11,7 @@ int main(int argc, char** argv) {
   const Morvane::TemporaryFolder own;
   Morvane::PrivateCups::ChooseSocket(own.Path());
   const QApplication application(argc, argv);
+  Morvane::TakeLargePages();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   return 0;

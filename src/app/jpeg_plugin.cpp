@@ -27,10 +27,8 @@ class JpegPlugin : public QImageIOPlugin {
   Capabilities capabilities(QIODevice*, const QByteArray& format) const override {
     return format == "jpeg" ? CanWrite : Capabilities();
   }
-  QImageIOHandler* create(QIODevice* device, const QByteArray&) const override {
-    auto writer = std::make_unique<JpegWriter>();
-    writer->setDevice(device);
-    return writer.release();  // the toolkit owns it
+  QImageIOHandler* create(QIODevice*, const QByteArray&) const override {
+    return std::make_unique<JpegWriter>().release();  // the toolkit owns it, and gives it the device
   }
 };
 

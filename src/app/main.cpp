@@ -13,6 +13,7 @@
 #include <memory>
 #include <utility>
 
+#include "app/memory.h"
 #include "platform/files/app_folder.h"
 #include "platform/files/file_system.h"
 #include "platform/qt/desktop/qt_http_client.h"
@@ -99,8 +100,11 @@ int main(int argc, char** argv) {
   device.OnSheetChanged = [&] { windows.Post([&] { program.form1.Ridisegna(); }); };
   device.OnComplaint = [&](const std::string& text) { windows.Post([&, text] { windows.MsgBox(text); }); };
   program.form1.form.Paint = [&, asked = false]() mutable {
-    if (!std::exchange(asked, true))
-      QTimer::singleShot(kAfterFirstPage, &application, [&] { device.Prepare(); });
+    if (std::exchange(asked, true)) return;
+    QTimer::singleShot(kAfterFirstPage, &application, [&] {
+      TakeLargePages();
+      device.Prepare();
+    });
   };
   if (!folder.problem.empty()) {
     windows.Post([&] {

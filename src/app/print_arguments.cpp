@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <algorithm>
 #include <charconv>
+#include <filesystem>
 #include <iterator>
 
 namespace Morvane {
@@ -162,11 +163,8 @@ std::string PrintHelp() {
 
 std::string PdfNameOfCopy(const std::string& pdf, int copy, int copies) {
   if (copies <= 1) return pdf;
-  const std::size_t slash = pdf.find_last_of('/');
-  const std::size_t nameStart = slash == std::string::npos ? 0 : slash + 1;
-  std::size_t dot = pdf.find_last_of('.');
-  if (dot == std::string::npos || dot <= nameStart) dot = pdf.size();
-  return pdf.substr(0, dot) + "-" + std::to_string(copy) + pdf.substr(dot);
+  const std::filesystem::path path(pdf);
+  return (path.parent_path() / path.stem()).string() + "-" + std::to_string(copy) + path.extension().string();
 }
 
 }  // namespace Morvane

@@ -1,6 +1,5 @@
 #include "app/print_program.h"
 
-#include <sys/prctl.h>
 #include <unistd.h>
 
 #include <QGuiApplication>
@@ -17,6 +16,7 @@
 #include <vector>
 
 #include "app/console_windows.h"
+#include "app/memory.h"
 #include "core/default_layout.h"
 #include "core/layout_reader.h"
 #include "platform/files/file_system.h"
@@ -226,8 +226,7 @@ int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
     }
     if (arguments.pdf.empty() && !openQueue) BecomeQueueProgram(argv);
     const bool hasPictures = !arguments.pictures.empty();
-    // Large pages are for photos; without any, each would be filled with zeros for a few bytes.
-    if (!hasPictures) prctl(PR_SET_THP_DISABLE, 1, 0, 0, 0);
+    if (hasPictures) TakeLargePages();
     // No window is ever shown, so no display is needed.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const std::future<void> fontRules = ReadFontRules();

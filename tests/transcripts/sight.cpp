@@ -164,8 +164,8 @@ QStringList AnswerOf(const QString& program, const QStringList& arguments) {
   return lines;
 }
 
-// Of the first page, in tens of black pixels at 50 to the inch.
-int InkOn(const QString& file) {
+// Of the first page, in tens of black pixels at 50 to the inch, and whether it lies on its side.
+QString InkOn(const QString& file) {
   QProcess painter;
   QImage page;
   painter.start("pdftoppm", {"-r", "50", "-gray", "-png", "-f", "1", "-l", "1", file});
@@ -174,7 +174,7 @@ int InkOn(const QString& file) {
   for (int y = 0; y < page.height(); ++y) {
     for (int x = 0; x < page.width(); ++x) ink += 255 - qGray(page.pixel(x, y));
   }
-  return qRound(ink / 255 / 10);
+  return QString::number(qRound(ink / 255 / 10)) + (page.width() > page.height() ? " on its side" : "");
 }
 
 // How much ink, how many pictures, which fonts and which texts the first page has. Where its texts tell the
@@ -188,7 +188,7 @@ QStringList OnPaper(const QString& file, const QString& root) {
   texts.replaceInStrings(inMenus, "...");
   for (QString& text : texts) text.truncate(kSurelyOnPaper);
   QStringList lines;
-  if (!isNamed) lines << QString("ink %1").arg(InkOn(file));
+  if (!isNamed) lines << "ink " + InkOn(file);
   lines << QString("pictures %1").arg(AnswerOf("pdfimages", {"-list", file}).size() - kHeadings);
   for (const QString& font : AnswerOf("pdffonts", {file}).mid(kHeadings))
     lines << font.section(' ', 0, 0).section('+', -1);
