@@ -36,7 +36,6 @@ std::string FolderReader::Name() const {
 EntryKind FolderReader::Kind() const {
   if (entry_->d_type == DT_REG) return EntryKind::File;
   if (entry_->d_type == DT_DIR) return EntryKind::Folder;
-  if (entry_->d_type != DT_LNK && entry_->d_type != DT_UNKNOWN) return EntryKind::Other;
   struct stat info {};
   if (::fstatat(::dirfd(folder_.get()), entry_->d_name, &info, 0) != 0) return EntryKind::Other;
   if (S_ISDIR(info.st_mode)) return EntryKind::Folder;

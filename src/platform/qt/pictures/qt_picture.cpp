@@ -52,6 +52,7 @@ FilePicture::FilePicture(std::string file, const Facts& facts, KeptBytes::Stay s
       turned_(facts.rotation.testFlag(QImageIOHandler::TransformationRotate90)) {}
 
 bool FilePicture::CanBePreviewed() const {
+  if (!facts_.IsPlainJpeg()) return CanBeDecoded();
   const std::lock_guard lock(overviewMutex_);
   if (overview_.isNull()) overview_ = DecodeFile(SizeWithin(kMostPreviewPixels));
   return !overview_.isNull();

@@ -46,7 +46,7 @@ class FilePicture : public QtPicture {
 
   // Decodes the overview.
   bool CanBeDecoded() const { return !Overview(OverviewSize()).isNull(); }
-  // Decodes a smaller one, which does until more is asked for.
+  // Decodes a smaller one, where that is quicker; it does until more is asked for.
   bool CanBePreviewed() const;
 
   double WidthTwips() const override;

@@ -56,7 +56,6 @@ void LineTextBoxView::MirrorContent() {
 
 MultiLineTextBoxView::MultiLineTextBoxView(TextBox& model, QWidget& parent, const ViewContext& context)
     : WidgetView(model, parent, context) {
-  widget_.setTabChangesFocus(true);
   connect(&widget_, &QPlainTextEdit::textChanged, this, [this] {
     Feed([&] { model_.SetText(widget_.toPlainText().replace("\n", "\r\n").toStdString()); });
   });

@@ -266,6 +266,12 @@ TEST_F(QueueTest, DialogAsksForCopiesWhichAreJobsOfTheirOwnThatNobodyScales) {
   cups_.AddQueue("raster", PrivateCups::Takes::Raster);
   device_.SelectPrinter("raster");
   InDialog<QPrintDialog>([](QPrintDialog& dialog) {
+    for (const char* choice : {"printRange", "printSelection"})
+      EXPECT_TRUE(dialog.findChild<QWidget*>(choice)->isVisible()) << choice;
+    dialog.reject();
+  });
+  EXPECT_FALSE(printer_.ShowDialog({.restricted = false}).accepted);
+  InDialog<QPrintDialog>([](QPrintDialog& dialog) {
     EXPECT_FALSE(dialog.findChild<QWidget*>("gbPrintRange")->isVisible());
     auto* const printers = dialog.findChild<QComboBox*>("printers");
     EXPECT_EQ(printers->count(), 2) << "a file is no printer";
