@@ -42,8 +42,7 @@ void PendingFile::Resemble(const struct stat& older) {
 
 void PendingFile::Write(std::string_view bytes) {
   while (!bytes.empty()) {
-    const ssize_t count = ::write(file_.Get(), bytes.data(), bytes.size());
-    if (count < 0 && errno == EINTR) continue;
+    const ssize_t count = TEMP_FAILURE_RETRY(::write(file_.Get(), bytes.data(), bytes.size()));
     if (count < 0) throw SystemFileError(errno, path_);
     bytes.remove_prefix(static_cast<std::size_t>(count));
   }

@@ -24,10 +24,7 @@ constexpr rlim_t kReservedDescriptors = 256;
 bool AppendFrom(int descriptor, std::size_t most, std::string& bytes, const std::string& path) {
   const std::size_t before = bytes.size();
   bytes.resize(before + most);
-  ssize_t count = 0;
-  do {
-    count = ::read(descriptor, bytes.data() + before, most);
-  } while (count < 0 && errno == EINTR);
+  const ssize_t count = TEMP_FAILURE_RETRY(::read(descriptor, bytes.data() + before, most));
   if (count < 0) throw SystemFileError(errno, path);
   bytes.resize(before + static_cast<std::size_t>(count));
   return count > 0;

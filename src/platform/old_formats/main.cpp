@@ -28,8 +28,7 @@ std::string ReadAll(int descriptor) {
   std::string bytes;
   std::vector<char> block(256 * 1024);
   while (true) {
-    const ssize_t count = read(descriptor, block.data(), block.size());
-    if (count < 0 && errno == EINTR) continue;
+    const ssize_t count = TEMP_FAILURE_RETRY(read(descriptor, block.data(), block.size()));
     if (count < 0) throw Undecodable("not read");
     if (count == 0) return bytes;
     bytes.append(block.data(), static_cast<size_t>(count));
@@ -39,8 +38,7 @@ std::string ReadAll(int descriptor) {
 
 void WriteAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
-    const ssize_t count = write(descriptor, bytes.data(), bytes.size());
-    if (count < 0 && errno == EINTR) continue;
+    const ssize_t count = TEMP_FAILURE_RETRY(write(descriptor, bytes.data(), bytes.size()));
     if (count < 0) throw Undecodable("not written");
     bytes.remove_prefix(static_cast<size_t>(count));
   }
