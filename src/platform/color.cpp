@@ -2,8 +2,6 @@
 
 #include <array>
 
-#include "platform/runtime_error.h"
-
 namespace Morvane {
 
 Color QBColor(int n) {
@@ -23,10 +21,7 @@ Color QBColor(int n) {
                                                     {255, 0, 255},
                                                     {255, 255, 0},
                                                     {255, 255, 255}}};
-  if (n < 0 || n >= static_cast<int>(kTable.size())) {
-    throw RuntimeError(ErrorNumber::InvalidProcedureCall, "Colore non valido.");
-  }
-  return kTable[static_cast<std::size_t>(n)];
+  return kTable.at(static_cast<std::size_t>(n));
 }
 
 }  // namespace Morvane

@@ -12,7 +12,7 @@ struct Color {
   bool operator==(const Color&) const = default;
 };
 
-// The 16-colour table; n from 0 to 15, otherwise RuntimeError InvalidProcedureCall.
+// The 16-colour table; n from 0 to 15.
 Color QBColor(int n);
 
 }  // namespace Morvane

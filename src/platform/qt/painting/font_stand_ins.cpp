@@ -65,7 +65,6 @@ QFont ReferenceFont(const Font& font) {
   reference.setKerning(false);
   reference.setBold(font.bold);
   reference.setItalic(font.italic);
-  reference.setUnderline(font.underline);
   return reference;
 }
 

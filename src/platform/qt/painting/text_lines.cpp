@@ -13,8 +13,7 @@ constexpr std::size_t kMostLines = 10000;  // several full sheets
 // The toolkit's own underline of glyphs has the wrong width on a scaled painter and touches the letters, so
 // it is a box of ours.
 LaidOutLine LayOut(const Font& font, const std::string& text) {
-  QFont reference = ReferenceFont(font);
-  reference.setUnderline(false);
+  const QFont reference = ReferenceFont(font);
   const QFontMetricsF metrics(reference);
   QTextLayout layout(QString::fromStdString(text), reference);
   QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);

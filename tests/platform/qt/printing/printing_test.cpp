@@ -444,7 +444,9 @@ QString Described(QWidget& window) {
 TEST(PrintDialogs, ShowAndTakeTheSame) {
   PdfPrinterDialog pdf("Nessuna stampante è installata.", "/casa/Documenti", nullptr);
   Calibrations none("/proc/nessuno/taratura.ini");
+  QDialog dialog;  // where each button is the one for the return key, if it is not told otherwise
   CalibrationTab tab(none, [](const QString&) {});
+  tab.setParent(&dialog);
   tab.ShowPrinter("casa");
   ExpectText("tests/platform/qt/printing/dialogs.txt", Described(pdf) + Described(tab));
 }
@@ -458,11 +460,12 @@ TEST(CalibrationFile, KeepsEachPrinterAndADamagedOneCorrectsNothingAndIsToldOnce
   for (const char* printer : {"Ufficio/2°", "casa"}) EXPECT_EQ(kept.Of(printer), kMeasured) << printer;
   EXPECT_EQ(kept.Of("altra"), Calibration());
   EXPECT_TRUE(kept.TakeComplaint().isEmpty());
-  for (const char* damage : {"[casa]\norizzontale180=200\nverticale250=250\ndestra=0\nbasso=0\n",
-                             "[casa]\norizzontale180=nan\nverticale250=250\ndestra=0\nbasso=0\n",
-                             "[casa]\norizzontale180=180\nverticale250=250\ndestra=99\nbasso=0\n",
-                             "[casa]\norizzontale180=180\nverticale250=250\ndestra=0\nbasso=-99\n",
-                             "[casa]\norizzontale180=180\n", "[Ufficio\n", "\xff\x01 niente"}) {
+  for (const char* damage :
+       {"[casa]\norizzontale180=200\nverticale250=250\ndestra=0\nbasso=0\n",
+        "[casa]\norizzontale180=nan\nverticale250=250\ndestra=0\nbasso=0\n",
+        "[casa]\norizzontale180=180\nverticale250=250\ndestra=99\nbasso=0\n",
+        "[casa]\norizzontale180=180\nverticale250=250\ndestra=0\nbasso=-99\n",
+        "[casa]\norizzontale180=180\nverticale250=250\nbasso=0\n", "[Ufficio\n", "\xff\x01 niente"}) {
     std::ofstream(file.toStdString()) << damage;
     Calibrations damaged(file);
     EXPECT_EQ(damaged.Of("casa"), Calibration()) << damage;
