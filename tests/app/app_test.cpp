@@ -33,6 +33,7 @@ TEST(App, TellsDesktopAndToolkitWhoItIsWhatIsWrongAndShowsThePrintersSheetWithou
       "desktop file: morvane\n"
       "icon: 1\n"
       "style: QProxyStyle\n"
+      "two icons alike: 0\n"
       "cancel: Annulla\n"
       "Tahoma: liberation sans\n"
       "JPEG: 1 its own bytes\n");

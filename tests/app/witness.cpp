@@ -54,6 +54,10 @@ class Witness : public QGenericPlugin {
     return x;
   }
 
+  static QImage Icon(QStyle::StandardPixmap which) {
+    return QApplication::style()->standardIcon(which).pixmap(16).toImage();
+  }
+
   static void TellRest() {
     rlimit files{};
     getrlimit(RLIMIT_NOFILE, &files);
@@ -66,6 +70,8 @@ class Witness : public QGenericPlugin {
               << "desktop file: " << qPrintable(QGuiApplication::desktopFileName()) << '\n'
               << "icon: " << !QApplication::windowIcon().isNull() << '\n'
               << "style: " << QApplication::style()->metaObject()->className() << '\n'
+              << "two icons alike: " << (Icon(QStyle::SP_TrashIcon) == Icon(QStyle::SP_MessageBoxWarning))
+              << '\n'
               << "cancel: " << qPrintable(QCoreApplication::translate("QPlatformTheme", "Cancel")) << '\n'
               << "Tahoma: " << qPrintable(QFont::substitutes("Tahoma").join(' ')) << '\n'
               << "JPEG: " << isWritten << ' ' << written.data().toStdString() << '\n';

@@ -20,6 +20,7 @@
 #include <QTimer>
 
 #include "platform/drawing/printer.h"
+#include "platform/qt/desktop/boxes.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/printing/calibration_tab.h"
 #include "platform/qt/printing/pdf_printer_dialog.h"
@@ -448,7 +449,14 @@ TEST(PrintDialogs, ShowAndTakeTheSame) {
   CalibrationTab tab(none, [](const QString&) {});
   tab.setParent(&dialog);
   tab.ShowPrinter("casa");
-  ExpectText("tests/platform/qt/printing/dialogs.txt", Described(pdf) + Described(tab));
+  QString seen = Described(pdf) + Described(tab);
+  InDialog<QDialog>([&](QDialog& prompt) {
+    seen += Described(prompt);
+    prompt.reject();
+  });
+  AskForLine(nullptr, "Un nome che non c'è ancora, per il layout che si sta per salvare:", "Salva",
+             "Libretto");
+  ExpectText("tests/platform/qt/printing/dialogs.txt", seen);
 }
 
 TEST(CalibrationFile, KeepsEachPrinterAndADamagedOneCorrectsNothingAndIsToldOnce) {
