@@ -7,6 +7,7 @@
 #include <QImageReader>
 #include <QPainter>
 #include <QRandomGenerator>
+#include <QtEndian>
 #include <array>
 #include <atomic>
 #include <fstream>
@@ -95,6 +96,24 @@ TEST_F(QtPictureTest, ReadsAGifAndABitmapWithoutFileHeader) {
     const QImage small = Decoded(Load("foto.dib", bmp.substr(14)), 64, 32);
     EXPECT_EQ(small.pixelColor(2, 2), Qt::red);
     EXPECT_EQ(small.pixelColor(60, 2), Qt::blue);
+  }
+}
+
+TEST_F(QtPictureTest, OfAnIconTheLargestImageIsTakenWhereverItStands) {
+  for (const std::vector<int>& sides : {std::vector{16, 48, 32}, {48, 16}, {16, 48}}) {
+    std::string list("\0\0\1\0", 4);
+    (list += static_cast<char>(sides.size())) += '\0';
+    std::string images;
+    for (const int side : sides) {
+      const std::string icon = Encoded(TwoHalves(side, side), "ico");  // 6 bytes, 16 of its list, the image
+      list += icon.substr(6, 16);
+      const auto at = static_cast<quint32>(6 + 16 * sides.size() + images.size());
+      qToLittleEndian(at, list.data() + list.size() - 4);
+      images += icon.substr(22);
+    }
+    const PicturePtr picture = Load("icona.ico", list + images);
+    EXPECT_EQ(picture->WidthTwips(), 48 * 15);
+    EXPECT_EQ(Decoded(picture, 48, 48).pixelColor(25, 20), Qt::blue);
   }
 }
 
@@ -294,15 +313,16 @@ std::string AsJpeg(const QImage& image) {
 class SheetPicturesTest : public QtPictureTest {
  protected:
   // The PDF file of a sheet with this picture in a box of 50 mm.
-  std::string Sheet(const std::string& jpeg) {
+  std::string Sheet(const PicturePtr& picture) {
     const QtTextMetrics metrics;
     DrawingSurface page(metrics);
     page.SetScaleMode(ScaleMode::Millimetres);
-    page.PaintPicture(Load("foto.jpg", jpeg), 10, 10, 50, 50);
+    page.PaintPicture(picture, 10, 10, 50, 50);
     const std::string path = machine_.Root.Path("foglio.pdf");
     EXPECT_TRUE(WritePdf(path, page.Drawing(), PageOrientation::Portrait, kA4, "").empty());
     return machine_.Root.Read("foglio.pdf");
   }
+  std::string Sheet(const std::string& jpeg) { return Sheet(Load("foto.jpg", jpeg)); }
 };
 
 bool Contains(const std::string& sheet, const std::string& bytes) {
@@ -353,6 +373,7 @@ TEST_F(SheetPicturesTest, JpegThatASheetWouldShowOtherwiseIsEncodedAnew) {
     EXPECT_FALSE(Contains(sheet, ScanOf(jpeg)));
     EXPECT_GT(sheet.size(), 30000U) << "a picture of noise";
   }
+  EXPECT_GT(Sheet(std::make_shared<PixelPicture>(Noise(300, 200))).size(), 30000U);
 }
 
 // Of each pixel of the smaller picture, whatever format the file has.
