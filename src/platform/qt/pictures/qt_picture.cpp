@@ -52,15 +52,13 @@ FilePicture::FilePicture(std::string file, const Facts& facts, KeptBytes::Stay s
       turned_(facts.rotation.testFlag(QImageIOHandler::TransformationRotate90)) {}
 
 bool FilePicture::CanBePreviewed() const {
-  if (!facts_.IsPlainJpeg()) return CanBeDecoded();
-  const std::lock_guard lock(overviewMutex_);
-  if (overview_.isNull()) overview_ = DecodeFile(SizeWithin(kMostPreviewPixels));
-  return !overview_.isNull();
+  const QSize size = facts_.IsPlainJpeg() ? SizeWithin(kMostPreviewPixels) : OverviewSize();
+  return !Overview(size, size).isNull();
 }
 
-QImage FilePicture::Overview(QSize atLeast) const {
+QImage FilePicture::Overview(QSize atLeast, QSize otherwise) const {
   const std::lock_guard lock(overviewMutex_);
-  if (!Holds(overview_.size(), atLeast)) overview_ = DecodeFile(OverviewSize());
+  if (!Holds(overview_.size(), atLeast)) overview_ = DecodeFile(otherwise);
   return overview_;
 }
 
@@ -83,7 +81,8 @@ double FilePicture::HeightTwips() const {
 }
 
 QImage FilePicture::Decode(QSize pixels) const {
-  return Holds(OverviewSize(), pixels) ? Averaged(Overview(pixels), pixels) : DecodeFile(pixels);
+  return Holds(OverviewSize(), pixels) ? Averaged(Overview(pixels, OverviewSize()), pixels)
+                                       : DecodeFile(pixels);
 }
 
 QImage FilePicture::DecodeForPaper(QSize pixels) const {

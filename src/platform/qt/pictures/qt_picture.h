@@ -45,7 +45,7 @@ class FilePicture : public QtPicture {
   FilePicture(std::string file, const Facts& facts, KeptBytes::Stay stay);
 
   // Decodes the overview.
-  bool CanBeDecoded() const { return !Overview(OverviewSize()).isNull(); }
+  bool CanBeDecoded() const { return !Overview(OverviewSize(), OverviewSize()).isNull(); }
   // Decodes a smaller one, where that is quicker; it does until more is asked for.
   bool CanBePreviewed() const;
 
@@ -57,7 +57,8 @@ class FilePicture : public QtPicture {
  private:
   QSize SizeWithin(double mostPixels) const;
   QSize OverviewSize() const;
-  QImage Overview(QSize atLeast) const;
+  // The one that is there if it is as large as `atLeast`; otherwise decodes one of the other size.
+  QImage Overview(QSize atLeast, QSize otherwise) const;
   QImage DecodeFile(QSize pixels) const;
 
   const KeptBytes file_;

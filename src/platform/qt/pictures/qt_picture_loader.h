@@ -33,7 +33,7 @@ PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes);
 
 // Loads picture files by what their bytes say, not by their names: JPEG, BMP (also run-length encoded, also
 // without a file header), GIF, ICO, CUR, PNG, TIFF, WebP; EMF, WMF and IFF through the decoder program. A
-// file is decoded once, small, so that one that cannot be decoded fails here; the file loaded last is not
+// file is decoded at once, small, so that one that cannot be decoded fails here; the file loaded last is not
 // read again while its picture is in use and the file is the same. Hostile files cost at most two seconds and
 // 1.5 GiB.
 class QtPictureLoader : public PictureLoader {
