@@ -3,7 +3,6 @@
 #include <iostream>
 #include <vector>
 
-#include "app/memory.h"
 #include "bench/windows/window_machine.h"
 #include "tests/support/private_cups.h"
 #include "windows/main_window/program.h"
@@ -48,7 +47,6 @@ int main(int argc, char** argv) {
   const TemporaryFolder own;
   PrivateCups::ChooseSocket(own.Path());
   const QApplication application(argc, argv);
-  TakeLargePages();
   WindowMachine desk(argv[1]);
   Program program(desk.platform, ',');
   FillSheet(program.state, kMaxCovers);

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 
-#include "app/memory.h"
 #include "tests/support/private_cups.h"
 
 // Benchmarks of windows, without a screen and without the machine's printers.
@@ -11,7 +10,6 @@ int main(int argc, char** argv) {
   const Morvane::TemporaryFolder own;
   Morvane::PrivateCups::ChooseSocket(own.Path());
   const QApplication application(argc, argv);
-  Morvane::TakeLargePages();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   return 0;

@@ -13,7 +13,6 @@
 #include <memory>
 #include <utility>
 
-#include "app/memory.h"
 #include "platform/files/app_folder.h"
 #include "platform/files/file_system.h"
 #include "platform/qt/desktop/qt_http_client.h"
@@ -101,10 +100,7 @@ int main(int argc, char** argv) {
   device.OnComplaint = [&](const std::string& text) { windows.Post([&, text] { windows.MsgBox(text); }); };
   program.form1.form.Paint = [&, asked = false]() mutable {
     if (std::exchange(asked, true)) return;
-    QTimer::singleShot(kAfterFirstPage, &application, [&] {
-      TakeLargePages();
-      device.Prepare();
-    });
+    QTimer::singleShot(kAfterFirstPage, &application, [&] { device.Prepare(); });
   };
   if (!folder.problem.empty()) {
     windows.Post([&] {

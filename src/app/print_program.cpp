@@ -16,7 +16,6 @@
 #include <vector>
 
 #include "app/console_windows.h"
-#include "app/memory.h"
 #include "core/default_layout.h"
 #include "core/layout_reader.h"
 #include "platform/files/file_system.h"
@@ -225,8 +224,6 @@ int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
       return kDone;
     }
     if (arguments.pdf.empty() && !openQueue) BecomeQueueProgram(argv);
-    const bool hasPictures = !arguments.pictures.empty();
-    if (hasPictures) TakeLargePages();
     // No window is ever shown, so no display is needed.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const std::future<void> fontRules = ReadFontRules();
@@ -235,7 +232,7 @@ int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
     InstallJpegWriter(arguments.pdf.empty() ? OtherFormats::Found : OtherFormats::WhenWanted);
     fontRules.wait();
     // The sheet's own texts know theirs; a drawing's may name any.
-    if (hasPictures) InstallFontStandIns();
+    if (!arguments.pictures.empty()) InstallFontStandIns();
     return Print(arguments, openQueue);
   } catch (const UsageError& error) {
     std::cerr << "morvane-print: " << error.what() << " (--help spiega l'uso)\n";
