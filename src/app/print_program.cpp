@@ -188,8 +188,7 @@ void PrintContents(const PrintArguments& arguments, const FileSystem& files, con
   if (lost > 0) std::cerr << "morvane-print: righe senza posto sul foglio: " << lost << '\n';
 }
 
-ExitCode Print(const PrintArguments& arguments, const QueueOpener& openQueue) {
-  FileSystem files("/", MountTable(), {});
+ExitCode Print(const PrintArguments& arguments, const FileSystem& files, const QueueOpener& openQueue) {
   // A queue does not tell which pictures it went without.
   const PictureCheck check = arguments.pdf.empty() ? PictureCheck::Whole : PictureCheck::Header;
   QtPictureLoader pictures(files, OldFormatDecoderPath(), check);
@@ -230,10 +229,11 @@ int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
     const QGuiApplication application(argc, argv);
     // A queue needs modules of other kinds.
     InstallJpegWriter(arguments.pdf.empty() ? OtherFormats::Found : OtherFormats::WhenWanted);
+    const FileSystem files("/", MountTable(), {});
     fontRules.wait();
     // The sheet's own texts know theirs; a drawing's may name any.
     if (!arguments.pictures.empty()) InstallFontStandIns();
-    return Print(arguments, openQueue);
+    return Print(arguments, files, openQueue);
   } catch (const UsageError& error) {
     std::cerr << "morvane-print: " << error.what() << " (--help spiega l'uso)\n";
     return kWrongUsage;

@@ -6,6 +6,7 @@
 
 #include "platform/old_formats/limits.h"
 #include "platform/qt/pictures/decoder_process.h"
+#include "platform/qt/pictures/in_place.h"
 #include "platform/qt/pictures/svg_references.h"
 
 namespace Morvane {
@@ -74,10 +75,8 @@ std::optional<DecodedPicture> DecodeOldFormat(const std::string& decoderPath, Ol
   if (bytes.size() > DecoderLimits::kFileBytes) return std::nullopt;
   const bool isIff = format == OldFormat::Iff;
   const qint64 mostBytes = isIff ? 4 * DecoderLimits::kPixels : qint64{DecoderLimits::kSvgBytes};
-  std::optional<QByteArray> output =
-      RunDecoder(decoderPath, NameOf(format),
-                 QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size())),
-                 kHeaderBytes + mostBytes, DecoderLimits::kWallTime);
+  std::optional<QByteArray> output = RunDecoder(decoderPath, NameOf(format), InPlace(bytes),
+                                                kHeaderBytes + mostBytes, DecoderLimits::kWallTime);
   if (!output) return std::nullopt;
   // "svg WIDTH HEIGHT" or "rgba WIDTH HEIGHT" on a line of its own stands before the picture itself.
   const qsizetype end = output->left(kHeaderBytes).indexOf('\n');

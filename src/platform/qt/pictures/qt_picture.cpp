@@ -10,6 +10,7 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/qt/pictures/in_place.h"
 #include "platform/qt/pictures/jpeg.h"
 #include "platform/qt/pictures/jpeg_segments.h"
 #include "platform/units.h"
@@ -46,8 +47,8 @@ QImage Turned(const QImage& image, QImageIOHandler::Transformations rotation) {
 
 }  // namespace
 
-FilePicture::FilePicture(std::string file, const Facts& facts, KeptBytes::Stay stay)
-    : file_(std::move(file), stay),
+FilePicture::FilePicture(std::string file, const Facts& facts)
+    : file_(std::move(file)),
       facts_(facts),
       turned_(facts.rotation.testFlag(QImageIOHandler::TransformationRotate90)) {}
 
@@ -91,7 +92,7 @@ QImage FilePicture::DecodeForPaper(QSize pixels) const {
   if (image.isNull() || image.hasAlphaChannel() || image.depth() == 1) return image;
   image.convertTo(QImage::Format_RGB32);
   const bool asInFile = image.size() == facts_.size && facts_.rotation == QImageIOHandler::TransformationNone;
-  const QByteArray own = facts_.IsPlainJpeg() && asInFile ? BarePicture(file_.InPlace()) : QByteArray();
+  const QByteArray own = facts_.IsPlainJpeg() && asInFile ? BarePicture(InPlace(file_)) : QByteArray();
   CarryJpeg(image, own.isEmpty() ? EncodeJpeg(image) : own);
   return image;
 }
@@ -99,7 +100,7 @@ QImage FilePicture::DecodeForPaper(QSize pixels) const {
 QImage FilePicture::DecodeFile(QSize pixels) const {
   const QSize whole = facts_.size;
   const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(whole);
-  const QByteArray bytes = file_.InPlace();
+  const QByteArray bytes = InPlace(file_);
   if (facts_.IsPlainJpeg()) return Turned(DecodeJpeg(bytes, whole, size), facts_.rotation);
   QBuffer buffer;
   buffer.setData(bytes);

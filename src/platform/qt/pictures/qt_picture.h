@@ -13,7 +13,6 @@
 #include <vector>
 
 #include "platform/picture.h"
-#include "platform/qt/pictures/kept_bytes.h"
 
 class QSvgRenderer;
 
@@ -42,7 +41,7 @@ class FilePicture : public QtPicture {
     bool IsPlainJpeg() const { return format.isEmpty(); }
   };
 
-  FilePicture(std::string file, const Facts& facts, KeptBytes::Stay stay);
+  FilePicture(std::string file, const Facts& facts);
 
   // Decodes the overview.
   bool CanBeDecoded() const { return !Overview(OverviewSize(), OverviewSize()).isNull(); }
@@ -61,7 +60,7 @@ class FilePicture : public QtPicture {
   QImage Overview(QSize atLeast, QSize otherwise) const;
   QImage DecodeFile(QSize pixels) const;
 
-  const KeptBytes file_;
+  const std::string file_;
   const Facts facts_;
   const bool turned_;  // the rotation exchanges the sides
   mutable std::mutex overviewMutex_;

@@ -10,6 +10,7 @@
 
 #include "platform/files/program_part.h"
 #include "platform/qt/pictures/format_modules.h"
+#include "platform/qt/pictures/in_place.h"
 #include "platform/qt/pictures/jpeg_segments.h"
 #include "platform/qt/pictures/old_formats.h"
 #include "platform/qt/pictures/picture_limits.h"
@@ -27,10 +28,6 @@ constexpr std::array kFormats = {"jpeg", "jpg", "bmp", "gif", "ico", "cur", "png
 
 RuntimeError Bad(const std::string& name, const std::string& reason) {
   return {ErrorNumber::InvalidPicture, "L'immagine '" + name + "' " + reason};
-}
-
-QByteArray InPlace(const std::string& bytes) {
-  return QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }
 
 // A device-independent bitmap is a bitmap file that lacks its first 14 bytes: these; empty for any other
@@ -101,8 +98,8 @@ PicturePtr LoadPixels(const std::string& path, std::string file, PictureCheck ch
   const JpegExtent extent = isJpeg ? ExtentOfJpeg(bytes) : JpegExtent{bytes.size(), 0};
   if (CostsTooMuch(facts.size, extent.scans)) throw Bad(path, "è troppo grande.");
   file.resize(static_cast<std::size_t>(extent.end));
-  const auto stay = check == PictureCheck::Header ? KeptBytes::Stay::Short : KeptBytes::Stay::Long;
-  auto picture = std::make_shared<FilePicture>(std::move(file), facts, stay);
+  file.shrink_to_fit();  // it stays as long as the picture
+  auto picture = std::make_shared<FilePicture>(std::move(file), facts);
   const bool damaged = (check == PictureCheck::Whole && !picture->CanBeDecoded()) ||
                        (check == PictureCheck::Preview && !picture->CanBePreviewed());
   if (damaged) throw DamagedPicture(path);
