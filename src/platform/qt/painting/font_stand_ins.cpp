@@ -26,11 +26,13 @@ constexpr std::array<Pair, 8> kStandIns = {{
     {"Verdana", "DejaVu Sans"},
 }};
 
-const Pair* FindStandIn(const QString& family) {
-  const auto found = std::find_if(kStandIns.begin(), kStandIns.end(), [&](const Pair& pair) {
-    return family.compare(QLatin1String(pair.family), Qt::CaseInsensitive) == 0;
+// To ask the toolkit for a missing family would be a search through all fonts.
+QString InstalledFamily(const QString& family) {
+  static const std::vector<FontStandIn> usable = UsableStandIns();
+  const auto found = std::find_if(usable.begin(), usable.end(), [&](const FontStandIn& pair) {
+    return family.compare(QString::fromStdString(pair.family), Qt::CaseInsensitive) == 0;
   });
-  return found == kStandIns.end() ? nullptr : &*found;
+  return found == usable.end() ? family : QString::fromStdString(found->standIn);
 }
 
 }  // namespace
@@ -57,9 +59,7 @@ void InstallFontStandIns() {
 }
 
 QFont ReferenceFont(const Font& font) {
-  const QString family = QString::fromStdString(font.name);
-  QFont reference(family);
-  if (const Pair* pair = FindStandIn(family)) reference.setFamilies({family, pair->standIn});
+  QFont reference(InstalledFamily(QString::fromStdString(font.name)));
   reference.setPixelSize(kReferencePixels);
   reference.setHintingPreference(QFont::PreferNoHinting);
   reference.setKerning(false);
