@@ -76,7 +76,6 @@ void ControlView::MirrorGeometry() {
 void ControlView::MirrorAppearance() {
   QWidget* const widget = Widget();
   if (widget == nullptr) return;
-  widget->setVisible(model_.Visible());
   widget->setToolTip(ToolTip(model_.ToolTipText()));
   widget->setAccessibleName(SpokenText(model_));
   widget->setFont(WidgetFont(model_.GetFont()));
@@ -85,6 +84,7 @@ void ControlView::MirrorAppearance() {
     widget->setCursor(ArtworkPointer("hand"));
     widget->setFocusPolicy(Qt::TabFocus);
   }
+  widget->setVisible(model_.Visible());  // last, since it lays out what is in the widget
 }
 
 // Black is left to the desktop's own text colour, which is light on a dark desktop.
