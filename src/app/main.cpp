@@ -68,7 +68,6 @@ int main(int argc, char** argv) {
   QApplication::setStyle(std::make_unique<ProgramStyle>().release());  // the application owns its style
   QApplication::setApplicationName("Morvane");
   QApplication::setDesktopFileName("morvane");
-  QApplication::setWindowIcon(ArtworkIcon("morvane"));
   QTranslator italian;
   if (italian.load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QApplication::installTranslator(&italian);
@@ -100,7 +99,10 @@ int main(int argc, char** argv) {
   device.OnComplaint = [&](const std::string& text) { windows.Post([&, text] { windows.MsgBox(text); }); };
   program.form1.form.Paint = [&, asked = false]() mutable {
     if (std::exchange(asked, true)) return;
-    QTimer::singleShot(kAfterFirstPage, &application, [&] { device.Prepare(); });
+    QTimer::singleShot(kAfterFirstPage, &application, [&] {
+      QApplication::setWindowIcon(ArtworkIcon("morvane"));
+      device.Prepare();
+    });
   };
   if (!folder.problem.empty()) {
     windows.Post([&] {

@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QStyle>
+#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 
@@ -61,8 +62,7 @@ FormView::~FormView() {
 }
 
 void FormView::BuildMenuBar() {
-  menuBar_.setVisible(!model_.MenuBar.empty());
-  if (model_.MenuBar.empty()) return;
+  if (model_.MenuBar.empty()) return menuBar_.hide();
   menuBar_.setNativeMenuBar(false);
   layout_.setMenuBar(&menuBar_);
   menuActions_ = FillMenuBar(menuBar_, model_.MenuBar, context_.windows);
@@ -98,6 +98,10 @@ void FormView::Mirror(ViewChange change) {
 
 void FormView::MirrorAppearance() {
   window_.setWindowTitle(QString::fromStdString(model_.Caption()));
+  if (role_ == FormRole::Modal) MirrorIcon();
+}
+
+void FormView::MirrorIcon() {
   window_.setWindowIcon(ArtworkIcon(model_.IconKey()));
 }
 
@@ -215,9 +219,11 @@ void FormView::PaintBackground() {
 }
 
 // A window paints when the window system has uncovered some of it, not when the program changes a control: a
-// handler that sets controls would else set them back whenever the user changed one.
+// handler that sets controls would else set them back whenever the user changed one. The program's first
+// window is on the screen before its icon has been drawn in all its sizes.
 void FormView::Exposed() {
   if (!window_.windowHandle()->isExposed()) return;
+  if (window_.windowIcon().isNull()) QTimer::singleShot(0, &window_, [this] { MirrorIcon(); });
   context_.windows.Dispatch([this] { model_.PerformPaint(); });
 }
 

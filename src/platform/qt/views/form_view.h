@@ -45,6 +45,7 @@ class FormView : public QObject {
   void OrderTabs();
   void Mirror(ViewChange change);
   void MirrorAppearance();
+  void MirrorIcon();
   void MirrorGeometry();
   void FitScreen(QSize client);
   bool WindowEvent(QEvent& event);
