@@ -10,7 +10,6 @@
 #include <cmath>
 #include <utility>
 
-#include "platform/qt/pictures/in_place.h"
 #include "platform/qt/pictures/jpeg.h"
 #include "platform/qt/pictures/jpeg_segments.h"
 #include "platform/units.h"
@@ -47,10 +46,8 @@ QImage Turned(const QImage& image, QImageIOHandler::Transformations rotation) {
 
 }  // namespace
 
-FilePicture::FilePicture(std::string file, const Facts& facts)
-    : file_(std::move(file)),
-      facts_(facts),
-      turned_(facts.rotation.testFlag(QImageIOHandler::TransformationRotate90)) {}
+FilePicture::FilePicture(QByteArrayView file, const Facts& facts)
+    : file_(file), facts_(facts), turned_(facts.rotation.testFlag(QImageIOHandler::TransformationRotate90)) {}
 
 bool FilePicture::CanBePreviewed() const {
   const QSize size = facts_.IsPlainJpeg() ? SizeWithin(kMostPreviewPixels) : OverviewSize();
@@ -92,7 +89,7 @@ QImage FilePicture::DecodeForPaper(QSize pixels) const {
   if (image.isNull() || image.hasAlphaChannel() || image.depth() == 1) return image;
   image.convertTo(QImage::Format_RGB32);
   const bool asInFile = image.size() == facts_.size && facts_.rotation == QImageIOHandler::TransformationNone;
-  const QByteArray own = facts_.IsPlainJpeg() && asInFile ? BarePicture(InPlace(file_)) : QByteArray();
+  const QByteArray own = facts_.IsPlainJpeg() && asInFile ? BarePicture(file_.InPlace()) : QByteArray();
   CarryJpeg(image, own.isEmpty() ? EncodeJpeg(image) : own);
   return image;
 }
@@ -100,7 +97,7 @@ QImage FilePicture::DecodeForPaper(QSize pixels) const {
 QImage FilePicture::DecodeFile(QSize pixels) const {
   const QSize whole = facts_.size;
   const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(whole);
-  const QByteArray bytes = InPlace(file_);
+  const QByteArray bytes = file_.InPlace();
   if (facts_.IsPlainJpeg()) return Turned(DecodeJpeg(bytes, whole, size), facts_.rotation);
   QBuffer buffer;
   buffer.setData(bytes);

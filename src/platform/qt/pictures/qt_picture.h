@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QImage>
 #include <QImageIOHandler>
 #include <QSize>
@@ -8,11 +9,11 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
-#include <string>
 #include <unordered_map>
 #include <vector>
 
 #include "platform/picture.h"
+#include "platform/qt/pictures/kept_bytes.h"
 
 class QSvgRenderer;
 
@@ -41,7 +42,7 @@ class FilePicture : public QtPicture {
     bool IsPlainJpeg() const { return format.isEmpty(); }
   };
 
-  FilePicture(std::string file, const Facts& facts);
+  FilePicture(QByteArrayView file, const Facts& facts);
 
   // Decodes the overview.
   bool CanBeDecoded() const { return !Overview(OverviewSize(), OverviewSize()).isNull(); }
@@ -60,7 +61,7 @@ class FilePicture : public QtPicture {
   QImage Overview(QSize atLeast, QSize otherwise) const;
   QImage DecodeFile(QSize pixels) const;
 
-  const std::string file_;
+  const KeptBytes file_;
   const Facts facts_;
   const bool turned_;  // the rotation exchanges the sides
   mutable std::mutex overviewMutex_;

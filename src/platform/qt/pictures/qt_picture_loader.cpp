@@ -90,16 +90,13 @@ FilePicture::Facts FactsOf(const std::string& path, const QByteArray& bytes) {
   return {format, reader.size(), reader.transformation(), index};
 }
 
-PicturePtr LoadPixels(const std::string& path, std::string file, PictureCheck check) {
-  const QByteArray bytes = InPlace(file);
+PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes, PictureCheck check) {
   const FilePicture::Facts facts = FactsOf(path, bytes);
   if (facts.size.isEmpty()) throw DamagedPicture(path);
   const bool isJpeg = bytes.startsWith("\xFF\xD8");
   const JpegExtent extent = isJpeg ? ExtentOfJpeg(bytes) : JpegExtent{bytes.size(), 0};
   if (CostsTooMuch(facts.size, extent.scans)) throw Bad(path, "è troppo grande.");
-  file.resize(static_cast<std::size_t>(extent.end));
-  file.shrink_to_fit();  // it stays as long as the picture
-  auto picture = std::make_shared<FilePicture>(std::move(file), facts);
+  auto picture = std::make_shared<FilePicture>(QByteArrayView(bytes).first(extent.end), facts);
   const bool damaged = (check == PictureCheck::Whole && !picture->CanBeDecoded()) ||
                        (check == PictureCheck::Preview && !picture->CanBePreviewed());
   if (damaged) throw DamagedPicture(path);
@@ -152,7 +149,7 @@ bool IsPictureType(const QByteArray& mimeType) {
 }
 
 PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes) {
-  return LoadPixels(name, bytes.toStdString(), PictureCheck::Whole);
+  return LoadPixels(name, bytes, PictureCheck::Whole);
 }
 
 QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPath, PictureCheck check)
@@ -192,7 +189,7 @@ PicturePtr QtPictureLoader::Read(const std::string& path, PictureCheck check) co
     return picture;
   }
   bytes.insert(0, MissingFileHeader(InPlace(bytes)).toStdString());
-  return LoadPixels(path, std::move(bytes), check);
+  return LoadPixels(path, InPlace(bytes), check);
 }
 
 std::string OldFormatDecoderPath() {
