@@ -1,5 +1,4 @@
-#include <iostream>
-
+#include "app/console.h"
 #include "app/print_program.h"
 #include "platform/qt/printing/qt_printer_device.h"
 
@@ -8,7 +7,7 @@ int main(int argc, char** argv) {
   using namespace Morvane;
   return RunPrintProgram(argc, argv, [](const PrintArguments& arguments) -> std::unique_ptr<PrinterDevice> {
     auto queue = std::make_unique<QtPrinterDevice>();
-    queue->OnComplaint = [](const std::string& text) { std::cerr << "morvane-print: " << text << '\n'; };
+    queue->OnComplaint = Complain;
     if (!arguments.calibrated) queue->LeaveOutCalibration();
     if (!arguments.printer.empty()) queue->SelectPrinter(arguments.printer);
     return queue;

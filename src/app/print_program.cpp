@@ -5,17 +5,17 @@
 #include <QGuiApplication>
 #include <QThreadPool>
 #include <algorithm>
+#include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <future>
-#include <iostream>
 #include <map>
 #include <memory>
 #include <system_error>
 #include <utility>
 #include <vector>
 
-#include "app/console_windows.h"
+#include "app/console.h"
 #include "core/default_layout.h"
 #include "core/layout_reader.h"
 #include "platform/files/file_system.h"
@@ -136,7 +136,7 @@ void FindUndecodable(const PrintArguments& arguments, CoverSlots& slots,
 // Tells which pictures are not on the sheet; all else is.
 ExitCode Tell(const BadPictures& bad) {
   for (const auto& [cover, text] : bad) {
-    std::cerr << "morvane-print: copertina " << cover << ": " << text << '\n';
+    Complain("copertina " + std::to_string(cover) + ": " + text);
   }
   return bad.empty() ? kDone : kNotPrinted;
 }
@@ -185,7 +185,7 @@ void PrintContents(const PrintArguments& arguments, const FileSystem& files, con
     lost = PrintRoutineAAAA(page, 1.0, state, {listing, contents.title, contents.fullPath});
     printer.EndDoc();
   }
-  if (lost > 0) std::cerr << "morvane-print: righe senza posto sul foglio: " << lost << '\n';
+  if (lost > 0) Complain("righe senza posto sul foglio: " + std::to_string(lost));
 }
 
 ExitCode Print(const PrintArguments& arguments, const FileSystem& files, const QueueOpener& openQueue) {
@@ -222,7 +222,7 @@ int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
     const std::future<void> fontRules = ReadFontRules();
     const PrintArguments arguments = ParsePrintArguments(std::vector<std::string>(argv + 1, argv + argc));
     if (arguments.help) {
-      std::cout << PrintHelp();
+      std::fputs(PrintHelp().c_str(), stdout);
       return kDone;
     }
     if (arguments.pdf.empty() && !openQueue) BecomeQueueProgram(argv);
@@ -235,10 +235,10 @@ int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
     if (!arguments.pictures.empty()) InstallFontStandIns();
     return Print(arguments, files, openQueue);
   } catch (const UsageError& error) {
-    std::cerr << "morvane-print: " << error.what() << " (--help spiega l'uso)\n";
+    Complain(std::string(error.what()) + " (--help spiega l'uso)");
     return kWrongUsage;
   } catch (const std::exception& error) {
-    std::cerr << "morvane-print: " << error.what() << '\n';
+    Complain(error.what());
     return kNotPrinted;
   }
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <iostream>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -8,11 +8,16 @@
 
 namespace Morvane {
 
+// Tells on standard error what went wrong.
+inline void Complain(const std::string& text) {
+  std::fputs(("morvane-print: " + text + '\n').c_str(), stderr);
+}
+
 // No windows at all: what a window would say goes to standard error, and nothing can be asked.
 class ConsoleWindows : public WindowSystem {
  public:
   MsgBoxAnswer MsgBox(const std::string& text, MsgBoxButtons, const std::string&) override {
-    std::cerr << "morvane-print: " << text << '\n';
+    Complain(text);
     return MsgBoxAnswer::Ok;
   }
   std::string InputBox(const std::string&, const std::string&, const std::string&) override { return {}; }
