@@ -93,8 +93,8 @@ int main(int argc, char** argv) {
   Platform platform{windows, screen, files, pictures, metrics, fonts, printer, launcher, http, app};
 
   Program program(platform, DecimalSeparator());
-  // Asking for the printers takes its time; the page is on the screen first, as A4. A sheet that a print
-  // dialog brings is drawn when the print command has ended.
+  // Drawing the icon of the boxes in all its sizes and asking for the printers take their time; the page is
+  // on the screen first, as A4. A sheet that a print dialog brings is drawn when the print command has ended.
   device.OnSheetChanged = [&] { windows.Post([&] { program.form1.Ridisegna(); }); };
   device.OnComplaint = [&](const std::string& text) { windows.Post([&, text] { windows.MsgBox(text); }); };
   program.form1.form.Paint = [&, asked = false]() mutable {
