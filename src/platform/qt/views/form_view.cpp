@@ -62,7 +62,7 @@ FormView::~FormView() {
 }
 
 void FormView::BuildMenuBar() {
-  if (model_.MenuBar.empty()) return menuBar_.hide();
+  if (model_.MenuBar.empty()) return;
   menuBar_.setNativeMenuBar(false);
   layout_.setMenuBar(&menuBar_);
   menuActions_ = FillMenuBar(menuBar_, model_.MenuBar, context_.windows);
