@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int kMenus = 4;
+constexpr int kMenus = 3;
 constexpr int kButtons = 11;
 constexpr int kIcon = 24;
 

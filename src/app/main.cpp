@@ -63,6 +63,7 @@ char DecimalSeparator() {
 int main(int argc, char** argv) {
   RaiseFileLimit();
   const std::future<void> fontRules = ReadFontRules();
+  QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);  // a window's menus are in the window
   QApplication application(argc, argv);
   InstallJpegWriter(OtherFormats::Found);
   QApplication::setStyle(std::make_unique<ProgramStyle>().release());  // the application owns its style

@@ -26,9 +26,25 @@ constexpr std::array<Pair, 8> kStandIns = {{
     {"Verdana", "DejaVu Sans"},
 }};
 
+// Asks for all families at once: a question for one goes through the rules of the whole machine. A family of
+// which two makers' fonts are installed is listed as "Arial [Monotype]".
+std::vector<FontStandIn> FindUsable() {
+  const QStringList installed = QFontDatabase::families();
+  const auto has = [&](const QString& family) {
+    return std::any_of(installed.begin(), installed.end(), [&](const QString& name) {
+      return name.section(" [", 0, 0).compare(family, Qt::CaseInsensitive) == 0;
+    });
+  };
+  std::vector<FontStandIn> usable;
+  for (const Pair& pair : kStandIns) {
+    if (!has(pair.family) && has(pair.standIn)) usable.push_back({pair.family, pair.standIn});
+  }
+  return usable;
+}
+
 // To ask the toolkit for a missing family would be a search through all fonts.
-QString InstalledFamily(const QString& family) {
-  static const std::vector<FontStandIn> usable = UsableStandIns();
+QString FamilyToAskFor(const QString& family) {
+  const std::vector<FontStandIn>& usable = UsableStandIns();
   const auto found = std::find_if(usable.begin(), usable.end(), [&](const FontStandIn& pair) {
     return family.compare(QString::fromStdString(pair.family), Qt::CaseInsensitive) == 0;
   });
@@ -37,14 +53,8 @@ QString InstalledFamily(const QString& family) {
 
 }  // namespace
 
-// Asks for all families at once: a question for one goes through the rules of the whole machine.
-std::vector<FontStandIn> UsableStandIns() {
-  const QStringList installed = QFontDatabase::families();
-  const auto has = [&](const char* family) { return installed.contains(family, Qt::CaseInsensitive); };
-  std::vector<FontStandIn> usable;
-  for (const Pair& pair : kStandIns) {
-    if (!has(pair.family) && has(pair.standIn)) usable.push_back({pair.family, pair.standIn});
-  }
+const std::vector<FontStandIn>& UsableStandIns() {
+  static const std::vector<FontStandIn> usable = FindUsable();
   return usable;
 }
 
@@ -59,7 +69,7 @@ void InstallFontStandIns() {
 }
 
 QFont ReferenceFont(const Font& font) {
-  QFont reference(InstalledFamily(QString::fromStdString(font.name)));
+  QFont reference(FamilyToAskFor(QString::fromStdString(font.name)));
   reference.setPixelSize(kReferencePixels);
   reference.setHintingPreference(QFont::PreferNoHinting);
   reference.setKerning(false);

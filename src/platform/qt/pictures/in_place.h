@@ -10,4 +10,6 @@ inline QByteArray InPlace(const std::string& bytes) {
   return QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }
 
+QByteArray InPlace(std::string&& bytes) = delete;
+
 }  // namespace Morvane

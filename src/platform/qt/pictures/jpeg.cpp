@@ -74,8 +74,7 @@ bool DecodeRows(const QByteArray& file, int part, QSize size, QImage& image) {
   return true;
 }
 
-// A picture for a sheet has tens of megabytes, which the system hands out quicker in large pages than in
-// small ones. A wish: what becomes of it changes nothing else.
+// Tens of megabytes, as a sheet's pictures have, are handed out quicker in large pages than in small ones. A wish: what becomes of it changes nothing else.
 void WishForLargePages(QImage& image) {
   constexpr std::size_t kLargePage = std::size_t{2} << 20;
   void* start = image.bits();

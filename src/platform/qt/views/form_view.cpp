@@ -63,7 +63,6 @@ FormView::~FormView() {
 
 void FormView::BuildMenuBar() {
   if (model_.MenuBar.empty()) return;
-  menuBar_.setNativeMenuBar(false);
   layout_.setMenuBar(&menuBar_);
   menuActions_ = FillMenuBar(menuBar_, model_.MenuBar, context_.windows);
 }
@@ -98,7 +97,7 @@ void FormView::Mirror(ViewChange change) {
 
 void FormView::MirrorAppearance() {
   window_.setWindowTitle(QString::fromStdString(model_.Caption()));
-  if (role_ == FormRole::Modal) MirrorIcon();
+  if (role_ == FormRole::Modal || !window_.windowIcon().isNull()) MirrorIcon();
 }
 
 void FormView::MirrorIcon() {
