@@ -15,7 +15,8 @@ struct FontStandIn {
   std::string standIn;
 };
 
-// The pairs whose own family is not installed and whose stand-in is; found once, when the application has been made.
+// The pairs whose own family is not installed and whose stand-in is; found once, when the application has
+// been made.
 const std::vector<FontStandIn>& UsableStandIns();
 
 // Reads the machine's font rules while the caller makes the application: 5 ms that a start doesn't wait for.
