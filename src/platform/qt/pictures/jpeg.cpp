@@ -74,7 +74,8 @@ bool DecodeRows(const QByteArray& file, int part, QSize size, QImage& image) {
   return true;
 }
 
-// Tens of megabytes, as a sheet's pictures have, are handed out quicker in large pages than in small ones. A wish: what becomes of it changes nothing else.
+// Tens of megabytes, as a sheet's pictures have, are handed out quicker in large pages than in small ones. A
+// wish: what becomes of it changes nothing else.
 void WishForLargePages(QImage& image) {
   constexpr std::size_t kLargePage = std::size_t{2} << 20;
   void* start = image.bits();
