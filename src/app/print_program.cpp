@@ -217,15 +217,18 @@ void DropToolkitMessages(QtMsgType, const QMessageLogContext&, const QString&) {
 int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
   qInstallMessageHandler(DropToolkitMessages);
   try {
+    // No window is ever shown, so no display is needed. Set while there is one thread.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const std::future<void> fontRules = ReadFontRules();
     const PrintArguments arguments = ParsePrintArguments(std::vector<std::string>(argv + 1, argv + argc));
     if (arguments.help) {
       std::fputs(PrintHelp().c_str(), stdout);
       return kDone;
     }
-    if (arguments.pdf.empty() && !openQueue) BecomeQueueProgram(argv);
-    // No window is ever shown, so no display is needed. Set while there is one thread.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const std::future<void> fontRules = ReadFontRules();
+    if (arguments.pdf.empty() && !openQueue) {
+      fontRules.wait();  // it may be writing what it found for the next start
+      BecomeQueueProgram(argv);
+    }
     const QGuiApplication application(argc, argv);
     // A queue needs modules of other kinds.
     InstallJpegWriter(arguments.pdf.empty() ? OtherFormats::Found : OtherFormats::WhenWanted);

@@ -19,7 +19,7 @@ struct FontStandIn {
 // been made.
 const std::vector<FontStandIn>& UsableStandIns();
 
-// Reads the machine's font rules while the caller makes the application: 5 ms that a start doesn't wait for.
+// Reads the machine's font rules while the caller does something else, such as making the application.
 // Whoever asks for fonts waits for the answer before.
 std::future<void> ReadFontRules();
 
