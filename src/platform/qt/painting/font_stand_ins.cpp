@@ -3,7 +3,6 @@
 #include <fontconfig/fontconfig.h>
 
 #include <QFontDatabase>
-#include <QStringList>
 #include <algorithm>
 #include <array>
 
@@ -26,15 +25,10 @@ constexpr std::array<Pair, 8> kStandIns = {{
     {"Verdana", "DejaVu Sans"},
 }};
 
-// Asks for all families at once: a question for one goes through the rules of the whole machine. A family of
-// which two makers' fonts are installed is listed as "Arial [Monotype]".
+// Asks for all families at once: a question for one goes through the rules of the whole machine.
 std::vector<FontStandIn> FindUsable() {
-  const QStringList installed = QFontDatabase::families();
-  const auto has = [&](const QString& family) {
-    return std::any_of(installed.begin(), installed.end(), [&](const QString& name) {
-      return name.section(" [", 0, 0).compare(family, Qt::CaseInsensitive) == 0;
-    });
-  };
+  const QStringList installed = InstalledFamilies();
+  const auto has = [&](const char* family) { return installed.contains(family, Qt::CaseInsensitive); };
   std::vector<FontStandIn> usable;
   for (const Pair& pair : kStandIns) {
     if (!has(pair.family) && has(pair.standIn)) usable.push_back({pair.family, pair.standIn});
@@ -52,6 +46,13 @@ QString FamilyToAskFor(const QString& family) {
 }
 
 }  // namespace
+
+QStringList InstalledFamilies() {
+  QStringList families = QFontDatabase::families();
+  for (QString& family : families) family = family.section(" [", 0, 0);
+  families.removeDuplicates();
+  return families;
+}
 
 const std::vector<FontStandIn>& UsableStandIns() {
   static const std::vector<FontStandIn> usable = FindUsable();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QStringList>
 #include <future>
 #include <string>
 #include <vector>
@@ -14,6 +15,9 @@ struct FontStandIn {
   std::string family;
   std::string standIn;
 };
+
+// Each family once: the toolkit lists one of two makers twice, each time with the maker's name in brackets.
+QStringList InstalledFamilies();
 
 // The pairs whose own family is not installed and whose stand-in is; found once, when the application has
 // been made.

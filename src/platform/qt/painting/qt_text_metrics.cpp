@@ -1,7 +1,6 @@
 #include "platform/qt/painting/qt_text_metrics.h"
 
 #include <QFontDatabase>
-#include <QStringList>
 
 #include "platform/qt/painting/font_stand_ins.h"
 #include "platform/units.h"
@@ -33,7 +32,7 @@ double QtTextMetrics::LineHeight(const Font& font) const {
 
 std::vector<std::string> QtFontCatalog::Families() const {
   std::vector<std::string> families;
-  for (const QString& family : QFontDatabase::families()) {
+  for (const QString& family : InstalledFamilies()) {
     if (!QFontDatabase::isPrivateFamily(family)) families.push_back(family.toStdString());
   }
   for (const FontStandIn& pair : UsableStandIns()) families.push_back(pair.family);
@@ -42,7 +41,7 @@ std::vector<std::string> QtFontCatalog::Families() const {
 
 bool QtFontCatalog::CanPrint(const std::string& family) const {
   const QString wanted = QString::fromStdString(family);
-  for (const QString& installed : QFontDatabase::families()) {
+  for (const QString& installed : InstalledFamilies()) {
     if (installed.compare(wanted, Qt::CaseInsensitive) == 0)
       return QFontDatabase::isSmoothlyScalable(installed);
   }
