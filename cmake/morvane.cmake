@@ -13,7 +13,7 @@ if(MORVANE_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
-# Each folder is seen by others through a link of its own, so that #include "core/val.h" compiles only in a
+# Each folder is seen by others through a link of its own, so that #include "core/number_text.h" compiles only in a
 # target that links core. A root-wide include path would let every folder use every other.
 # morvane_export_headers(target name folder [glob]): the headers of folder are included as name/...; those of the
 # folders in it, too, where glob is GLOB_RECURSE.

@@ -1,7 +1,6 @@
 #include <cmath>
 
 #include "core/number_text.h"
-#include "core/val.h"
 #include "fuzz/support/fuzz_machine.h"
 
 using namespace Morvane;

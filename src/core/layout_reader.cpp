@@ -1,11 +1,11 @@
 #include "core/layout_reader.h"
 
 #include <algorithm>
+#include <charconv>
 #include <string>
 
 #include "core/measures.h"
 #include "core/number_text.h"
-#include "core/val.h"
 #include "platform/runtime_error.h"
 
 namespace Morvane {
@@ -31,13 +31,9 @@ constexpr MeasureKey kMeasureKeys[] = {
 // The cover that a key's number names: 1 to `max`, in the very form in which it is written ("7", not "07" or
 // "7 "); 0 for anything else.
 int CoverNumber(std::string_view digits, int max) {
-  if (digits.empty() || digits.size() > 3 || digits[0] == '0') return 0;
   int n = 0;
-  for (const char c : digits) {
-    if (c < '0' || c > '9') return 0;
-    n = n * 10 + (c - '0');
-  }
-  return n <= max ? n : 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), n);
+  return n >= 1 && n <= max && digits == std::to_string(n) ? n : 0;
 }
 
 class LayoutReader {

@@ -4,7 +4,6 @@
 
 #include "core/measures.h"
 #include "core/number_text.h"
-#include "core/val.h"
 #include "platform/resume_next.h"
 
 namespace Morvane {

@@ -1,9 +1,13 @@
 #include "core/number_text.h"
 
+#include <locale.h>
+#include <stdlib.h>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 #include "platform/runtime_error.h"
@@ -16,6 +20,17 @@ constexpr int kSignificantDigits = 15;
 
 }  // namespace
 
+double Val(std::string_view text) {
+  std::string number;
+  std::copy_if(text.begin(), text.end(), std::back_inserter(number),
+               [](char c) { return c != ' ' && c != '\t' && c != '\n'; });
+  // What strtod would read beyond decimal numbers: "inf", "nan", hexadecimal ones, other blanks in front.
+  number.resize(std::min(number.find_first_not_of("+-.0123456789Ee"), number.size()));
+  static const locale_t decimalPoint = newlocale(LC_ALL_MASK, "C", nullptr);
+  const double value = strtod_l(number.c_str(), nullptr, decimalPoint);
+  return std::clamp(value, std::numeric_limits<double>::lowest(), std::numeric_limits<double>::max());
+}
+
 std::string NumberToText(double value, char decimalSeparator) {
   if (value == 0) return "0";
   std::array<char, 32> buffer;
@@ -27,16 +42,8 @@ std::string NumberToText(double value, char decimalSeparator) {
   return text;
 }
 
-double RoundHalfEven(double value) {
-  const double below = std::floor(value);
-  const double rest = value - below;
-  if (rest < 0.5) return below;
-  if (rest > 0.5) return below + 1;
-  return std::fmod(below, 2) == 0 ? below : below + 1;
-}
-
 std::int16_t ToInteger16(double value) {
-  const double whole = RoundHalfEven(value);
+  const double whole = std::nearbyint(value);
   using Limits = std::numeric_limits<std::int16_t>;
   if (!(whole >= Limits::min() && whole <= Limits::max())) {
     throw RuntimeError(ErrorNumber::Overflow, "Il numero non è compreso tra -32768 e 32767.");

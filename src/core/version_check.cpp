@@ -1,7 +1,7 @@
 #include "core/version_check.h"
 
-#include "core/text.h"
-#include "core/val.h"
+#include "core/number_text.h"
+#include "platform/text.h"
 
 namespace Morvane {
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 namespace Morvane {
@@ -13,6 +14,16 @@ struct Color {
 };
 
 // The 16-colour table; n from 0 to 15.
-Color QBColor(int n);
+constexpr Color QBColor(std::size_t n) {
+  constexpr std::array<Color, 16> kTable = {{
+      // clang-format off
+      {0, 0, 0},       {0, 0, 128},   {0, 128, 0},   {0, 128, 128},
+      {128, 0, 0},     {128, 0, 128}, {128, 128, 0}, {192, 192, 192},
+      {128, 128, 128}, {0, 0, 255},   {0, 255, 0},   {0, 255, 255},
+      {255, 0, 0},     {255, 0, 255}, {255, 255, 0}, {255, 255, 255},
+      // clang-format on
+  }};
+  return kTable.at(n);
+}
 
 }  // namespace Morvane

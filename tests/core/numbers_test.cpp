@@ -8,7 +8,6 @@
 
 #include "core/measures.h"
 #include "core/number_text.h"
-#include "core/val.h"
 #include "platform/runtime_error.h"
 #include "tests/support/cases.h"
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/case_folding.h"
 #include "platform/runtime_error.h"
+#include "platform/text.h"
 
 namespace Morvane {
 

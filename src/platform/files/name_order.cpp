@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/case_folding.h"
+#include "platform/text.h"
 #include "platform/windows_1252.h"
 
 namespace Morvane {

@@ -8,10 +8,10 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/case_folding.h"
 #include "platform/files/file_error.h"
 #include "platform/files/folder_reader.h"
 #include "platform/files/name_order.h"
+#include "platform/text.h"
 #include "platform/windows_1252.h"
 
 namespace Morvane {

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "core/number_text.h"
-#include "core/text.h"
 #include "core/web_addresses.h"
+#include "platform/text.h"
 #include "platform/utf8.h"
 
 namespace Morvane {

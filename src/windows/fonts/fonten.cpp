@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-#include "core/val.h"
+#include "core/number_text.h"
 #include "platform/runtime_error.h"
 #include "windows/fonts/font_enumeration.h"
 

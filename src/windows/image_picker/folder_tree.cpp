@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/case_folding.h"
 #include "platform/resume_next.h"
+#include "platform/text.h"
 
 namespace Morvane {
 

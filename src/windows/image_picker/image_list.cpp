@@ -4,9 +4,8 @@
 #include <vector>
 
 #include "core/number_text.h"
-#include "core/text.h"
-#include "platform/case_folding.h"
 #include "platform/resume_next.h"
+#include "platform/text.h"
 
 namespace Morvane {
 

@@ -3,8 +3,8 @@
 #include <array>
 
 #include "core/layout_files.h"
-#include "core/text.h"
 #include "platform/resume_next.h"
+#include "platform/text.h"
 #include "windows/layout_editor/measure_rows.h"
 
 namespace Morvane {
@@ -199,7 +199,8 @@ void Dialog::FillList() {
   for (const std::string& name : names) {
     if (name.size() < kLayoutExtension.size()) continue;
     const std::size_t length = name.size() - kLayoutExtension.size();
-    if (EqualIgnoringCase(name.substr(length), kLayoutExtension)) List1.AddItem(name.substr(0, length));
+    if (CompareIgnoringCase(name.substr(length), kLayoutExtension) == 0)
+      List1.AddItem(name.substr(0, length));
   }
 }
 
@@ -256,7 +257,7 @@ void Dialog::settacop(const std::string& a) {
 // The first entry of this name, -1 when there is none.
 int Dialog::FindEntry(const std::string& name) const {
   for (int index = 0; index < List1.ListCount(); ++index) {
-    if (EqualIgnoringCase(List1.List(index), name)) return index;
+    if (CompareIgnoringCase(List1.List(index), name) == 0) return index;
   }
   return -1;
 }

@@ -3,8 +3,8 @@
 #include <array>
 #include <string>
 
-#include "core/text.h"
 #include "core/web_addresses.h"
+#include "platform/text.h"
 
 namespace Morvane {
 

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/case_folding.h"
 #include "platform/files/name_order.h"
+#include "platform/text.h"
 #include "platform/utf8.h"
 #include "platform/windows_1252.h"
 

@@ -2,7 +2,7 @@
 #include <memory>
 #include <random>
 
-#include "core/val.h"
+#include "core/number_text.h"
 #include "tests/hand/hand.h"
 #include "windows/layout_editor/dialog.h"
 

@@ -1,4 +1,4 @@
-#include "platform/case_folding.h"
+#include "platform/text.h"
 
 #include <locale>
 
@@ -80,6 +80,12 @@ int CompareIgnoringCase(std::string_view a, std::string_view b) {
     if (left != right) return left < right ? -1 : 1;
   }
   return a.empty() && b.empty() ? 0 : a.empty() ? -1 : 1;
+}
+
+std::string_view Trim(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 }  // namespace Morvane

@@ -16,4 +16,7 @@ std::string ProperCase(std::string_view text);
 // Below 0, 0 or above 0: the alphabetical order of lists and folders, without regard to case.
 int CompareIgnoringCase(std::string_view a, std::string_view b);
 
+// Without the blanks (spaces only) at both ends.
+std::string_view Trim(std::string_view text);
+
 }  // namespace Morvane
