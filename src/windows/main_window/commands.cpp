@@ -1,96 +1,86 @@
-#include "windows/main_window/commands.h"
-
 #include "core/web_addresses.h"
+#include "windows/main_window/form1.h"
 
 namespace Morvane {
 
-namespace {
-
 // clang-format off
-constexpr MenuRow kMenu[] = {
-    {0, "menuf", "&File"},
-    {1, "menudef", "&Apri file layout copertine...", "Ctrl+P", Action::ScegliLayout},
-    {1, "menoim", "-"},
-    {1, "MenuCarb", "Carica immagine &1", "Ctrl+F", Action::CaricaImmagine1},
-    {1, "ManuCarF", "Carica immagine &2", "Ctrl+B", Action::CaricaImmagine2},
-    {1, "menumnnn", "-"},
-    {1, "menustcg", "Stampa contenuto &CD/DVD Dati generico / Cartella...", "", Action::LeggiCD},
-    {1, "menum", "-"},
-    {1, "menusta", "&Stampa...", "Ctrl+S", Action::Stampa},
-    {1, "menume", "-"},
-    {1, "menuesci", "&Esci", "", Action::Esci},
-    {0, "menuopz", "&Utilità"},
-    {1, "menustmpcrt", "&Lancia \"Lindorel\"", "", Action::AvviaLindorel},
-    {1, "menummn", "-"},
-    {1, "menuonl", "Ricerca Online", "", Action::RicercaOnline},
-    {1, "menusitaa", "Siti Internet con copertine CD"},
-    {2, "menu01", "&Cdcovers (Internazionali)", "", Action::ApriIndirizzo, WebAddresses::kCdcovers},
-    {2, "menu02", "&Mega Search", "", Action::ApriIndirizzo, WebAddresses::kMegaSearch},
-    {2, "menummm", "-"},
-    {2, "menu05", "Ricerca con &Google", "", Action::ApriIndirizzo, WebAddresses::kGoogle},
-    {2, "menuyah", "Ricerca con &Yahoo", "", Action::ApriIndirizzo, WebAddresses::kYahoo},
-    {2, "menu04", "Ricerca con &Arianna", "", Action::ApriIndirizzo, WebAddresses::kArianna},
-    {2, "menu03", "Ricerca con &Virgilio", "", Action::ApriIndirizzo, WebAddresses::kVirgilio},
-    {2, "menu06", "Ricerca con A&ltavista", "", Action::ApriIndirizzo, WebAddresses::kAltavista},
-    {1, "menou", "-"},
-    {1, "pdfcrea", "&PDF Creator (crea un PDF)"},
-    {2, "pdfcreascar", "Scarica da Internet PDF Creator", "", Action::ApriIndirizzo, WebAddresses::kPdfCreator},
-    {2, "pdfcreatinfo", "Informazioni su PDF Creator", "", Action::InformazioniPdf},
-    {0, "Menuh", "&?"},
-    {1, "Menuhelp", "&Help", "", Action::Aiuto},
-    {1, "menumeg", "-"},
-    {1, "menusita", "&Visita il sito dell'autore...", "", Action::ApriIndirizzo, WebAddresses::kMakerSite},
-    {1, "manumail", "&Manda una mail all'autore...", "", Action::ApriIndirizzo, WebAddresses::kMakerMail},
-    {1, "menumei", "-"},
-    {1, "menuabout", "&About", "", Action::Informazioni},
-};
+void Form1::BuildMenuBar() {
+  // name, caption, shortcut, action, entries
+  form.MenuBar = {
+      {"menuf", "&File", "", {}, {
+          {"menudef", "&Apri file layout copertine...", "Ctrl+P", [this] { Command1_Click(); }},
+          {"menoim", "-"},
+          {"MenuCarb", "Carica immagine &1", "Ctrl+F", [this] { Imma(0); }},
+          {"ManuCarF", "Carica immagine &2", "Ctrl+B", [this] { Imma(1); }},
+          {"menumnnn", "-"},
+          {"menustcg", "Stampa contenuto &CD/DVD Dati generico / Cartella...", "", openers_.FrmPreview},
+          {"menum", "-"},
+          {"menusta", "&Stampa...", "Ctrl+S", [this] { Stampa(); }},
+          {"menume", "-"},
+          {"menuesci", "&Esci", "", [this] { Esci(); }},
+      }},
+      {"menuopz", "&Utilità", "", {}, {
+          {"menustmpcrt", "&Lancia \"Lindorel\"", "", [this] { LanciaLindorel(); }},
+          {"menummn", "-"},
+          {"menuonl", "Ricerca Online", "", openers_.Form4},
+          {"menusitaa", "Siti Internet con copertine CD", "", {}, {
+              {"menu01", "&Cdcovers (Internazionali)", "", [this] { Apri(WebAddresses::kCdcovers); }},
+              {"menu02", "&Mega Search", "", [this] { Apri(WebAddresses::kMegaSearch); }},
+              {"menummm", "-"},
+              {"menu05", "Ricerca con &Google", "", [this] { Apri(WebAddresses::kGoogle); }},
+              {"menuyah", "Ricerca con &Yahoo", "", [this] { Apri(WebAddresses::kYahoo); }},
+              {"menu04", "Ricerca con &Arianna", "", [this] { Apri(WebAddresses::kArianna); }},
+              {"menu03", "Ricerca con &Virgilio", "", [this] { Apri(WebAddresses::kVirgilio); }},
+              {"menu06", "Ricerca con A&ltavista", "", [this] { Apri(WebAddresses::kAltavista); }},
+          }},
+          {"menou", "-"},
+          {"pdfcrea", "&PDF Creator (crea un PDF)", "", {}, {
+              {"pdfcreascar", "Scarica da Internet PDF Creator", "", [this] { Apri(WebAddresses::kPdfCreator); }},
+              {"pdfcreatinfo", "Informazioni su PDF Creator", "", openers_.Form2},
+          }},
+      }},
+      {"Menuh", "&?", "", {}, {
+          {"Menuhelp", "&Help", "", [this] { Menuhelp_Click(); }},
+          {"menumeg", "-"},
+          {"menusita", "&Visita il sito dell'autore...", "", [this] { Apri(WebAddresses::kMakerSite); }},
+          {"manumail", "&Manda una mail all'autore...", "", [this] { Apri(WebAddresses::kMakerMail); }},
+          {"menumei", "-"},
+          {"menuabout", "&About", "", openers_.Form3},
+      }},
+  };
+}
 
-constexpr ToolRow kTools[] = {
-    {},
-    {"Front", ToolStyle::Button, "Carica l'immagine 1 ...", "front", Action::CaricaImmagine1},
-    {"Back", ToolStyle::Button, "Carica l'immagine 2 ...", "back", Action::CaricaImmagine2},
-    {"Contorno", ToolStyle::DropDown, "Abilita/Disabilita il contorno alle immagini", "contorno", Action::Contorno},
-    {},
-    {"Settaogg", ToolStyle::Button, "Scegli / Cambia modello di stampa", "tools", Action::ScegliLayout},
-    {},
-    {"Stampa", ToolStyle::Button, "Stampa le immagini caricate", "print", Action::Stampa},
-    {},
-    {"OMK", ToolStyle::Button, "Visualizza contenuto Ombrano Kit", "omk", Action::ApriOmbranoKit},
-    {"LeggiCD", ToolStyle::Button, "Legge un CD / Cartella di dati", "leggicd", Action::LeggiCD},
-    {"Cerca", ToolStyle::Button, "Cerca copertine su Internet", "cerca", Action::RicercaOnline},
-    {},
-    {"Info", ToolStyle::Button, "Visualizza Informazioni sul programma ...", "info", Action::Informazioni},
-    {"Help", ToolStyle::Button, "Help", "help", Action::Aiuto},
-    {},
-    {"Uscita", ToolStyle::Button, "Torna a Windows", "spegni", Action::Esci},
-};
-
-constexpr StatusRow kStatus[] = {
-    {"Scegli/Personalizza", "Sceglie modello / personalizza", Action::ScegliLayout},
-    {"About", "Informazioni riguardo al programma", Action::Informazioni},
-    {"Cerca", "Cerca copertine su Internet", Action::RicercaOnline},
-};
-
-constexpr OutlineRow kOutlines[] = {
-    {"Linea fine", 1},
-    {"Linea media", 3},
-    {"Linea grossa", 5},
-};
+void Form1::BuildBars() {
+  // key, tool-tip, image, action, entries of the arrow beside it
+  Toolbar1.Buttons = {
+      {},
+      {"Front", "Carica l'immagine 1 ...", "front", [this] { Imma(0); }},
+      {"Back", "Carica l'immagine 2 ...", "back", [this] { Imma(1); }},
+      {"Contorno", "Abilita/Disabilita il contorno alle immagini", "contorno", [this] { CambiaContorno(); }, {
+          {"", "Linea fine", "", [this] { Toolbar1_ButtonMenuClick(1); }},
+          {"", "Linea media", "", [this] { Toolbar1_ButtonMenuClick(3); }},
+          {"", "Linea grossa", "", [this] { Toolbar1_ButtonMenuClick(5); }},
+      }},
+      {},
+      {"Settaogg", "Scegli / Cambia modello di stampa", "tools", [this] { Command1_Click(); }},
+      {},
+      {"Stampa", "Stampa le immagini caricate", "print", [this] { Stampa(); }},
+      {},
+      {"OMK", "Visualizza contenuto Ombrano Kit", "omk", [this] { Apri("omk.htm"); }},
+      {"LeggiCD", "Legge un CD / Cartella di dati", "leggicd", openers_.FrmPreview},
+      {"Cerca", "Cerca copertine su Internet", "cerca", openers_.Form4},
+      {},
+      {"Info", "Visualizza Informazioni sul programma ...", "info", openers_.Form3},
+      {"Help", "Help", "help", [this] { Menuhelp_Click(); }},
+      {},
+      {"Uscita", "Torna a Windows", "spegni", [this] { Esci(); }},
+  };
+  StatusBar1.Buttons = {
+      {"Scegli/Personalizza", "Sceglie modello / personalizza", "", [this] { Command1_Click(); }},
+      {"About", "Informazioni riguardo al programma", "", openers_.Form3},
+      {"Cerca", "Cerca copertine su Internet", "", openers_.Form4},
+  };
+}
 // clang-format on
-
-}  // namespace
-
-std::span<const MenuRow> MenuRows() {
-  return kMenu;
-}
-std::span<const ToolRow> ToolRows() {
-  return kTools;
-}
-std::span<const StatusRow> StatusRows() {
-  return kStatus;
-}
-std::span<const OutlineRow> OutlineRows() {
-  return kOutlines;
-}
 
 }  // namespace Morvane

@@ -66,7 +66,8 @@ Form1::Form1(AppState& state, Platform& platform, CoverSlots& slots, WindowOpene
   Check1.SetVisible(false);
   Check1.SetValue(1);
   Command1.SetVisible(false);
-  BuildCommands();
+  BuildMenuBar();
+  BuildBars();
 
   form.Load = [this] { Form_Load(); };
   form.Activate = [this] { Form_Activate(); };
@@ -80,12 +81,11 @@ Form1::Form1(AppState& state, Platform& platform, CoverSlots& slots, WindowOpene
   };
   Check1.Click = [this] { Check1_Click(); };
   Command1.Click = [this] { Command1_Click(); };
-  Picture2.Click = [this] { OpenAddress(WebAddresses::kMakerSite); };
-  Picture7.Click = [this] { OpenAddress(WebAddresses::kDonation); };
+  Picture2.Click = [this] { Picture2_Click(); };
+  Picture7.Click = [this] { Picture7_Click(); };
 }
 
 void Form1::Form_Load() {
-  for (const OutlineRow& row : OutlineRows()) Toolbar1.AddMenuEntry("Contorno", std::string(row.text));
   state_.AppPath = WithBackslash(platform_.app.path);
   ResumeNext([&] { ControllaVersione(); });
   const double centred = (platform_.screen.Measure().height - form.Height()) / 2;
@@ -101,7 +101,7 @@ void Form1::ControllaVersione() {
   if (!IsNewer(remota, VersioneLocale(platform_.app))) return;
   const std::string question = NewVersionMessage(platform_.app, remota);
   if (platform_.windows.MsgBox(question, MsgBoxButtons::YesNo) != MsgBoxAnswer::Yes) return;
-  OpenAddress(WebAddresses::kDownloadPage);
+  Apri(WebAddresses::kDownloadPage);
   platform_.windows.End();
 }
 
@@ -144,7 +144,7 @@ void Form1::PlaceBars() {
 }
 
 void Form1::Form_Unload() {
-  platform_.windows.End();
+  Esci();
 }
 
 void Form1::Ridisegna() {
@@ -248,10 +248,8 @@ void Form1::CambiaContorno() {
   }
 }
 
-void Form1::Toolbar1_ButtonMenuClick(const std::string& text) {
-  for (const OutlineRow& row : OutlineRows()) {
-    if (row.text == text) state_.SpessoreBordo = static_cast<std::int16_t>(row.spessoreBordo);
-  }
+void Form1::Toolbar1_ButtonMenuClick(std::int16_t spessoreBordo) {
+  state_.SpessoreBordo = spessoreBordo;
   Form_Resize();
 }
 
@@ -261,74 +259,33 @@ void Form1::Command1_Click() {
   PrendiCOP();
 }
 
-void Form1::OpenAddress(std::string_view address) {
-  platform_.launcher.ShellExecute(std::string(address));
+void Form1::Picture2_Click() {
+  Apri(WebAddresses::kMakerSite);
 }
 
-void Form1::Perform(Action action, std::string_view address) {
-  switch (action) {
-    case Action::None:
-      return;
-    case Action::CaricaImmagine1:
-      return Imma(0);
-    case Action::CaricaImmagine2:
-      return Imma(1);
-    case Action::ScegliLayout:
-      return Command1_Click();
-    case Action::LeggiCD:
-      return openers_.FrmPreview();
-    case Action::Stampa:
-      platform_.printer.JobTitle = state_.NomeLayout.empty() ? platform_.app.title : state_.NomeLayout;
-      return Morvane::Stampa(state_, slots_, platform_.printer);
-    case Action::Esci:
-      return platform_.windows.End();
-    case Action::Contorno:
-      return CambiaContorno();
-    case Action::AvviaLindorel:
-      return platform_.launcher.Shell(state_.AppPath + "lindorel.exe");
-    case Action::RicercaOnline:
-      return openers_.Form4();
-    case Action::ApriIndirizzo:
-      return OpenAddress(address);
-    case Action::ApriOmbranoKit:
-      return OpenAddress("omk.htm");
-    case Action::InformazioniPdf:
-      return openers_.Form2();
-    case Action::Aiuto:
-      platform_.windows.MsgBox(std::string(kHelp));
-      return;
-    case Action::Informazioni:
-      return openers_.Form3();
-  }
+void Form1::Picture7_Click() {
+  Apri(WebAddresses::kDonation);
 }
 
-void Form1::BuildCommands() {
-  std::array<std::vector<MenuItem>*, 3> open = {&form.MenuBar, nullptr, nullptr};
-  for (const MenuRow& row : MenuRows()) {
-    MenuItem item{std::string(row.name), std::string(row.caption), std::string(row.shortcut)};
-    if (row.action != Action::None) item.Click = [this, &row] { Perform(row.action, row.address); };
-    const auto depth = static_cast<std::size_t>(row.depth);
-    open[depth]->push_back(std::move(item));
-    if (depth + 1 < open.size()) open[depth + 1] = &open[depth]->back().items;
-  }
-  for (const ToolRow& row : ToolRows()) {
-    Toolbar1.Buttons.push_back(
-        {std::string(row.key), row.style, std::string(row.toolTip), std::string(row.imageKey)});
-  }
-  for (const StatusRow& row : StatusRows()) {
-    StatusBar1.Panels.push_back({std::string(row.text), std::string(row.toolTip)});
-  }
-  Toolbar1.ButtonClick = [this](const ToolButton& button) {
-    for (const ToolRow& row : ToolRows()) {
-      if (row.key == button.key) Perform(row.action);
-    }
-  };
-  Toolbar1.ButtonMenuClick = [this](const std::string& text) { Toolbar1_ButtonMenuClick(text); };
-  StatusBar1.PanelClick = [this](const StatusPanel& panel) {
-    for (const StatusRow& row : StatusRows()) {
-      if (row.text == panel.text) Perform(row.action);
-    }
-  };
+void Form1::Stampa() {
+  platform_.printer.JobTitle = state_.NomeLayout.empty() ? platform_.app.title : state_.NomeLayout;
+  Morvane::Stampa(state_, slots_, platform_.printer);
+}
+
+void Form1::Esci() {
+  platform_.windows.End();
+}
+
+void Form1::LanciaLindorel() {
+  platform_.launcher.Shell(state_.AppPath + "lindorel.exe");
+}
+
+void Form1::Menuhelp_Click() {
+  platform_.windows.MsgBox(std::string(kHelp));
+}
+
+void Form1::Apri(std::string_view target) {
+  platform_.launcher.ShellExecute(std::string(target));
 }
 
 }  // namespace Morvane

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/app_state.h"
@@ -10,7 +12,6 @@
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
 #include "render/cover_drawing.h"
-#include "windows/main_window/commands.h"
 #include "windows/platform.h"
 
 namespace Morvane {
@@ -35,7 +36,7 @@ class Form1 {
   PictureBox Picture1;  // the page
   ImageBox Picture2{form, "Picture2"};
   ImageBox Picture7{form, "Picture7"};
-  StatusBar StatusBar1{form, "StatusBar1"};
+  Toolbar StatusBar1{form, "StatusBar1"};
   CheckBox Check1{form, "Check1"};           // outline switch, not shown
   CommandButton Command1{form, "Command1"};  // "Scegli", not shown
 
@@ -58,16 +59,22 @@ class Form1 {
   void Picture1_Drop(const std::vector<DroppedPicture>& pictures, double x, double y);
   void Check1_Click();
   void Command1_Click();
-  void Toolbar1_ButtonMenuClick(const std::string& text);
+  void Toolbar1_ButtonMenuClick(std::int16_t spessoreBordo);
+  void Picture2_Click();
+  void Picture7_Click();
+  void Menuhelp_Click();
 
-  void Perform(Action action, std::string_view address = {});
+  void Stampa();
+  void Esci();
+  void LanciaLindorel();
+  void Apri(std::string_view target);  // an address, or a file of the program's folder
 
  private:
-  void BuildCommands();
+  void BuildMenuBar();
+  void BuildBars();
   void ControllaVersione();
   void PlaceBars();
   void CambiaContorno();
-  void OpenAddress(std::string_view address);
   int LastCoverAt(double x, double y) const;
   void Mark(int cover);
   PicturePtr Load(const DroppedPicture& dropped) const;

@@ -6,9 +6,9 @@ namespace Morvane {
 
 std::unique_ptr<ControlView> MakeControlView(Control& model, QWidget& parent, const ViewContext& context) {
   static constexpr ViewMaker* kMakers[] = {
-      MakeCommandButtonView, MakeLabelView,     MakeTextBoxView, MakeCheckBoxView,   MakeOptionButtonView,
-      MakeListBoxView,       MakeNodeTreeView,  MakeFrameView,   MakePictureBoxView, MakeImageBoxView,
-      MakeToolbarView,       MakeStatusBarView, MakeRulingView,  MakeTimerView,
+      MakeCommandButtonView, MakeLabelView,    MakeTextBoxView, MakeCheckBoxView,   MakeOptionButtonView,
+      MakeListBoxView,       MakeNodeTreeView, MakeFrameView,   MakePictureBoxView, MakeImageBoxView,
+      MakeToolbarView,       MakeRulingView,   MakeTimerView,
   };
   for (ViewMaker* const make : kMakers) {
     if (auto view = make(model, parent, context)) {

@@ -17,7 +17,7 @@ std::unique_ptr<ControlView> MakeControlView(Control& model, QWidget& parent, co
 using ViewMaker = std::unique_ptr<ControlView>(Control& model, QWidget& parent, const ViewContext& context);
 ViewMaker MakeCheckBoxView, MakeCommandButtonView, MakeFrameView, MakeImageBoxView, MakeLabelView,
     MakeListBoxView, MakeNodeTreeView, MakeOptionButtonView, MakePictureBoxView, MakeRulingView,
-    MakeStatusBarView, MakeTextBoxView, MakeTimerView, MakeToolbarView;
+    MakeTextBoxView, MakeTimerView, MakeToolbarView;
 
 template <typename Model, typename View>
 std::unique_ptr<ControlView> MakeFor(Control& model, QWidget& parent, const ViewContext& context) {

@@ -64,7 +64,8 @@ FormView::~FormView() {
 void FormView::BuildMenuBar() {
   if (model_.MenuBar.empty()) return;
   layout_.setMenuBar(&menuBar_);
-  menuActions_ = FillMenuBar(menuBar_, model_.MenuBar, context_.windows);
+  menuActions_ = FillMenu(menuBar_, model_.MenuBar);
+  RunChosen(menuActions_, context_.windows);
 }
 
 void FormView::BuildViews(Container& container, QWidget& parent) {

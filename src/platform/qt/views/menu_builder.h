@@ -1,7 +1,8 @@
 #pragma once
 
+#include <QAction>
 #include <QMenu>
-#include <QMenuBar>
+#include <QWidget>
 #include <utility>
 #include <vector>
 
@@ -12,12 +13,12 @@ namespace Morvane {
 // Each entry of a menu and the action that stands for it.
 using MenuActions = std::vector<std::pair<const MenuItem*, QAction*>>;
 
-// Fills a menu bar or a menu. Choosing an entry runs its Click under the program's guard. The items must stay
-// where they are as long as the menu lives.
-MenuActions FillMenuBar(QMenuBar& bar, const std::vector<MenuItem>& items, WindowSystem& windows);
+// Fills a menu or a menu bar. The items must stay where they are as long as it lives. Choosing an entry does
+// nothing yet.
+MenuActions FillMenu(QWidget& menu, const std::vector<MenuItem>& items);
 
-// Fills a menu whose entries do nothing by themselves; the chosen action is looked up in the result.
-MenuActions FillMenu(QMenu& menu, const std::vector<MenuItem>& items);
+// From now on choosing an entry runs its Click under the program's guard.
+void RunChosen(const MenuActions& actions, WindowSystem& windows);
 
 void MirrorEnabled(const MenuActions& actions);
 
