@@ -22,7 +22,6 @@
 #include "platform/qt/painting/font_stand_ins.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/artwork.h"
-#include "platform/qt/pictures/format_modules.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "platform/qt/printing/qt_printer_device.h"
 #include "platform/qt/views/program_style.h"
@@ -65,7 +64,6 @@ int main(int argc, char** argv) {
   const std::future<void> fontRules = ReadFontRules();
   QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);  // a window's menus are in the window
   QApplication application(argc, argv);
-  InstallJpegWriter(OtherFormats::Found);
   QApplication::setStyle(std::make_unique<ProgramStyle>().release());  // the application owns its style
   QApplication::setApplicationName("Morvane");
   QApplication::setDesktopFileName("morvane");

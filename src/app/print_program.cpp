@@ -1,12 +1,7 @@
 #include "app/print_program.h"
 
-#include <unistd.h>
-
-#include <QGuiApplication>
 #include <QThreadPool>
 #include <algorithm>
-#include <cstdio>
-#include <exception>
 #include <filesystem>
 #include <future>
 #include <map>
@@ -19,12 +14,10 @@
 #include "core/default_layout.h"
 #include "core/layout_reader.h"
 #include "platform/files/file_system.h"
-#include "platform/files/program_part.h"
-#include "platform/qt/painting/font_stand_ins.h"
 #include "platform/qt/painting/qt_text_metrics.h"
-#include "platform/qt/pictures/format_modules.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "platform/qt/printing/pdf_file_writer.h"
+#include "platform/qt/printing/qt_printer_device.h"
 #include "platform/runtime_error.h"
 #include "render/print_job.h"
 #include "windows/contents/folder_scan.h"
@@ -32,8 +25,6 @@
 
 namespace Morvane {
 namespace {
-
-enum ExitCode { kDone = 0, kNotPrinted = 1, kWrongUsage = 2 };
 
 // A printer of PDF files of A4 without margins, a file a page.
 class PdfFiles : public PrinterDevice {
@@ -63,9 +54,9 @@ std::string WindowsPath(const FileSystem& files, const std::string& path) {
   return found;
 }
 
-// Runs a step for a file or folder; what goes wrong names it as it was given.
+// Runs a step for a file or folder; what goes wrong is told with the name as it was given.
 template <typename Step>
-auto Naming(const std::string& given, const std::string& path, Step step) {
+auto NamedAsGiven(const std::string& given, const std::string& path, Step step) {
   try {
     return step();
   } catch (const RuntimeError& error) {
@@ -79,7 +70,7 @@ auto Naming(const std::string& given, const std::string& path, Step step) {
 void ReadLayoutFile(AppState& state, const FileSystem& files, const std::string& layout) {
   state.NomeLayout = std::filesystem::path(layout).stem().string();
   const std::string path = WindowsPath(files, layout);
-  Naming(layout, path, [&] { ReadLayout(*files.OpenForInput(path), state); });
+  NamedAsGiven(layout, path, [&] { ReadLayout(*files.OpenForInput(path), state); });
 }
 
 void RequireCovers(const PrintArguments& arguments, const AppState& state) {
@@ -107,7 +98,7 @@ void LoadPictures(const PrintArguments& arguments, const FileSystem& files, cons
   for (const auto& [cover, path] : paths) {
     const auto load = std::make_shared<std::packaged_task<PicturePtr()>>(
         [&pictures, file = arguments.pictures.at(cover), path = path] {
-          return Naming(file, path, [&] { return pictures.LoadPicture(path); });
+          return NamedAsGiven(file, path, [&] { return pictures.LoadPicture(path); });
         });
     loading.emplace(cover, load->get_future());
     pool.start([load] { (*load)(); });
@@ -133,12 +124,12 @@ void FindUndecodable(const PrintArguments& arguments, CoverSlots& slots,
   }
 }
 
-// Tells which pictures are not on the sheet; all else is.
-ExitCode Tell(const BadPictures& bad) {
+// All but these pictures is on the sheet.
+ExitCode ComplainOf(const BadPictures& bad) {
   for (const auto& [cover, text] : bad) {
     Complain("copertina " + std::to_string(cover) + ": " + text);
   }
-  return bad.empty() ? kDone : kNotPrinted;
+  return bad.empty() ? ExitCode::Done : ExitCode::NotPrinted;
 }
 
 ExitCode PrintCovers(const PrintArguments& arguments, const FileSystem& files, const PictureLoader& pictures,
@@ -159,7 +150,7 @@ ExitCode PrintCovers(const PrintArguments& arguments, const FileSystem& files, c
     printer.EndDoc();
   }
   FindUndecodable(arguments, slots, pdf.Undecodable, bad);
-  return Tell(bad);
+  return ComplainOf(bad);
 }
 
 void PrintContents(const PrintArguments& arguments, const FileSystem& files, const FontCatalog& fonts,
@@ -176,7 +167,9 @@ void PrintContents(const PrintArguments& arguments, const FileSystem& files, con
   Screen screen;
   Listing listing;
   const std::string folder = WindowsPath(files, contents.folder);
-  Naming(contents.folder, folder, [&] { FindSubFolders(folder, state, {files, screen, windows}, listing); });
+  NamedAsGiven(contents.folder, folder, [&] {
+    FindSubFolders(folder, state, {files, screen, windows}, listing);
+  });
   state.ElencoColonne = static_cast<std::int16_t>(contents.columns);
   LineCount lost{};
   for (int copy = 1; copy <= arguments.copies; ++copy) {
@@ -188,62 +181,30 @@ void PrintContents(const PrintArguments& arguments, const FileSystem& files, con
   if (lost > 0) Complain("righe senza posto sul foglio: " + std::to_string(lost));
 }
 
-ExitCode Print(const PrintArguments& arguments, const FileSystem& files, const QueueOpener& openQueue) {
+// RuntimeError when there is no such printer.
+std::unique_ptr<PrinterDevice> OpenQueue(const PrintArguments& arguments) {
+  auto queue = std::make_unique<QtPrinterDevice>();
+  queue->OnComplaint = Complain;
+  if (!arguments.calibrated) queue->LeaveOutCalibration();
+  queue->SelectPrinter(arguments.printer);
+  return queue;
+}
+
+}  // namespace
+
+ExitCode Print(const PrintArguments& arguments, const FileSystem& files) {
   // A queue does not tell which pictures it went without.
   const PictureCheck check = arguments.pdf.empty() ? PictureCheck::Whole : PictureCheck::Header;
   QtPictureLoader pictures(files, OldFormatDecoderPath(), check);
   const QtTextMetrics metrics;
   const QtFontCatalog fonts;
   PdfFiles pdf(arguments.pdf, arguments.copies);
-  const std::unique_ptr<PrinterDevice> queue = arguments.pdf.empty() ? openQueue(arguments) : nullptr;
+  const std::unique_ptr<PrinterDevice> queue = arguments.pdf.empty() ? OpenQueue(arguments) : nullptr;
   PrinterDevice& device = queue ? *queue : pdf;
   Printer printer(device, metrics, fonts);
   if (!arguments.contents) return PrintCovers(arguments, files, pictures, printer, pdf);
   PrintContents(arguments, files, fonts, printer);
-  return kDone;
-}
-
-// Standard error is for the lines that say what went wrong.
-void DropToolkitMessages(QtMsgType, const QMessageLogContext&, const QString&) {}
-
-// Does not come back.
-[[noreturn]] void BecomeQueueProgram(char** argv) {
-  execv(ProgramPart("morvane-print-queue").c_str(), argv);
-  throw RuntimeError(ErrorNumber::FileNotFound, "Manca il programma 'morvane-print-queue'.");
-}
-
-}  // namespace
-
-int RunPrintProgram(int argc, char** argv, const QueueOpener& openQueue) {
-  qInstallMessageHandler(DropToolkitMessages);
-  try {
-    // No window is ever shown, so no display is needed. Set while there is one thread.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const std::future<void> fontRules = ReadFontRules();
-    const PrintArguments arguments = ParsePrintArguments(std::vector<std::string>(argv + 1, argv + argc));
-    if (arguments.help) {
-      std::fputs(PrintHelp().c_str(), stdout);
-      return kDone;
-    }
-    if (arguments.pdf.empty() && !openQueue) {
-      fontRules.wait();  // it may be writing what it found for the next start
-      BecomeQueueProgram(argv);
-    }
-    const QGuiApplication application(argc, argv);
-    // A queue needs modules of other kinds.
-    InstallJpegWriter(arguments.pdf.empty() ? OtherFormats::Found : OtherFormats::WhenWanted);
-    const FileSystem files("/", MountTable(), {});
-    fontRules.wait();
-    // The sheet's own texts know theirs; a drawing's may name any.
-    if (!arguments.pictures.empty()) InstallFontStandIns();
-    return Print(arguments, files, openQueue);
-  } catch (const UsageError& error) {
-    Complain(std::string(error.what()) + " (--help spiega l'uso)");
-    return kWrongUsage;
-  } catch (const std::exception& error) {
-    Complain(error.what());
-    return kNotPrinted;
-  }
+  return ExitCode::Done;
 }
 
 }  // namespace Morvane

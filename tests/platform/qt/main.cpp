@@ -3,7 +3,6 @@
 #include <QApplication>
 
 #include "platform/qt/painting/font_stand_ins.h"
-#include "platform/qt/pictures/format_modules.h"
 #include "tests/support/private_cups.h"
 #include "tests/support/test_machine.h"
 
@@ -31,7 +30,6 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" MORVANE_SOURCE_DIR "/tests/platform/qt/screen.json");
   Morvane::PrivateCups::ChooseSocket(home.Path());
   QApplication application(argc, argv);
-  Morvane::InstallJpegWriter(Morvane::OtherFormats::Found);
   Morvane::InstallFontStandIns();
   return RUN_ALL_TESTS();
 }

@@ -128,7 +128,7 @@ class Painting {
   }
 
   void DrawPicture(const PicturePtr& picture, const QRectF& box, QSize pixels) {
-    const QImage image = cache_.pictures.Image(picture, pixels, onPaper_ ? Pixels::ForPaper : which_);
+    const QImage image = cache_.pictures.Image(picture, pixels, which_);
     if (image.isNull()) {
       undecodable_.push_back(picture);
     } else {

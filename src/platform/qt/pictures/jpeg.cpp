@@ -14,8 +14,6 @@
 namespace Morvane {
 namespace {
 
-constexpr int kSheetQuality = 94;  // of 100; what the toolkit takes for sheets, too
-
 // The library leaves its functions by a jump when it cannot go on; where it lands, everything that was made
 // before the jump was prepared is still there.
 struct Errors {
@@ -84,11 +82,6 @@ void WishForLargePages(QImage& image) {
   madvise(start, room / kLargePage * kLargePage, MADV_HUGEPAGE);
 }
 
-// Tells the size, too, so that a part of the image does not pass for the whole.
-QString KeyOf(const QImage& image) {
-  return QString("jpeg %1x%2").arg(image.width()).arg(image.height());
-}
-
 }  // namespace
 
 QImage DecodeJpeg(const QByteArray& file, QSize fileSize, QSize size) {
@@ -97,46 +90,6 @@ QImage DecodeJpeg(const QByteArray& file, QSize fileSize, QSize size) {
   WishForLargePages(image);
   const int part = PartToDecode(fileSize, size);
   return DecodeRows(file, part, PartOf(fileSize, part), image) ? image : QImage();
-}
-
-QByteArray EncodeJpeg(const QImage& image) {
-  const QImage pixels = image.convertToFormat(QImage::Format_RGB32);
-  uchar* bytes = nullptr;
-  unsigned long size = 0;
-  Errors errors{};
-  jpeg_compress_struct encoder{};
-  PrepareErrors(encoder, errors);
-  std::unique_ptr<uchar*, void (*)(uchar**)> owned(&bytes, [](uchar** made) { std::free(*made); });
-  const std::unique_ptr<jpeg_compress_struct, void (*)(jpeg_compress_struct*)> made(&encoder,
-                                                                                    jpeg_destroy_compress);
-  if (setjmp(errors.giveUp) != 0) {
-    owned.release();  // the library may have freed them already
-    return {};
-  }
-  jpeg_create_compress(&encoder);
-  jpeg_mem_dest(&encoder, &bytes, &size);
-  encoder.image_width = static_cast<JDIMENSION>(pixels.width());
-  encoder.image_height = static_cast<JDIMENSION>(pixels.height());
-  encoder.input_components = 4;
-  encoder.in_color_space = JCS_EXT_BGRX;
-  jpeg_set_defaults(&encoder);
-  jpeg_set_quality(&encoder, kSheetQuality, TRUE);
-  jpeg_start_compress(&encoder, TRUE);
-  while (encoder.next_scanline < encoder.image_height) {
-    // The library's parameter is not const, though it only reads.
-    auto* row = const_cast<uchar*>(pixels.constScanLine(static_cast<int>(encoder.next_scanline)));
-    jpeg_write_scanlines(&encoder, &row, 1);
-  }
-  jpeg_finish_compress(&encoder);
-  return {reinterpret_cast<const char*>(bytes), static_cast<qsizetype>(size)};
-}
-
-void CarryJpeg(QImage& image, const QByteArray& jpeg) {
-  if (!jpeg.isEmpty()) image.setText(KeyOf(image), QString::fromLatin1(jpeg));
-}
-
-QByteArray CarriedJpeg(const QImage& image) {
-  return image.text(KeyOf(image)).toLatin1();
 }
 
 }  // namespace Morvane

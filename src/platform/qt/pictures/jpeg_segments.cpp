@@ -138,12 +138,6 @@ std::optional<PlainJpeg> ReadPlainJpeg(const QByteArray& file) {
   return head ? std::optional(head->tells) : std::nullopt;
 }
 
-QByteArray BarePicture(const QByteArray& jpeg) {
-  const auto head = HeadOf(jpeg);
-  const bool whole = jpeg.endsWith("\xFF\xD9");
-  return head && whole ? head->ofThePicture + jpeg.mid(head->size) : QByteArray();
-}
-
 // As the decoder goes: whatever stands between two markers is skipped, the data of a scan and garbage alike.
 // A segment, such as one with a thumbnail, is skipped by its length.
 JpegExtent ExtentOfJpeg(const QByteArray& bytes) {

@@ -17,9 +17,6 @@ struct PlainJpeg {
 // other.
 std::optional<PlainJpeg> ReadPlainJpeg(const QByteArray& file);
 
-// The file without all that cameras write into it but the picture. Empty when it is not plain or not whole.
-QByteArray BarePicture(const QByteArray& jpeg);
-
 // What of a JPEG file is its first picture: phones append films and further pictures.
 struct JpegExtent {
   qsizetype end = 0;    // bytes from the start of the file

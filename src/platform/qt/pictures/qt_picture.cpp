@@ -83,17 +83,6 @@ QImage FilePicture::Decode(QSize pixels) const {
                                        : DecodeFile(pixels);
 }
 
-QImage FilePicture::DecodeForPaper(QSize pixels) const {
-  QImage image = Decode(pixels);
-  // Black and white is stored as such.
-  if (image.isNull() || image.hasAlphaChannel() || image.depth() == 1) return image;
-  image.convertTo(QImage::Format_RGB32);
-  const bool asInFile = image.size() == facts_.size && facts_.rotation == QImageIOHandler::TransformationNone;
-  const QByteArray own = facts_.IsPlainJpeg() && asInFile ? BarePicture(file_.InPlace()) : QByteArray();
-  CarryJpeg(image, own.isEmpty() ? EncodeJpeg(image) : own);
-  return image;
-}
-
 QImage FilePicture::DecodeFile(QSize pixels) const {
   const QSize whole = facts_.size;
   const QSize size = (turned_ ? pixels.transposed() : pixels).boundedTo(whole);
@@ -149,7 +138,7 @@ QImage PictureCache::Image(const PicturePtr& picture, QSize pixels, Pixels which
   const auto* decodable = dynamic_cast<const QtPicture*>(picture.get());
   entry.image = QImage();
   if (decodable != nullptr) {
-    entry.image = which == Pixels::ForPaper ? decodable->DecodeForPaper(pixels) : decodable->Decode(pixels);
+    entry.image = decodable->Decode(pixels);
   }
   entry.pixels = pixels;
   const QImage image = entry.image;
@@ -171,8 +160,7 @@ void PictureCache::PrepareForPaper(const std::vector<Wish>& wishes) {
   }
   QThreadPool pool;
   for (auto& [file, entry] : prepared) {
-    pool.start(
-        [decoded = &entry, source = file] { decoded->image = source->DecodeForPaper(decoded->pixels); });
+    pool.start([decoded = &entry, source = file] { decoded->image = source->Decode(decoded->pixels); });
   }
   pool.waitForDone();
   for (auto& [file, entry] : prepared) entries_.insert_or_assign(file, std::move(entry));

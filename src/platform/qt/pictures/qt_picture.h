@@ -25,8 +25,6 @@ class QtPicture : public Picture {
   // The whole picture in at most this many pixels, stretched to the box: as large as asked, or as the file's
   // own pixels where those are fewer. A null image when it cannot be decoded now.
   virtual QImage Decode(QSize pixels) const = 0;
-  // The same for a sheet, which may have its JPEG along with it.
-  virtual QImage DecodeForPaper(QSize pixels) const { return Decode(pixels); }
 };
 
 // A picture of pixels, kept as its file and as a small overview, which is all that the screen mostly wants.
@@ -52,7 +50,6 @@ class FilePicture : public QtPicture {
   double WidthTwips() const override;
   double HeightTwips() const override;
   QImage Decode(QSize pixels) const override;
-  QImage DecodeForPaper(QSize pixels) const override;
 
  private:
   QSize SizeWithin(double mostPixels) const;
@@ -99,7 +96,6 @@ class SvgPicture : public QtPicture {
 
 enum class Pixels {
   Exact,      // as many as asked for
-  ForPaper,   // the same, with their JPEG along if they have one
   AsLastTime  // those of the last painting, where there was one: for a size that won't stay
 };
 

@@ -9,7 +9,6 @@
 #include <array>
 
 #include "platform/files/program_part.h"
-#include "platform/qt/pictures/format_modules.h"
 #include "platform/qt/pictures/in_place.h"
 #include "platform/qt/pictures/jpeg_segments.h"
 #include "platform/qt/pictures/old_formats.h"
@@ -80,7 +79,6 @@ bool IsKnown(const QByteArray& format) {
 // Most files are photos, about which the toolkit need not be asked.
 FilePicture::Facts FactsOf(const std::string& path, const QByteArray& bytes) {
   if (const auto jpeg = ReadPlainJpeg(bytes)) return {{}, jpeg->size, jpeg->rotation};
-  FindOtherFormats();
   QBuffer buffer;
   buffer.setData(bytes);
   QImageReader reader(&buffer);
@@ -105,7 +103,6 @@ PicturePtr LoadPixels(const std::string& path, const QByteArray& bytes, PictureC
 
 // It may hold a JPEG, which the toolkit reads when it is drawn.
 PicturePtr FromSvg(const DecodedSvg& svg) {
-  FindOtherFormats();
   auto renderer = std::make_unique<QSvgRenderer>();
   if (!renderer->load(svg.text)) return nullptr;
   return std::make_shared<SvgPicture>(std::move(renderer), svg.widthTwips, svg.heightTwips);
@@ -134,7 +131,6 @@ RuntimeError DamagedPicture(const std::string& name) {
 }
 
 bool StartsPicture(const QByteArray& bytes) {
-  FindOtherFormats();
   if (FormatOf(bytes.toStdString())) return true;
   QBuffer buffer;
   buffer.setData(MissingFileHeader(bytes) + bytes);
@@ -143,7 +139,6 @@ bool StartsPicture(const QByteArray& bytes) {
 }
 
 bool IsPictureType(const QByteArray& mimeType) {
-  FindOtherFormats();
   const QList<QByteArray> formats = QImageReader::imageFormatsForMimeType(mimeType);
   return std::any_of(formats.begin(), formats.end(), IsKnown);
 }
