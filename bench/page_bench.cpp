@@ -266,8 +266,7 @@ void TitleKeystroke(benchmark::State& run) {
   state.ElencoFontSize = 4;
   FrmPreview contents(state, desk.platform, {[] {}, [] { return std::string("ok"); }});
   desk.windows.ShowMain(contents.form);
-  FindSubFolders("C:\\Disco", state, {desk.platform.files, desk.platform.screen, desk.platform.windows},
-                 contents.List1);
+  FindSubFolders("C:\\Disco", state, desk.platform.files, {}, contents.List1);
   contents.Option1[5].PerformClick();
   QWidget& sheet = WindowMachine::Widget(contents.form.Name(), "Picture1");
   WindowMachine::Settle(sheet);

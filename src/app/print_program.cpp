@@ -163,13 +163,10 @@ void PrintContents(const PrintArguments& arguments, const FileSystem& files, con
   if (!fonts.CanPrint(contents.font)) {
     throw RuntimeError(ErrorNumber::InvalidPropertyValue, "Il carattere non è disponibile: " + contents.font);
   }
-  ConsoleWindows windows;
-  Screen screen;
   Listing listing;
   const std::string folder = WindowsPath(files, contents.folder);
-  NamedAsGiven(contents.folder, folder, [&] {
-    FindSubFolders(folder, state, {files, screen, windows}, listing);
-  });
+  NamedAsGiven(contents.folder, folder,
+               [&] { FindSubFolders(folder, state, files, {.message = Complain}, listing); });
   state.ElencoColonne = static_cast<std::int16_t>(contents.columns);
   LineCount lost{};
   for (int copy = 1; copy <= arguments.copies; ++copy) {

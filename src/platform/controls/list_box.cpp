@@ -15,44 +15,29 @@ bool ComesBefore(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-void ListBox::SortPending() const {
-  if (!sorted_ || sortedRows_ == rows_.size()) return;
-  const auto firstNew = rows_.begin() + static_cast<std::ptrdiff_t>(sortedRows_);
-  std::stable_sort(firstNew, rows_.end(), ComesBefore);
-  std::inplace_merge(rows_.begin(), firstNew, rows_.end(), ComesBefore);
-  sortedRows_ = rows_.size();
-}
-
 void ListBox::RequireRow(int index) const {
   if (index >= 0 && index < ListCount()) return;
   throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex, "La riga richiesta non esiste nell'elenco.");
 }
 
+// Names mostly come in their order; then there is nothing to look for.
 void ListBox::AddItem(const std::string& text) {
-  if (sorted_ && listIndex_ >= 0) {
-    SortPending();
-    const auto place = std::upper_bound(rows_.begin(), rows_.end(), text, ComesBefore);
-    if (place - rows_.begin() <= listIndex_) ++listIndex_;
-    rows_.insert(place, text);
-    sortedRows_ = rows_.size();
-  } else {
-    rows_.push_back(text);
-  }
+  const bool last = !sorted_ || rows_.empty() || !ComesBefore(text, rows_.back());
+  const auto place = last ? rows_.end() : std::upper_bound(rows_.begin(), rows_.end(), text, ComesBefore);
+  if (place - rows_.begin() <= listIndex_) ++listIndex_;
+  rows_.insert(place, text);
   Notify(ViewChange::Content);
 }
 
 void ListBox::Clear() {
   rows_.clear();
-  sortedRows_ = 0;
   listIndex_ = -1;
   Notify(ViewChange::Content);
 }
 
 void ListBox::RemoveItem(int index) {
   RequireRow(index);
-  SortPending();
   rows_.erase(rows_.begin() + index);
-  sortedRows_ = rows_.size();
   if (index == listIndex_) listIndex_ = -1;
   if (index < listIndex_) --listIndex_;
   Notify(ViewChange::Content);
@@ -60,7 +45,6 @@ void ListBox::RemoveItem(int index) {
 
 void ListBox::SetList(int index, const std::string& text) {
   RequireRow(index);
-  SortPending();
   rows_[static_cast<std::size_t>(index)] = text;
   Notify(ViewChange::Content);
 }
@@ -68,13 +52,11 @@ void ListBox::SetList(int index, const std::string& text) {
 const std::string& ListBox::List(int index) const {
   static const std::string kNone;
   if (index < 0 || index >= ListCount()) return kNone;
-  SortPending();
   return rows_[static_cast<std::size_t>(index)];
 }
 
 void ListBox::SetListIndex(int index) {
   if (index != -1) RequireRow(index);
-  SortPending();
   if (index == listIndex_) return;
   listIndex_ = index;
   Notify(ViewChange::Selection);

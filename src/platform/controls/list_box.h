@@ -37,13 +37,10 @@ class ListBox : public Control {
   void PerformDblClick();
 
  private:
-  void SortPending() const;
   void RequireRow(int index) const;
 
   bool sorted_ = false;
-  // Rows added since the last look wait at the end: a folder of thousands is sorted once, not once a row.
-  mutable std::vector<std::string> rows_;
-  mutable std::size_t sortedRows_ = 0;
+  std::vector<std::string> rows_;
   int listIndex_ = -1;
 };
 

@@ -21,16 +21,16 @@ std::string PathBelow(const std::string& folder, const std::string& name) {
 
 class FolderScan {
  public:
-  FolderScan(AppState& state, const ScanMachine& machine, Listing& list, int limit)
-      : state_(state), machine_(machine), list_(list), limit_(limit) {}
+  FolderScan(AppState& state, const FileSystem& files, const ScanReports& reports, Listing& list, int limit)
+      : state_(state), files_(files), reports_(reports), list_(list), limit_(limit) {}
 
   // Reached once more, by a link, a folder has the lines that it had the first time. It has none while it is
   // still being read: so a link to a folder above it ends in a heading, and no walk is endless.
   void List(const std::string& fold) {
-    const std::string identity = machine_.files.FolderIdentity(fold);
+    const std::string identity = files_.FolderIdentity(fold);
     const auto known = read_.find(identity);
     if (known != read_.end()) return list_.Repeat(known->second.lines, known->second.path, fold);
-    FolderEntries entries = machine_.files.ReadFolder(fold);
+    FolderEntries entries = files_.ReadFolder(fold);
     read_[identity] = {fold, {}};
     const LineCount first = list_.ListCount();
     ListEntries(fold, entries);
@@ -53,11 +53,11 @@ class FolderScan {
       if (state_.ElencoRighe > limit_) return;
       inside.push_back({path, {first, list_.ListCount()}});
     }
-    machine_.screen.SetMousePointer(MousePointer::Hourglass);
+    reports_.pointer(MousePointer::Hourglass);
     // The second reading of each sub-folder, without headings, finds what the first one found: lists keep
     // their lines, and so their breaks.
     for (const ReadFolder& folder : inside) list_.Repeat(folder.lines, folder.path, folder.path);
-    if (!entries.folders.empty()) machine_.screen.SetMousePointer(MousePointer::Default);
+    if (!entries.folders.empty()) reports_.pointer(MousePointer::Default);
     ListFiles(fold, entries.files);
   }
 
@@ -66,15 +66,16 @@ class FolderScan {
     for (const std::string& name : names) {
       list_.Add(PathBelow(fold, name));
       if (++state_.ElencoRighe > limit_) {
-        machine_.windows.MsgBox(kTooManyFiles);
+        reports_.message(kTooManyFiles);
         return;
       }
     }
-    machine_.screen.SetMousePointer(MousePointer::Default);
+    reports_.pointer(MousePointer::Default);
   }
 
   AppState& state_;
-  const ScanMachine& machine_;
+  const FileSystem& files_;
+  const ScanReports& reports_;
   Listing& list_;
   int limit_;
   std::unordered_map<std::string, ReadFolder> read_;  // by identity
@@ -106,21 +107,24 @@ void Leggifile(AppState& state, Platform& platform, Listing& List1) {
   platform.windows.DoEvents();
   state.ElencoColonne = 2;
   List1.Clear();
+  const ScanReports reports = {
+      .message = [&](const std::string& text) { platform.windows.MsgBox(text); },
+      .pointer = [&](MousePointer pointer) { platform.screen.SetMousePointer(pointer); }};
   try {
-    FindSubFolders(fold, state, {platform.files, platform.screen, platform.windows}, List1);
+    FindSubFolders(fold, state, platform.files, reports, List1);
   } catch (const RuntimeError&) {
     platform.screen.SetMousePointer(MousePointer::Default);
     throw;
   }
 }
 
-void FindSubFolders(const std::string& fold, AppState& state, const ScanMachine& machine, Listing& List1,
-                    int limit) {
+void FindSubFolders(const std::string& fold, AppState& state, const FileSystem& files,
+                    const ScanReports& reports, Listing& List1, int limit) {
   if (state.ElencoRighe > limit) return;
   RepairListingFont(state);
   state.ElencoColonne = 2;
   List1.Clear();
-  FolderScan(state, machine, List1, limit).List(fold);
+  FolderScan(state, files, reports, List1, limit).List(fold);
 }
 
 }  // namespace Morvane

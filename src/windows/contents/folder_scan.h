@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "core/app_state.h"
@@ -18,17 +19,16 @@ const std::string& SfogliaCartella(std::string& percorso, WindowSystem& windows)
 // RuntimeError when the folder, or one below it, can't be read: the list is left as far as it got.
 void Leggifile(AppState& state, Platform& platform, Listing& List1);
 
-// What the scan of a folder uses.
-struct ScanMachine {
-  const FileSystem& files;
-  Screen& screen;
-  WindowSystem& windows;
+// What a scan says while it reads.
+struct ScanReports {
+  std::function<void(const std::string& text)> message = [](const std::string&) {};
+  std::function<void(MousePointer)> pointer = [](MousePointer) {};
 };
 
 // Lists a folder and all below it. ElencoRighe counts the files of each folder; above `limit` the user gets a
 // message and the rest of the scan is given up. Nothing is read when it is above the limit at the start.
 // RuntimeError as above.
-void FindSubFolders(const std::string& fold, AppState& state, const ScanMachine& machine, Listing& List1,
-                    int limit = kMaxRighe);
+void FindSubFolders(const std::string& fold, AppState& state, const FileSystem& files,
+                    const ScanReports& reports, Listing& List1, int limit = kMaxRighe);
 
 }  // namespace Morvane
