@@ -15,19 +15,6 @@ namespace {
 constexpr std::string_view kPagina = "Pagina=";
 constexpr std::string_view kCopertina = "Copertina";
 
-struct MeasureKey {
-  std::string_view word;
-  CoverTable<double> LayoutTables::*table;
-  double (*stored)(double mm);
-};
-
-constexpr MeasureKey kMeasureKeys[] = {
-    {"Larg", &LayoutTables::CopLarg, CmFromMm},
-    {"Alte", &LayoutTables::CopAlte, CmFromMm},
-    {"Distx", &LayoutTables::CopDistx, InchesFromMm},
-    {"Disty", &LayoutTables::CopDisty, InchesFromMm},
-};
-
 // The cover that a key's number names: 1 to `max`, in the very form in which it is written ("7", not "07" or
 // "7 "); 0 for anything else.
 int CoverNumber(std::string_view digits, int max) {
@@ -56,8 +43,8 @@ class LayoutReader {
     } else if (line.starts_with(kCopertina)) {
       ReadCopertina(line);
     } else {
-      for (const MeasureKey& key : kMeasureKeys) {
-        if (line.starts_with(key.word)) ReadMeasure(key, line);
+      for (const Measure& measure : kMeasures) {
+        if (line.starts_with(measure.key)) ReadMeasure(measure, line);
       }
     }
   }
@@ -80,11 +67,11 @@ class LayoutReader {
     if (observer_) observer_->CopertinaRead(n);
   }
 
-  void ReadMeasure(const MeasureKey& key, std::string_view line) {
-    const std::size_t equals = FindEquals(key.word, line);
-    const int n = CoverNumber(line.substr(key.word.size(), equals - key.word.size()), max_);
+  void ReadMeasure(const Measure& measure, std::string_view line) {
+    const std::size_t equals = FindEquals(measure.key, line);
+    const int n = CoverNumber(line.substr(measure.key.size(), equals - measure.key.size()), max_);
     if (n == 0) return;
-    (state_.*key.table)[static_cast<std::size_t>(n)] = key.stored(Val(line.substr(equals + 1)));
+    (state_.*measure.table)[static_cast<std::size_t>(n)] = measure.stored(Val(line.substr(equals + 1)));
   }
 
   std::size_t FindEquals(std::string_view word, std::string_view line) const {

@@ -24,51 +24,34 @@ double CoverOnShow(const std::string& caption) {
   return std::floor(Val(length > 2 ? caption.substr(length - 2) : caption));
 }
 
-class LayoutComposer {
- public:
-  explicit LayoutComposer(char decimalSeparator) : decimalSeparator_(decimalSeparator) {}
-
-  void Add(const std::string& key, const std::string& value) { text_ += key + "=" + value + "\r\n"; }
-  void Add(const std::string& key, double value) { Add(key, NumberToText(value, decimalSeparator_)); }
-
-  const std::string& Text() const { return text_; }
-
- private:
-  std::string text_ = kHeading;
-  char decimalSeparator_;
+struct RawText {
+  const Measure& measure;
+  std::string EditRow::*text;
 };
 
-void AddCover(LayoutComposer& file, const AppState& state, int n, const EditRow* onShow) {
-  const auto cell = static_cast<std::size_t>(n);
-  const std::string number = std::to_string(n);
-  if (state.CopForma[cell]) {
-    file.Add("Copertina" + number, *state.CopForma[cell]);
-  } else {
-    file.Add("Copertina" + number, "");
-  }
-  if (onShow) {
-    file.Add("Distx" + number, onShow->Text4);
-    file.Add("Disty" + number, onShow->Text5);
-    file.Add("Larg" + number, onShow->Text1);
-    file.Add("Alte" + number, onShow->Text2);
-  } else {
-    file.Add("Distx" + number, MmFromInches(state.CopDistx[cell]));
-    file.Add("Disty" + number, MmFromInches(state.CopDisty[cell]));
-    file.Add("Larg" + number, MmFromCm(state.CopLarg[cell]));
-    file.Add("Alte" + number, MmFromCm(state.CopAlte[cell]));
-  }
-}
+// In the order of the file.
+constexpr RawText kRawTexts[] = {
+    {kDistx, &EditRow::Text4}, {kDisty, &EditRow::Text5}, {kLarg, &EditRow::Text1}, {kAlte, &EditRow::Text2}};
 
 }  // namespace
 
 std::string ComposeLayout(const AppState& state, const EditRow& row) {
-  LayoutComposer file(state.decimalSeparator);
-  file.Add("Pagina", state.Orientamento);
+  std::string file = kHeading;
+  const auto add = [&](std::string_view key, const std::string& number, const std::string& value) {
+    file += std::string(key) + number + "=" + value + "\r\n";
+  };
+  const auto text = [&](double value) { return NumberToText(value, state.decimalSeparator); };
   const double onShow = CoverOnShow(row.Label4);
-  for (int n = 1; n <= state.NumCopertine; ++n) {
-    AddCover(file, state, n, onShow == n ? &row : nullptr);
+  add("Pagina", "", text(state.Orientamento));
+  for (std::size_t n = 1; static_cast<int>(n) <= state.NumCopertine; ++n) {
+    const std::string number = std::to_string(n);
+    add("Copertina", number, state.CopForma[n] ? text(*state.CopForma[n]) : "");
+    for (const auto& [measure, raw] : kRawTexts) {
+      const double mm = measure.mm((state.*measure.table)[n]);
+      add(measure.key, number, onShow == static_cast<double>(n) ? row.*raw : text(mm));
+    }
   }
-  return file.Text();
+  return file;
 }
 
 void WriteLayout(AppState& state, const EditRow& row, FileSystem& files, const std::string& path) {

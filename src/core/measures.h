@@ -1,5 +1,9 @@
 #pragma once
 
+#include <array>
+#include <string_view>
+
+#include "core/app_state.h"
 #include "platform/units.h"
 
 namespace Morvane {
@@ -23,5 +27,19 @@ constexpr double InchesFromMm(double mm) {
 constexpr double MmFromInches(double inches) {
   return (inches * 10) * kCentimetresPerInch;
 }
+
+// One of the four measures of a cover.
+struct Measure {
+  std::string_view key;  // in layout files
+  CoverTable<double> LayoutTables::*table;
+  double (*stored)(double mm);
+  double (*mm)(double stored);
+};
+
+inline constexpr Measure kDistx{"Distx", &LayoutTables::CopDistx, InchesFromMm, MmFromInches};
+inline constexpr Measure kDisty{"Disty", &LayoutTables::CopDisty, InchesFromMm, MmFromInches};
+inline constexpr Measure kLarg{"Larg", &LayoutTables::CopLarg, CmFromMm, MmFromCm};
+inline constexpr Measure kAlte{"Alte", &LayoutTables::CopAlte, CmFromMm, MmFromCm};
+inline constexpr std::array kMeasures = {kDistx, kDisty, kLarg, kAlte};
 
 }  // namespace Morvane

@@ -78,18 +78,18 @@ void FrmPreview::Connect() {
   };
   form.Activate = [this] { Form_Activate(); };
   form.Resize = [this] { Form_Resize(); };
-  Command1.Click = [this] { form.UnloadForm(); };
+  Command1.Click = [this] { Command1_Click(); };
   Command2.Click = [this] { Command2_Click(); };
   Command3.Click = [this] { Command3_Click(); };
   Command4.Click = [this] { Command4_Click(); };
   for (int i = 0; i < static_cast<int>(Option1.size()); ++i) {
     Option1[static_cast<std::size_t>(i)].Click = [this, i] { Option1_Click(i); };
   }
-  Label1.Click = [this] { form.UnloadForm(); };
-  Text1.Change = [this] { Restore(); };
-  Text1.LostFocus = [this] { Restore(); };
-  Check1.Click = [this] { Restore(); };
-  Picture2.Click = [this] { platform_.launcher.ShellExecute(std::string(WebAddresses::kMakerSite)); };
+  Label1.Click = [this] { Label1_Click(); };
+  Text1.Change = [this] { Text1_Change(); };
+  Text1.LostFocus = [this] { Text1_LostFocus(); };
+  Check1.Click = [this] { Check1_Click(); };
+  Picture2.Click = [this] { Picture2_Click(); };
 }
 
 void FrmPreview::Form_Load() {
@@ -180,6 +180,10 @@ void FrmPreview::Command4_Click() {
 void FrmPreview::Option1_Click(int index) {
   state_.ElencoColonne = static_cast<std::int16_t>(index + kFewestColumns);
   Restore();
+}
+
+void FrmPreview::Picture2_Click() {
+  platform_.launcher.ShellExecute(WebAddresses::kMakerSite);
 }
 
 }  // namespace Morvane

@@ -54,10 +54,16 @@ class FrmPreview {
   void Form_Load();
   void Form_Activate();
   void Form_Resize();
+  void Command1_Click() { form.UnloadForm(); }
   void Command2_Click();
   void Command3_Click();
   void Command4_Click();
   void Option1_Click(int index);
+  void Label1_Click() { Command1_Click(); }
+  void Text1_Change() { Restore(); }
+  void Text1_LostFocus() { Restore(); }
+  void Check1_Click() { Restore(); }
+  void Picture2_Click();
   void Restore();
 
   AppState& state_;

@@ -6,7 +6,6 @@
 
 #include "core/number_text.h"
 #include "platform/runtime_error.h"
-#include "windows/fonts/font_enumeration.h"
 
 namespace Morvane {
 
@@ -41,6 +40,12 @@ constexpr const char* kFallbackFont = "Arial";
 constexpr const char* kNotAvailable =
     "Font scelto non disponibile, verrà scelto l'Arial a video ed in stampa.";
 
+// Every installed family; none is left out.
+void ElencaFonts(ListBox& list, const FontCatalog& fonts) {
+  list.Clear();
+  for (const std::string& family : fonts.Families()) list.AddItem(family);
+}
+
 }  // namespace
 
 fONTEN::fONTEN(AppState& state, Platform& platform) : form(kWindow), state_(state), platform_(platform) {
@@ -59,7 +64,7 @@ fONTEN::fONTEN(AppState& state, Platform& platform) : form(kWindow), state_(stat
   Check3d1.Click = [this] { Check3d1_Click(); };
   Check3d2.Click = [this] { Check3d2_Click(); };
   cmdOK.Click = [this] { cmdOK_Click(); };
-  cmdCancel.Click = [this] { form.Hide(); };
+  cmdCancel.Click = [this] { cmdCancel_Click(); };
 }
 
 void fONTEN::Form_Load() {

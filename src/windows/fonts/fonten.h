@@ -34,6 +34,7 @@ class fONTEN {
   void Check3d1_Click();
   void Check3d2_Click();
   void cmdOK_Click();
+  void cmdCancel_Click() { form.Hide(); }
 
   void UsaInStampa();
   void ScegliArial();

@@ -125,7 +125,7 @@ Dialog::Dialog(AppState& state, Platform& platform, const CoverSlots& slots, Rnd
 void Dialog::ConnectList() {
   List1.SetSorted(true);
   List1.Click = [this] { List1_Click(); };
-  List1.DblClick = [this] { OKButton_Click(); };
+  List1.DblClick = [this] { List1_DblClick(); };
   OKButton.Click = [this] { OKButton_Click(); };
   OKButton.SetDefault(true);
   CancelButton.Click = [this] { CancelButton_Click(); };
@@ -143,10 +143,10 @@ void Dialog::ConnectFiles() {
 }
 
 void Dialog::ConnectEditing() {
-  Option1.Click = [this] { ChooseOrientation(0); };
-  Option2.Click = [this] { ChooseOrientation(1); };
-  Option3.Click = [this] { ChooseShape(0); };
-  Option4.Click = [this] { ChooseShape(1); };
+  Option1.Click = [this] { Option1_Click(); };
+  Option2.Click = [this] { Option2_Click(); };
+  Option3.Click = [this] { Option3_Click(); };
+  Option4.Click = [this] { Option4_Click(); };
   Command3.Click = [this] { Command3_Click(); };
   Command4.Click = [this] { Command4_Click(); };
   Command15.Click = [this] { Command15_Click(); };

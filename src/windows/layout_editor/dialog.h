@@ -86,6 +86,7 @@ class Dialog : private LayoutObserver {
   void Form_Unload();
   void List1_Click();
   void OKButton_Click();
+  void List1_DblClick() { OKButton_Click(); }
   void CancelButton_Click();
   void settacop(const std::string& a);
   int FindEntry(const std::string& name) const;
@@ -98,6 +99,10 @@ class Dialog : private LayoutObserver {
   void CopertinaRead(int n) override;
 
   // Editing.
+  void Option1_Click() { ChooseOrientation(0); }
+  void Option2_Click() { ChooseOrientation(1); }
+  void Option3_Click() { ChooseShape(0); }
+  void Option4_Click() { ChooseShape(1); }
   void ChooseOrientation(std::int16_t orientation);
   void ChooseShape(double shape);
   void StepDown(const MeasureRow& row);

@@ -27,10 +27,7 @@ void CloseGap(LayoutTables& tables, int n) {
     std::copy(table.begin() + n + 1, table.begin() + tables.NumCopertine + 1, table.begin() + n);
   };
   shift(tables.CopForma);
-  shift(tables.CopLarg);
-  shift(tables.CopAlte);
-  shift(tables.CopDistx);
-  shift(tables.CopDisty);
+  for (const Measure& measure : kMeasures) shift(tables.*measure.table);
 }
 
 }  // namespace
@@ -135,11 +132,11 @@ void Dialog::Command15_Click() {
 }
 
 double Dialog::StoredValue(const MeasureRow& row) const {
-  return row.stored(Val((this->*row.box).Text()));
+  return row.measure.stored(Val((this->*row.box).Text()));
 }
 
 double& Dialog::CellOnShow(const MeasureRow& row) {
-  return (state_.*row.table)[static_cast<std::size_t>(state_.CopCorrente)];
+  return (state_.*row.measure.table)[static_cast<std::size_t>(state_.CopCorrente)];
 }
 
 void Dialog::ShowMillimetres(const MeasureRow& row, double mm) {

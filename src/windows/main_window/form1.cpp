@@ -39,7 +39,7 @@ constexpr double kWindowLeft = 300;  // twips, as are all here
 constexpr double kLargestTop = 300;
 constexpr double kAroundPage = 1950;  // what the window's height has beyond the page's
 
-constexpr std::string_view kHelp =
+constexpr const char* kHelp =
     "Morvane\r\n\r\n"
     "Questo programma esegue la stampa delle copertine dei CD/DVD, VHS ecc. stampando fedelmente in scala "
     "l'area del fronte/retro della faccia del CD/DVD, della copertina grande del DVD, oppure anche delle "
@@ -97,7 +97,7 @@ void Form1::Form_Load() {
 }
 
 void Form1::ControllaVersione() {
-  const std::string remota = VersioneRemota(platform_.http.OpenUrl(std::string(WebAddresses::kUpdateFile)));
+  const std::string remota = VersioneRemota(platform_.http.OpenUrl(WebAddresses::kUpdateFile));
   if (!IsNewer(remota, VersioneLocale(platform_.app))) return;
   const std::string question = NewVersionMessage(platform_.app, remota);
   if (platform_.windows.MsgBox(question, MsgBoxButtons::YesNo) != MsgBoxAnswer::Yes) return;
@@ -281,11 +281,11 @@ void Form1::LanciaLindorel() {
 }
 
 void Form1::Menuhelp_Click() {
-  platform_.windows.MsgBox(std::string(kHelp));
+  platform_.windows.MsgBox(kHelp);
 }
 
-void Form1::Apri(std::string_view target) {
-  platform_.launcher.ShellExecute(std::string(target));
+void Form1::Apri(const std::string& target) {
+  platform_.launcher.ShellExecute(target);
 }
 
 }  // namespace Morvane

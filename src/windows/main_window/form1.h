@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "core/app_state.h"
@@ -67,7 +66,7 @@ class Form1 {
   void Stampa();
   void Esci();
   void LanciaLindorel();
-  void Apri(std::string_view target);  // an address, or a file of the program's folder
+  void Apri(const std::string& target);  // an address, or a file of the program's folder
 
  private:
   void BuildMenuBar();

@@ -28,9 +28,9 @@ Program::Program(Platform& platform, char decimalSeparator)
                             .pickerOkImage = [this] { return frmAbout_.Get().Command1.ImageKey(); }});
       }),
       fONTEN_([this] { return std::make_unique<fONTEN>(state, platform_); }),
-      form2_([this] { return std::make_unique<Form2>(state, platform_); }),
+      form2_([this] { return std::make_unique<Form2>(platform_); }),
       form3_([this] { return std::make_unique<Form3>(state, platform_); }),
-      form4_([this] { return std::make_unique<Form4>(state, platform_); }) {}
+      form4_([this] { return std::make_unique<Form4>(platform_); }) {}
 
 WindowOpeners Program::Openers() {
   return {.Dialog = [this] { dialog_.ShowModal(platform_.windows); },

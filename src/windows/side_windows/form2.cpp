@@ -45,7 +45,7 @@ std::string ToolDescription() {
 
 }  // namespace
 
-Form2::Form2(AppState& state, Platform& platform) : form(kWindow), state_(state), platform_(platform) {
+Form2::Form2(Platform& platform) : form(kWindow), platform_(platform) {
   form.LayOut(kControls);
   form.SetIconKey("morvane");
   form.Load = [this] { Form_Load(); };
@@ -66,11 +66,7 @@ void Form2::Form_Load() {
 }
 
 void Form2::Label1_Click() {
-  platform_.launcher.ShellExecute(std::string(WebAddresses::kPdfCreator));
-}
-
-void Form2::Command1_Click() {
-  form.UnloadForm();
+  platform_.launcher.ShellExecute(WebAddresses::kPdfCreator);
 }
 
 }  // namespace Morvane

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/app_state.h"
 #include "platform/controls/form.h"
 #include "platform/controls/simple_controls.h"
 #include "windows/platform.h"
@@ -10,7 +9,7 @@ namespace Morvane {
 // What PDF Creator is, and the way to its project page.
 class Form2 {
  public:
-  Form2(AppState& state, Platform& platform);
+  explicit Form2(Platform& platform);
 
   Form form;
   Label Label1{form, "Label1"};  // link
@@ -20,9 +19,8 @@ class Form2 {
  private:
   void Form_Load();
   void Label1_Click();
-  void Command1_Click();
+  void Command1_Click() { form.UnloadForm(); }
 
-  AppState& state_;
   Platform& platform_;
 };
 

@@ -34,8 +34,8 @@ constexpr std::array kControls = {
     ControlRow{"Picture3", "", "Visita il sito dell'autore", 3000, 4170, 1800, 435},
 };
 
-constexpr std::string_view kTextFile = "morvane_fileid.txt";
-constexpr std::string_view kLetterPack = "OMK.HTM";
+constexpr const char* kTextFile = "morvane_fileid.txt";
+constexpr const char* kLetterPack = "OMK.HTM";
 
 constexpr int kDesignInterval = 3;  // milliseconds, as are the next three
 constexpr int kFastest = 1;
@@ -112,11 +112,11 @@ void Form3::ConnectEvents() {
   Command3d1.MouseMove = reset;
   Picture2.MouseMove = reset;
   Picture3.MouseMove = [this](double, double) { Picture3_MouseMove(); };
-  Picture3.Click = [this] { Open(WebAddresses::kMakerSite); };
-  Picture6.Click = [this] { Open(kLetterPack); };
-  Picture7.Click = [this] { Open(WebAddresses::kDonation); };
+  Picture3.Click = [this] { Picture3_Click(); };
+  Picture6.Click = [this] { Picture6_Click(); };
+  Picture7.Click = [this] { Picture7_Click(); };
   Command3d1.Click = [this] { Command3d1_Click(); };
-  Frame2.Click = [this] { Command3d1_Click(); };
+  Frame2.Click = [this] { Frame2_Click(); };
 }
 
 void Form3::Form_Load() {
@@ -156,7 +156,7 @@ void Form3::inizia() {
 // Without the file there are no lines; one that fails half-way ends there.
 void Form3::ForEachLine(const std::function<void(const std::string&)>& visit) const {
   std::unique_ptr<InputFile> file;
-  ResumeNext([&] { file = platform_.files.OpenForInput(state_.AppPath + std::string(kTextFile)); });
+  ResumeNext([&] { file = platform_.files.OpenForInput(state_.AppPath + kTextFile); });
   if (!file) return;
   ResumeNext([&] {
     for (std::string line; file->ReadLine(line);) visit(line);
@@ -221,16 +221,20 @@ void Form3::Picture3_MouseMove() {
   platform_.screen.SetMousePointer(MousePointer::Custom);
 }
 
-void Form3::Command3d1_Click() {
-  form.UnloadForm();
+void Form3::Picture3_Click() {
+  platform_.launcher.ShellExecute(WebAddresses::kMakerSite);
+}
+
+void Form3::Picture6_Click() {
+  platform_.launcher.ShellExecute(kLetterPack);
+}
+
+void Form3::Picture7_Click() {
+  platform_.launcher.ShellExecute(WebAddresses::kDonation);
 }
 
 void Form3::ResetPointer() {
   platform_.screen.SetMousePointer(MousePointer::Default);
-}
-
-void Form3::Open(std::string_view target) {
-  platform_.launcher.ShellExecute(std::string(target));
 }
 
 }  // namespace Morvane

@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <string>
-#include <string_view>
 
 #include "core/app_state.h"
 #include "platform/controls/form.h"
@@ -48,7 +47,11 @@ class Form3 {
   // Left button faster, any other slower: 1 to 101 milliseconds a step.
   void Picture5_MouseDown(MouseButton button);
   void Picture3_MouseMove();
-  void Command3d1_Click();
+  void Picture3_Click();
+  void Picture6_Click();
+  void Picture7_Click();
+  void Command3d1_Click() { form.UnloadForm(); }
+  void Frame2_Click() { Command3d1_Click(); }
 
   void DressLabels();
   void ConnectEvents();
@@ -58,7 +61,6 @@ class Form3 {
   void RuleLines();
   void PrintCentred(const std::string& line);
   void ResetPointer();
-  void Open(std::string_view target);
 
   AppState& state_;
   Platform& platform_;

@@ -41,7 +41,7 @@ std::string SearchAddress(const std::string& terms, const std::string& kind) {
 
 }  // namespace
 
-Form4::Form4(AppState& state, Platform& platform) : form(kWindow), state_(state), platform_(platform) {
+Form4::Form4(Platform& platform) : form(kWindow), platform_(platform) {
   form.LayOut(kControls);
   form.SetIconKey("morvane");
   form.Load = [this] { Form_Load(); };
@@ -66,10 +66,6 @@ void Form4::Command1_Click() {
     return;
   }
   platform_.launcher.ShellExecute(SearchAddress(Text1.Text(), List1.Text()));
-  form.UnloadForm();
-}
-
-void Form4::Command2_Click() {
   form.UnloadForm();
 }
 

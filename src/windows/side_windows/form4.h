@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/app_state.h"
 #include "platform/controls/form.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/simple_controls.h"
@@ -11,7 +10,7 @@ namespace Morvane {
 // Search for covers on the web: hands a term and a kind of cover to the system's browser.
 class Form4 {
  public:
-  Form4(AppState& state, Platform& platform);
+  explicit Form4(Platform& platform);
 
   Form form;
   ImageBox Picture1{form, "Picture1"};
@@ -25,9 +24,8 @@ class Form4 {
  private:
   void Form_Load();
   void Command1_Click();
-  void Command2_Click();
+  void Command2_Click() { form.UnloadForm(); }
 
-  AppState& state_;
   Platform& platform_;
 };
 
