@@ -1,3 +1,5 @@
+#include <malloc.h>
+
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
@@ -43,6 +45,7 @@ std::string Fill(Program& program, WindowMachine& desk, const std::vector<std::s
 // that are held, in kB too.
 int main(int argc, char** argv) {
   if (argc < 4) return 2;
+  mallopt(M_MMAP_THRESHOLD, 128 << 10);  // as the program does
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const TemporaryFolder own;
   PrivateCups::ChooseSocket(own.Path());

@@ -54,10 +54,11 @@ void DecodeHere(OldFormat format, const std::string& bytes) try {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static unsigned inputs = 0;
   const std::string bytes = Text(data, size);
-  const auto format = FormatOf(bytes);
+  const auto format = FormatOf(QByteArray::fromStdString(bytes));
   if (!format) return 0;
   DecodeHere(*format, bytes);
   if (inputs++ % 16 != 0) return 0;
-  if (const auto picture = DecodeOldFormat(MORVANE_DECODER, *format, bytes)) Check(*picture);
+  if (const auto picture = DecodeOldFormat(MORVANE_DECODER, *format, QByteArray::fromStdString(bytes)))
+    Check(*picture);
   return 0;
 }

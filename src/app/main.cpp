@@ -1,3 +1,4 @@
+#include <malloc.h>
 #include <sys/resource.h>
 
 #include <QApplication>
@@ -37,6 +38,8 @@ constexpr std::chrono::milliseconds kAfterFirstPage(100);
 // More readings of a layout than a run sees, and few enough for started programs, which take the limit over.
 constexpr rlim_t kOpenFiles = 65536;
 
+constexpr int kLargestInHeap = 128 << 10;  // bytes
+
 // Layouts that were read stay open for the run.
 void RaiseFileLimit() {
   rlimit limit{};
@@ -61,6 +64,8 @@ char DecimalSeparator() {
 
 int main(int argc, char** argv) {
   RaiseFileLimit();
+  // Files of photos come and go by megabytes. Mapped each by itself they leave no holes in the heap.
+  mallopt(M_MMAP_THRESHOLD, kLargestInHeap);
   const std::future<void> fontRules = ReadFontRules();
   QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);  // a window's menus are in the window
   QApplication application(argc, argv);

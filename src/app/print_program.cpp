@@ -1,13 +1,11 @@
 #include "app/print_program.h"
 
-#include <QThreadPool>
-#include <algorithm>
+#include <QtConcurrentMap>
+#include <exception>
 #include <filesystem>
-#include <future>
 #include <map>
 #include <memory>
 #include <system_error>
-#include <utility>
 #include <vector>
 
 #include "app/console.h"
@@ -34,11 +32,8 @@ class PdfFiles : public PrinterDevice {
   SheetSize PortraitSheet() override { return kA4; }
   PrintDialogAnswer ShowDialog(const PrintDialogRequest&, PageOrientation&) override { return {}; }
   void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override {
-    Undecodable =
-        WritePdf(PdfNameOfCopy(pdf_, ++written_, copies_), page, orientation, PortraitSheet(), title);
+    WritePdf(PdfNameOfCopy(pdf_, ++written_, copies_), page, orientation, PortraitSheet(), title);
   }
-
-  std::vector<PicturePtr> Undecodable;  // of the last page
 
  private:
   const std::string pdf_;
@@ -81,59 +76,51 @@ void RequireCovers(const PrintArguments& arguments, const AppState& state) {
                                                                  std::to_string(state.NumCopertine) + ".");
 }
 
-PicturePtr& SlotOf(CoverSlots& slots, int cover) {
-  return slots.Image1.at(static_cast<std::size_t>(cover - 1));
-}
+struct PictureToLoad {
+  int cover = 0;
+  std::string file;  // as it was given
+  std::string path;
+  PicturePtr picture;
+  std::exception_ptr failure;
+};
 
-using BadPictures = std::map<int, std::string>;  // what is wrong, by cover number
-
-// All at once: decoding them takes most of the time. A bad picture leaves its slot empty. RuntimeError when a
-// file is not there.
-void LoadPictures(const PrintArguments& arguments, const FileSystem& files, const PictureLoader& pictures,
-                  CoverSlots& slots, BadPictures& bad) {
-  std::map<int, std::string> paths;
-  for (const auto& [cover, file] : arguments.pictures) paths[cover] = WindowsPath(files, file);
-  std::map<int, std::future<PicturePtr>> loading;
-  QThreadPool pool;
-  for (const auto& [cover, path] : paths) {
-    const auto load = std::make_shared<std::packaged_task<PicturePtr()>>(
-        [&pictures, file = arguments.pictures.at(cover), path = path] {
-          return NamedAsGiven(file, path, [&] { return pictures.LoadPicture(path); });
-        });
-    loading.emplace(cover, load->get_future());
-    pool.start([load] { (*load)(); });
-  }
-  for (auto& [cover, picture] : loading) {
-    try {
-      SlotOf(slots, cover) = picture.get();
-    } catch (const RuntimeError& error) {
-      if (error.Number() != ErrorNumber::InvalidPicture) throw;
-      bad[cover] = error.what();
-    }
+void Load(const PictureLoader& pictures, PictureToLoad& one) {
+  try {
+    one.picture = NamedAsGiven(one.file, one.path, [&] { return pictures.LoadPicture(one.path); });
+  } catch (...) {
+    one.failure = std::current_exception();
   }
 }
 
-// A picture whose damage lies behind its header shows it when it is painted.
-void FindUndecodable(const PrintArguments& arguments, CoverSlots& slots,
-                     const std::vector<PicturePtr>& undecodable, BadPictures& bad) {
+// Puts the picture into its slot, or tells that it is a bad one: false. RuntimeError when the file is not
+// there.
+bool TakeInto(CoverSlots& slots, const PictureToLoad& one) {
+  try {
+    if (one.failure) std::rethrow_exception(one.failure);
+    slots.Image1.at(static_cast<std::size_t>(one.cover - 1)) = one.picture;
+    return true;
+  } catch (const RuntimeError& error) {
+    if (error.Number() != ErrorNumber::InvalidPicture) throw;
+    Complain("copertina " + std::to_string(one.cover) + ": " + error.what());
+    return false;
+  }
+}
+
+// On all processors at once: decoding takes most of the time. False when there was a bad picture.
+bool LoadPictures(const PrintArguments& arguments, const FileSystem& files, const PictureLoader& pictures,
+                  CoverSlots& slots) {
+  std::vector<PictureToLoad> loading;
   for (const auto& [cover, file] : arguments.pictures) {
-    const PicturePtr& picture = SlotOf(slots, cover);
-    if (std::find(undecodable.begin(), undecodable.end(), picture) != undecodable.end()) {
-      bad[cover] = DamagedPicture(file).what();
-    }
+    loading.push_back({cover, file, WindowsPath(files, file), nullptr, nullptr});
   }
-}
-
-// All but these pictures is on the sheet.
-ExitCode ComplainOf(const BadPictures& bad) {
-  for (const auto& [cover, text] : bad) {
-    Complain("copertina " + std::to_string(cover) + ": " + text);
-  }
-  return bad.empty() ? ExitCode::Done : ExitCode::NotPrinted;
+  QtConcurrent::blockingMap(loading, [&](PictureToLoad& one) { Load(pictures, one); });
+  bool areAllGood = true;
+  for (const PictureToLoad& one : loading) areAllGood = TakeInto(slots, one) && areAllGood;
+  return areAllGood;
 }
 
 ExitCode PrintCovers(const PrintArguments& arguments, const FileSystem& files, const PictureLoader& pictures,
-                     Printer& printer, const PdfFiles& pdf) {
+                     Printer& printer) {
   AppState state;
   CoverSlots slots;
   state.MaxCopertine = kMaxCovers;
@@ -142,15 +129,13 @@ ExitCode PrintCovers(const PrintArguments& arguments, const FileSystem& files, c
   if (state.NumCopertine == 0) InstallDefaultLayout(state);
   SetWorkspacePage(state);
   RequireCovers(arguments, state);
-  BadPictures bad;
-  LoadPictures(arguments, files, pictures, slots, bad);
+  const bool areAllGood = LoadPictures(arguments, files, pictures, slots);
   if (!state.NomeLayout.empty()) printer.JobTitle = state.NomeLayout;
   for (int copy = 1; copy <= arguments.copies; ++copy) {
     DisegnaFoglio(state, slots, printer);
     printer.EndDoc();
   }
-  FindUndecodable(arguments, slots, pdf.Undecodable, bad);
-  return ComplainOf(bad);
+  return areAllGood ? ExitCode::Done : ExitCode::NotPrinted;
 }
 
 void PrintContents(const PrintArguments& arguments, const FileSystem& files, const FontCatalog& fonts,
@@ -179,7 +164,8 @@ void PrintContents(const PrintArguments& arguments, const FileSystem& files, con
 }
 
 // RuntimeError when there is no such printer.
-std::unique_ptr<PrinterDevice> OpenQueue(const PrintArguments& arguments) {
+std::unique_ptr<PrinterDevice> OpenDevice(const PrintArguments& arguments) {
+  if (!arguments.pdf.empty()) return std::make_unique<PdfFiles>(arguments.pdf, arguments.copies);
   auto queue = std::make_unique<QtPrinterDevice>();
   queue->OnComplaint = Complain;
   if (!arguments.calibrated) queue->LeaveOutCalibration();
@@ -190,16 +176,12 @@ std::unique_ptr<PrinterDevice> OpenQueue(const PrintArguments& arguments) {
 }  // namespace
 
 ExitCode Print(const PrintArguments& arguments, const FileSystem& files) {
-  // A queue does not tell which pictures it went without.
-  const PictureCheck check = arguments.pdf.empty() ? PictureCheck::Whole : PictureCheck::Header;
-  QtPictureLoader pictures(files, OldFormatDecoderPath(), check);
+  const QtPictureLoader pictures(files, OldFormatDecoderPath());
   const QtTextMetrics metrics;
   const QtFontCatalog fonts;
-  PdfFiles pdf(arguments.pdf, arguments.copies);
-  const std::unique_ptr<PrinterDevice> queue = arguments.pdf.empty() ? OpenQueue(arguments) : nullptr;
-  PrinterDevice& device = queue ? *queue : pdf;
-  Printer printer(device, metrics, fonts);
-  if (!arguments.contents) return PrintCovers(arguments, files, pictures, printer, pdf);
+  const std::unique_ptr<PrinterDevice> device = OpenDevice(arguments);
+  Printer printer(*device, metrics, fonts);
+  if (!arguments.contents) return PrintCovers(arguments, files, pictures, printer);
   PrintContents(arguments, files, fonts, printer);
   return ExitCode::Done;
 }

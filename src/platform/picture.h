@@ -25,8 +25,6 @@ class PictureLoader {
   // Reads and checks a picture file; several threads may do so at once. RuntimeError: FileNotFound,
   // PathNotFound, InvalidPicture (cannot be decoded, or is too large to be).
   virtual PicturePtr LoadPicture(const std::string& path) const = 0;
-  // The same, checked in less detail and so sooner: for one that is looked at and mostly not chosen.
-  virtual PicturePtr LoadPreview(const std::string& path) const { return LoadPicture(path); }
 };
 
 }  // namespace Morvane

@@ -174,7 +174,7 @@ void frmAbout::TimerAnteprima_Tick() {
   Image1.SetVisible(false);
   Image1.SetStretch(false);
   // A file that can't be decoded leaves the picture before it in view, and is chosen all the same.
-  ResumeNext([&] { Image1.SetPicture(platform_.pictures.LoadPreview(state_.ImmagineScelta)); });
+  ResumeNext([&] { Image1.SetPicture(platform_.pictures.LoadPicture(state_.ImmagineScelta)); });
   platform_.screen.SetMousePointer(MousePointer::Hourglass);
   const PreviewSize size = ScaleToPreview(Image1.Width(), Image1.Height(), platform_.screen.TwipsPerPixelX,
                                           platform_.screen.TwipsPerPixelY);

@@ -72,10 +72,10 @@ TEST(OldFormats, AreDrawnAsTheCasesTellOrRefusedSoon) {
   ExpectCases("tests/platform/old_formats/pictures.txt", [&](const std::string& given) -> std::string {
     const std::string bytes = BytesOf(given, whole);
     if (!given.starts_with("keep")) whole = bytes;
-    const auto format = FormatOf(bytes);
+    const auto format = FormatOf(QByteArray::fromStdString(bytes));
     if (!format) return "of no old format";
     const auto start = std::chrono::steady_clock::now();
-    const auto decoded = DecodeOldFormat(MORVANE_DECODER, *format, bytes);
+    const auto decoded = DecodeOldFormat(MORVANE_DECODER, *format, QByteArray::fromStdString(bytes));
     EXPECT_LT(std::chrono::steady_clock::now() - start, kMostTime) << given;
     if (!decoded) return "cannot be decoded";
     machine.WriteFile("C:\\a", bytes);

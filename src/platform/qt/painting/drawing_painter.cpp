@@ -81,18 +81,16 @@ class Painting {
     if (!line.underline.isEmpty()) painter_.fillRect(line.underline, ToQt(text.color));
   }
 
-  // Pictures on paper are large and seldom in the cache.
-  void DecodeForPaper(const DrawingList& drawing) {
+  // Those on paper are large and seldom in the cache.
+  void DecodePictures(const DrawingList& drawing) {
     if (!onPaper_) return;
     std::vector<PictureCache::Wish> wishes;
     for (const Shape& shape : drawing) {
       const auto* const picture = std::get_if<PictureShape>(&shape);
       if (picture != nullptr) wishes.push_back({picture->picture, PaperDots(InPixels(picture->box))});
     }
-    cache_.pictures.PrepareForPaper(wishes);
+    cache_.pictures.Prepare(wishes);
   }
-
-  const std::vector<PicturePtr>& Undecodable() const { return undecodable_; }
 
  private:
   static QSize PaperDots(const QRectF& box) {
@@ -128,17 +126,11 @@ class Painting {
   }
 
   void DrawPicture(const PicturePtr& picture, const QRectF& box, QSize pixels) {
-    const QImage image = cache_.pictures.Image(picture, pixels, which_);
-    if (image.isNull()) {
-      undecodable_.push_back(picture);
-    } else {
-      painter_.drawImage(box, image);
-    }
+    painter_.drawImage(box, cache_.pictures.Image(picture, pixels, which_));
   }
 
   QPainter& painter_;
   PaintCache& cache_;
-  std::vector<PicturePtr> undecodable_;
   const Pixels which_;
   const bool onPaper_;
   const QTransform twips_;     // the world transform that was given
@@ -148,14 +140,12 @@ class Painting {
 
 }  // namespace
 
-std::vector<PicturePtr> PaintDrawing(QPainter& painter, const DrawingList& drawing, PaintCache& cache,
-                                     Pixels pixels) {
+void PaintDrawing(QPainter& painter, const DrawingList& drawing, PaintCache& cache, Pixels pixels) {
   painter.save();
   Painting painting(painter, cache, pixels);
-  painting.DecodeForPaper(drawing);
+  painting.DecodePictures(drawing);
   for (const Shape& shape : drawing) std::visit(painting, shape);
   painter.restore();
-  return painting.Undecodable();
 }
 
 }  // namespace Morvane

@@ -1,12 +1,12 @@
 #include "platform/qt/pictures/old_formats.h"
 
 #include <QList>
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
 #include "platform/old_formats/limits.h"
 #include "platform/qt/pictures/decoder_process.h"
-#include "platform/qt/pictures/in_place.h"
 #include "platform/qt/pictures/svg_references.h"
 
 namespace Morvane {
@@ -17,21 +17,21 @@ using namespace std::string_view_literals;
 
 constexpr qsizetype kHeaderBytes = 100;
 
-bool HasAt(const std::string& bytes, size_t offset, std::string_view text) {
-  return bytes.size() >= offset + text.size() && bytes.compare(offset, text.size(), text) == 0;
+bool HasAt(const QByteArray& bytes, qsizetype offset, std::string_view text) {
+  return bytes.sliced(std::min(offset, bytes.size())).startsWith(QByteArrayView(text.data(), text.size()));
 }
 
-bool IsEmf(const std::string& bytes) {
+bool IsEmf(const QByteArray& bytes) {
   return HasAt(bytes, 0, "\1\0\0\0"sv) && HasAt(bytes, 40, " EMF"sv);
 }
 
-bool IsWmf(const std::string& bytes) {
+bool IsWmf(const QByteArray& bytes) {
   const bool placeable = HasAt(bytes, 0, "\xD7\xCD\xC6\x9A"sv);
   const bool standard = HasAt(bytes, 0, "\1\0\x09\0"sv) || HasAt(bytes, 0, "\2\0\x09\0"sv);
   return placeable || (standard && (HasAt(bytes, 4, "\0\3"sv) || HasAt(bytes, 4, "\0\1"sv)));
 }
 
-bool IsIff(const std::string& bytes) {
+bool IsIff(const QByteArray& bytes) {
   return HasAt(bytes, 0, "FORM"sv) && (HasAt(bytes, 8, "ILBM"sv) || HasAt(bytes, 8, "PBM "sv));
 }
 
@@ -63,7 +63,7 @@ std::optional<DecodedPicture> PixelsOf(QByteArray rgba, double width, double hei
 
 }  // namespace
 
-std::optional<OldFormat> FormatOf(const std::string& bytes) {
+std::optional<OldFormat> FormatOf(const QByteArray& bytes) {
   if (IsEmf(bytes)) return OldFormat::Emf;
   if (IsWmf(bytes)) return OldFormat::Wmf;
   if (IsIff(bytes)) return OldFormat::Iff;
@@ -71,12 +71,12 @@ std::optional<OldFormat> FormatOf(const std::string& bytes) {
 }
 
 std::optional<DecodedPicture> DecodeOldFormat(const std::string& decoderPath, OldFormat format,
-                                              const std::string& bytes) {
-  if (bytes.size() > DecoderLimits::kFileBytes) return std::nullopt;
+                                              const QByteArray& bytes) {
+  if (bytes.size() > qsizetype{DecoderLimits::kFileBytes}) return std::nullopt;
   const bool isIff = format == OldFormat::Iff;
   const qint64 mostBytes = isIff ? 4 * DecoderLimits::kPixels : qint64{DecoderLimits::kSvgBytes};
-  std::optional<QByteArray> output = RunDecoder(decoderPath, NameOf(format), InPlace(bytes),
-                                                kHeaderBytes + mostBytes, DecoderLimits::kWallTime);
+  std::optional<QByteArray> output =
+      RunDecoder(decoderPath, NameOf(format), bytes, kHeaderBytes + mostBytes, DecoderLimits::kWallTime);
   if (!output) return std::nullopt;
   // "svg WIDTH HEIGHT" or "rgba WIDTH HEIGHT" on a line of its own stands before the picture itself.
   const qsizetype end = output->left(kHeaderBytes).indexOf('\n');

@@ -5,7 +5,6 @@
 #include <QSaveFile>
 
 #include "platform/qt/painting/drawing_painter.h"
-#include "platform/qt/pictures/qt_picture.h"
 #include "platform/runtime_error.h"
 #include "platform/units.h"
 
@@ -21,13 +20,12 @@ QPageLayout LayoutOf(SheetSize sheet, PageOrientation orientation) {
 
 }  // namespace
 
-std::vector<PicturePtr> WritePdf(const std::string& nativePath, const DrawingList& drawing,
-                                 PageOrientation orientation, SheetSize sheet, const std::string& title) {
+void WritePdf(const std::string& nativePath, const DrawingList& drawing, PageOrientation orientation,
+              SheetSize sheet, const std::string& title) {
   const RuntimeError failure(ErrorNumber::PrinterFailure,
                              "Impossibile scrivere il file '" + nativePath + "'.");
   QSaveFile file(QString::fromStdString(nativePath));
   if (!file.open(QIODevice::WriteOnly)) throw failure;
-  std::vector<PicturePtr> undecodable;
   {
     QPdfWriter writer(&file);
     writer.setCreator("Morvane");
@@ -37,12 +35,11 @@ std::vector<PicturePtr> WritePdf(const std::string& nativePath, const DrawingLis
     if (!painter.begin(&writer)) throw failure;
     painter.scale(writer.logicalDpiX() / kTwipsPerInch, writer.logicalDpiY() / kTwipsPerInch);
     PaintCache cache;
-    undecodable = PaintDrawing(painter, drawing, cache);
+    PaintDrawing(painter, drawing, cache);
     painter.end();
   }
   // What the toolkit still holds back is written here; a commit would not tell that the disk is full.
   if (!file.flush() || file.error() != QFileDevice::NoError || !file.commit()) throw failure;
-  return undecodable;
 }
 
 }  // namespace Morvane

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "platform/drawing/printer_device.h"
 
@@ -9,8 +8,8 @@ namespace Morvane {
 
 // Writes a drawing as a PDF file of one sheet without margins, at true scale. `sheet` is the sheet in
 // portrait; `nativePath` is replaced as a whole or not at all. RuntimeError PrinterFailure when it cannot be
-// written. A picture that cannot be decoded leaves its box empty; the result names those.
-std::vector<PicturePtr> WritePdf(const std::string& nativePath, const DrawingList& drawing,
-                                 PageOrientation orientation, SheetSize sheet, const std::string& title);
+// written.
+void WritePdf(const std::string& nativePath, const DrawingList& drawing, PageOrientation orientation,
+              SheetSize sheet, const std::string& title);
 
 }  // namespace Morvane

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "platform/files/name_order.h"
+#include "platform/qt/pictures/picture_reader.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 
 namespace Morvane {

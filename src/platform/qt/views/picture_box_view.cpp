@@ -14,7 +14,7 @@
 #include "platform/controls/picture_box.h"
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/pictures/artwork.h"
-#include "platform/qt/pictures/qt_picture.h"
+#include "platform/qt/pictures/picture_cache.h"
 #include "platform/qt/views/dragged_pictures.h"
 #include "platform/qt/views/view_text.h"
 
