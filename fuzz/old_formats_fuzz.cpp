@@ -2,8 +2,7 @@
 #include <memory>
 
 #include "fuzz/support/fuzz_machine.h"
-#include "platform/old_formats/emf_decoder.h"
-#include "platform/old_formats/wmf_decoder.h"
+#include "platform/old_formats/decoder.h"
 #include "platform/qt/pictures/old_formats.h"
 #include "platform/qt/pictures/svg_references.h"
 

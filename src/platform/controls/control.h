@@ -13,6 +13,10 @@ namespace Morvane {
 class Container;
 class Form;
 
+// The keys that reach Control::KeyDown, by the numbers that handlers compare with.
+inline constexpr int kKeyEnter = 13;
+inline constexpr int kKeyEscape = 27;
+
 enum class MouseButton { Left = 1, Right = 2, Middle = 4 };
 
 // What of a control has changed, so that its view mirrors no more than that.
@@ -44,7 +48,7 @@ class Control {
   std::function<void()> Click;
   std::function<void()> DblClick;
   std::function<void()> LostFocus;
-  std::function<void(int keyCode)> KeyDown;  // see key_codes.h
+  std::function<void(int keyCode)> KeyDown;
   // Coordinates are twips from the control's corner; a PictureBox gives them in its surface's scale.
   std::function<void(MouseButton button, double x, double y)> MouseDown;
   std::function<void(double x, double y)> MouseMove;

@@ -27,7 +27,11 @@ class Screen {
   double TwipsPerPixelY = kTwipsPerPixel;
 
   MousePointer Pointer() const { return pointer_; }
-  void SetMousePointer(MousePointer pointer);
+  void SetMousePointer(MousePointer pointer) {
+    if (pointer_ == pointer) return;
+    pointer_ = pointer;
+    if (OnPointerChange) OnPointerChange();
+  }
   // Artwork of the custom pointer.
   const std::string& MouseIcon() const { return mouseIcon_; }
   void SetMouseIcon(const std::string& imageKey) { mouseIcon_ = imageKey; }

@@ -31,7 +31,6 @@ class DrawingSurface {
 
   // Units from the top left corner of the surface.
   void SetScaleMode(ScaleMode mode);
-  ScaleMode GetScaleMode() const { return mode_; }
 
   // User coordinates with these two corners. RuntimeError InvalidPropertyValue when a side is 0.
   void Scale(double x1, double y1, double x2, double y2);

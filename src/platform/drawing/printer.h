@@ -21,7 +21,6 @@ class Printer {
   double Width();
   double Height();
 
-  PageOrientation Orientation() const { return orientation_; }
   void SetOrientation(PageOrientation orientation) { orientation_ = orientation; }
 
   // RuntimeError InvalidPropertyValue for a family that cannot be used for printing; the font stays as it

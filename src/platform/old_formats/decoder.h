@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -19,5 +20,9 @@ class Decoder {
   // Undecodable, std::bad_alloc.
   virtual std::string Decode(const std::string& bytes) = 0;
 };
+
+std::unique_ptr<Decoder> MakeEmfDecoder();
+std::unique_ptr<Decoder> MakeWmfDecoder();
+std::unique_ptr<Decoder> MakeIffDecoder();
 
 }  // namespace Morvane

@@ -1,5 +1,3 @@
-#include "platform/old_formats/emf_decoder.h"
-
 #include <emf2svg.h>
 #include <iconv.h>
 
@@ -9,6 +7,7 @@
 #include <vector>
 
 #include "platform/old_formats/byte_reader.h"
+#include "platform/old_formats/decoder.h"
 #include "platform/old_formats/svg_text.h"
 #include "platform/units.h"
 

@@ -1,9 +1,8 @@
-#include "platform/old_formats/iff_decoder.h"
-
 #include <SDL_image.h>
 
 #include <algorithm>
 
+#include "platform/old_formats/decoder.h"
 #include "platform/old_formats/limits.h"
 
 namespace Morvane {

@@ -7,11 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/old_formats/emf_decoder.h"
-#include "platform/old_formats/iff_decoder.h"
+#include "platform/old_formats/decoder.h"
 #include "platform/old_formats/limits.h"
 #include "platform/old_formats/lock_down.h"
-#include "platform/old_formats/wmf_decoder.h"
 
 namespace {
 

@@ -1,5 +1,3 @@
-#include "platform/old_formats/wmf_decoder.h"
-
 #include <libwmf/api.h>
 #include <libwmf/svg.h>
 
@@ -8,6 +6,7 @@
 #include <optional>
 
 #include "platform/old_formats/byte_reader.h"
+#include "platform/old_formats/decoder.h"
 #include "platform/old_formats/limits.h"
 #include "platform/old_formats/svg_text.h"
 #include "platform/old_formats/wmf_painting.h"

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "core/settings_file.h"
-#include "platform/controls/key_codes.h"
 #include "platform/resume_next.h"
 #include "windows/image_picker/image_file_operations.h"
 #include "windows/image_picker/image_list.h"

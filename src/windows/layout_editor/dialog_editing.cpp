@@ -2,7 +2,6 @@
 #include <cmath>
 
 #include "core/number_text.h"
-#include "platform/controls/key_codes.h"
 #include "platform/units.h"
 #include "windows/layout_editor/dialog.h"
 #include "windows/layout_editor/measure_rows.h"

@@ -3,7 +3,6 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 
-#include "platform/controls/key_codes.h"
 #include "platform/qt/pictures/artwork.h"
 #include "platform/qt/views/view_text.h"
 

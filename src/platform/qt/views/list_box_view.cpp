@@ -1,10 +1,10 @@
 #include "platform/qt/views/control_views.h"
 
-#include <QAbstractListModel>
 #include <QContextMenuEvent>
 #include <QListView>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStringListModel>
 #include <QTimer>
 
 #include "platform/controls/list_box.h"
@@ -12,21 +12,6 @@
 
 namespace Morvane {
 namespace {
-
-// The rows of a list box, read where they are. The count is that of the last Refresh, so that thousands of
-// added rows are one change to the view.
-class ListRows : public QAbstractListModel {
- public:
-  explicit ListRows(const ListBox& list) : list_(list) {}
-
-  int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : count_; }
-  QVariant data(const QModelIndex& index, int role) const override;
-  void Refresh();
-
- private:
-  const ListBox& list_;
-  int count_ = 0;
-};
 
 class ListBoxView : public WidgetView<ListBox, OneSelected<QListView>> {
  public:
@@ -43,26 +28,15 @@ class ListBoxView : public WidgetView<ListBox, OneSelected<QListView>> {
   void Refresh();
   void FollowUser();
 
-  ListRows rows_;
-  QTimer refresh_;
+  QStringListModel rows_;
+  QTimer refresh_;  // thousands of added rows are one change to the widget
   bool stale_ = false;
   bool following_ = false;
   bool userSelects_ = false;
 };
 
-QVariant ListRows::data(const QModelIndex& index, int role) const {
-  if (role != Qt::DisplayRole) return {};
-  return QString::fromStdString(list_.List(index.row()));
-}
-
-void ListRows::Refresh() {
-  beginResetModel();
-  count_ = list_.ListCount();
-  endResetModel();
-}
-
 ListBoxView::ListBoxView(ListBox& model, QWidget& parent, const ViewContext& context)
-    : WidgetView(model, parent, context), rows_(model) {
+    : WidgetView(model, parent, context) {
   widget_.setModel(&rows_);
   widget_.setUniformItemSizes(true);
   widget_.setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -81,7 +55,9 @@ void ListBoxView::MirrorContent() {
 void ListBoxView::Refresh() {
   stale_ = false;
   const int scrolled = widget_.verticalScrollBar()->value();
-  rows_.Refresh();
+  QStringList rows;
+  for (int row = 0; row < model_.ListCount(); ++row) rows << QString::fromStdString(model_.List(row));
+  rows_.setStringList(rows);
   widget_.doItemsLayout();
   widget_.verticalScrollBar()->setValue(scrolled);
 }
