@@ -50,6 +50,7 @@ int main(int argc, char** argv) {
   const TemporaryFolder own;
   PrivateCups::ChooseSocket(own.Path());
   const QApplication application(argc, argv);
+  InstallFontStandIns();
   WindowMachine desk(argv[1]);
   Program program(desk.platform, ',');
   FillSheet(program.state, kMaxCovers);

@@ -8,6 +8,7 @@
 
 #include "core/app_state.h"
 #include "platform/qt/desktop/qt_window_system.h"
+#include "platform/qt/painting/qt_font_catalog.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "platform/qt/printing/qt_printer_device.h"

@@ -1,3 +1,4 @@
+#include <fontconfig/fontconfig.h>
 #include <malloc.h>
 #include <sys/resource.h>
 
@@ -20,7 +21,7 @@
 #include "platform/qt/desktop/qt_launcher.h"
 #include "platform/qt/desktop/qt_screen.h"
 #include "platform/qt/desktop/qt_window_system.h"
-#include "platform/qt/painting/font_stand_ins.h"
+#include "platform/qt/painting/qt_font_catalog.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/artwork.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
@@ -54,6 +55,12 @@ AppFolder OwnFolder() {
                         .dataHome = qEnvironmentVariable("XDG_DATA_HOME").toStdString(),
                         .home = qEnvironmentVariable("HOME").toStdString(),
                         .shippedFolder = (executableFolder + "/../share/morvane").toStdString()});
+}
+
+// They take some milliseconds to read, so that is done beside the making of the application. Whoever asks for
+// fonts waits for the answer before.
+std::future<void> ReadFontRules() {
+  return std::async(std::launch::async, [] { FcInit(); });
 }
 
 char DecimalSeparator() {

@@ -5,7 +5,7 @@
 
 #include "app/console.h"
 #include "app/print_program.h"
-#include "platform/qt/painting/font_stand_ins.h"
+#include "platform/qt/painting/qt_font_catalog.h"
 
 namespace {
 

@@ -95,11 +95,11 @@ PrintArguments::Contents Contents(const QCommandLineParser& parser) {
           .fullPath = parser.isSet("full-path")};
 }
 
-void RequireUnderstood(const QCommandLineParser& parser) {
+// The toolkit tells which option has no value, or one too many, in a sentence of its own language only.
+UsageError Misunderstood(const QCommandLineParser& parser) {
   const QStringList unknown = parser.unknownOptionNames();
-  if (!unknown.isEmpty()) throw UsageError("opzione sconosciuta: '" + Bytes(unknown[0]) + "'");
-  const QString wrong = parser.errorText().section('\'', 1, 1);
-  if (!wrong.isEmpty()) throw UsageError(Bytes(wrong) + ": il valore manca, o è di troppo");
+  if (!unknown.isEmpty()) return UsageError("opzione sconosciuta: '" + Bytes(unknown[0]) + "'");
+  return UsageError("a un'opzione manca il valore, o ne ha uno di troppo");
 }
 
 }  // namespace
@@ -110,11 +110,11 @@ PrintArguments ParsePrintArguments(std::span<const std::string> arguments) {
   QStringList all("morvane-print");
   // Each byte a character: names of files that are no UTF-8 come through.
   for (const std::string& argument : arguments) all << QString::fromLatin1(argument);
-  parser.parse(all);
+  const bool isUnderstood = parser.parse(all);
   PrintArguments parsed;
   parsed.help = parser.isSet("help");
   if (parsed.help) return parsed;
-  RequireUnderstood(parser);
+  if (!isUnderstood) throw Misunderstood(parser);
   const auto hasAny = [&](Kind kind) {
     return std::any_of(std::begin(kOptions), std::end(kOptions), [&](const Option& option) {
       return option.kind == kind && parser.isSet(option.name);

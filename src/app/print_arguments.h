@@ -12,10 +12,10 @@ namespace Morvane {
 struct PrintArguments {
   struct Contents {
     std::string folder;
-    std::string title = "Titolo CD";
-    int columns = 2;  // 2 to 7
-    std::string font = "Arial";
-    double size = 8;  // points, 2 to 25
+    std::string title;
+    int columns = 0;  // 2 to 7
+    std::string font;
+    double size = 0;  // points, 2 to 25
     bool italic = false;
     bool fullPath = false;
   };

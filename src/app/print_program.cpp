@@ -12,6 +12,7 @@
 #include "core/default_layout.h"
 #include "core/layout_reader.h"
 #include "platform/files/file_system.h"
+#include "platform/qt/painting/qt_font_catalog.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "platform/qt/printing/pdf_file_writer.h"

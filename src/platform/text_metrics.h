@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "platform/font.h"
 
@@ -18,17 +17,6 @@ class TextMetrics {
 
   // Ascent plus descent of one line; no spacing between lines is part of it.
   virtual double LineHeight(const Font& font) const = 0;
-};
-
-class FontCatalog {
- public:
-  virtual ~FontCatalog() = default;
-
-  // Every installed family, each once, in the order in which the system names them.
-  virtual std::vector<std::string> Families() const = 0;
-
-  // True when the family can be used for printing: it is installed, or stands for an installed one.
-  virtual bool CanPrint(const std::string& family) const = 0;
 };
 
 }  // namespace Morvane

@@ -5,6 +5,8 @@
 #include "platform/controls/window_system.h"
 #include "platform/drawing/printer.h"
 #include "platform/files/file_system.h"
+#include "platform/font_catalog.h"
+#include "platform/http_client.h"
 #include "platform/launcher.h"
 #include "platform/picture.h"
 #include "platform/text_metrics.h"

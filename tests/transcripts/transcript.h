@@ -9,6 +9,7 @@
 #include <map>
 #include <stdexcept>
 
+#include "platform/qt/painting/qt_font_catalog.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "sight.h"

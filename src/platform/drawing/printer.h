@@ -4,6 +4,7 @@
 
 #include "platform/drawing/drawing_surface.h"
 #include "platform/drawing/printer_device.h"
+#include "platform/font_catalog.h"
 
 namespace Morvane {
 

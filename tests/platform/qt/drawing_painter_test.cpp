@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "platform/qt/painting/drawing_painter.h"
-#include "platform/qt/painting/font_stand_ins.h"
+#include "platform/qt/painting/qt_font_catalog.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/qt_picture.h"
 

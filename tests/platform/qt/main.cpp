@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "platform/qt/painting/font_stand_ins.h"
+#include "platform/qt/painting/qt_font_catalog.h"
 #include "tests/support/private_cups.h"
 #include "tests/support/test_machine.h"
 

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "platform/launcher.h"
+#include "platform/http_client.h"
 
 namespace Morvane {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/qt/painting/font_stand_ins.h"
+#include "platform/qt/painting/reference_font.h"
 #include "platform/units.h"
 
 namespace Morvane {

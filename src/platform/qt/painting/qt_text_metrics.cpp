@@ -1,8 +1,6 @@
 #include "platform/qt/painting/qt_text_metrics.h"
 
-#include <QFontDatabase>
-
-#include "platform/qt/painting/font_stand_ins.h"
+#include "platform/qt/painting/reference_font.h"
 #include "platform/units.h"
 
 namespace Morvane {
@@ -28,27 +26,6 @@ double QtTextMetrics::Width(const Font& font, const std::string& text) const {
 double QtTextMetrics::LineHeight(const Font& font) const {
   const QFontMetricsF& metrics = AtReferenceSize(font);
   return (metrics.ascent() + metrics.descent()) * TwipsPerReferencePixel(font);
-}
-
-std::vector<std::string> QtFontCatalog::Families() const {
-  std::vector<std::string> families;
-  for (const QString& family : InstalledFamilies()) {
-    if (!QFontDatabase::isPrivateFamily(family)) families.push_back(family.toStdString());
-  }
-  for (const FontStandIn& pair : UsableStandIns()) families.push_back(pair.family);
-  return families;
-}
-
-bool QtFontCatalog::CanPrint(const std::string& family) const {
-  const QString wanted = QString::fromStdString(family);
-  for (const QString& installed : InstalledFamilies()) {
-    if (installed.compare(wanted, Qt::CaseInsensitive) == 0)
-      return QFontDatabase::isSmoothlyScalable(installed);
-  }
-  for (const FontStandIn& pair : UsableStandIns()) {
-    if (wanted.compare(QString::fromStdString(pair.family), Qt::CaseInsensitive) == 0) return true;
-  }
-  return false;
 }
 
 }  // namespace Morvane

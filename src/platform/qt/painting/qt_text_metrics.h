@@ -20,13 +20,4 @@ class QtTextMetrics : public TextMetrics {
   mutable std::map<std::tuple<std::string, bool, bool>, QFontMetricsF> measured_;
 };
 
-class QtFontCatalog : public FontCatalog {
- public:
-  // The installed families and those that an installed one stands in for.
-  std::vector<std::string> Families() const override;
-
-  // Names are compared without regard to case. A family of bitmaps alone cannot be printed.
-  bool CanPrint(const std::string& family) const override;
-};
-
 }  // namespace Morvane

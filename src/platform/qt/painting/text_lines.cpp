@@ -3,7 +3,7 @@
 #include <QFontMetricsF>
 #include <QTextLayout>
 
-#include "platform/qt/painting/font_stand_ins.h"
+#include "platform/qt/painting/reference_font.h"
 
 namespace Morvane {
 namespace {

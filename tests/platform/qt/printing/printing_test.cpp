@@ -21,6 +21,7 @@
 
 #include "platform/drawing/printer.h"
 #include "platform/qt/desktop/boxes.h"
+#include "platform/qt/painting/qt_font_catalog.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/printing/calibration_tab.h"
 #include "platform/qt/printing/pdf_printer_dialog.h"

@@ -7,6 +7,7 @@
 #include <functional>
 #include <thread>
 
+#include "platform/qt/painting/qt_font_catalog.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/printing/pdf_file_writer.h"
 #include "platform/qt/printing/qt_printer_device.h"
