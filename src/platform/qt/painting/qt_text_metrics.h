@@ -4,6 +4,7 @@
 #include <map>
 #include <tuple>
 
+#include "platform/font_catalog.h"
 #include "platform/text_metrics.h"
 
 namespace Morvane {
