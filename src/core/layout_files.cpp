@@ -32,16 +32,13 @@ std::string LayoutPath(const std::string& folder, std::string name) {
   return folder + name + std::string(kLayoutExtension);
 }
 
-InputFile& LayoutHandles::Keep(std::unique_ptr<InputFile> file) {
-  return *files_.emplace_back(std::move(file));
-}
-
 bool ReadCurrentLayout(AppState& state, const FileSystem& files, LayoutHandles& handles) {
   const std::string path = LayoutPath(state.AppPath, state.NomeLayout);
   if (!files.FileExists(path)) return false;
   auto file = OpenOrSkip(files, path);
   if (!file) return false;
-  ReadLayout(handles.Keep(std::move(file)), state);
+  handles.push_back(std::move(file));
+  ReadLayout(*handles.back(), state);
   return true;
 }
 

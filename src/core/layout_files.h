@@ -21,14 +21,7 @@ std::string LayoutPath(const std::string& folder, std::string name);
 
 // The files that the main window has read layouts from. They stay open until this object goes, that is until
 // the program ends: each reading holds one more open file.
-class LayoutHandles {
- public:
-  InputFile& Keep(std::unique_ptr<InputFile> file);
-  std::size_t Count() const { return files_.size(); }
-
- private:
-  std::vector<std::unique_ptr<InputFile>> files_;
-};
+using LayoutHandles = std::vector<std::unique_ptr<InputFile>>;
 
 // Reads the file of NomeLayout in AppPath into the state and keeps it open. True when it was read; false, and
 // nothing changed, when it is missing or cannot be opened (PathFileAccess). Other failures as ReadLayout.

@@ -90,7 +90,7 @@ TEST_F(LayoutTest, TheCurrentLayoutStaysOpenAndIsSkippedWhenMissingOrNotToBeOpen
     if (call != "FileExists") throw RuntimeError(ErrorNumber::PathFileAccess, path);
   };
   EXPECT_FALSE(ReadCurrentLayout(state, *machine.Files, handles));
-  EXPECT_EQ(handles.Count(), 2U);
+  EXPECT_EQ(handles.size(), 2U);
   EXPECT_EQ(WithBackslash("C:") + WithBackslash("C:\\"), "C:\\C:\\");
   EXPECT_EQ(LayoutPath("C:\\", "..\\CD"), "C:\\../CD.mvne") << "no name leads to another folder";
 }

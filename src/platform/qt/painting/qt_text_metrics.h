@@ -4,7 +4,6 @@
 #include <map>
 #include <tuple>
 
-#include "platform/font_catalog.h"
 #include "platform/text_metrics.h"
 
 namespace Morvane {
