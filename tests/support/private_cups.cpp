@@ -88,6 +88,12 @@ void PrivateCups::AddQueue(const std::string& name, Takes sheets) const {
   Run("lpadmin -p " + name + " -E -v file:" + printer);
 }
 
+void PrivateCups::AddQueueOf(const std::string& name, const std::string& description) const {
+  const std::string ppd = folder_.Path() + '/' + name + ".ppd";
+  std::ofstream(ppd) << description;
+  Run("lpadmin -p " + name + " -E -v file:" + SheetPath() + " -P " + ppd);
+}
+
 void PrivateCups::Run(const std::string& command) const {
   if (CommandResult("PATH=/usr/sbin:/usr/bin:/bin " + command) != 0)
     throw std::runtime_error("failed: " + command);

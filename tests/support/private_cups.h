@@ -29,6 +29,8 @@ class PrivateCups {
   // as it would get them.
   enum class Takes { Pdf, Raster };
   void AddQueue(const std::string& name, Takes sheets = Takes::Pdf) const;
+  // A queue of the printer that a PPD describes, whose sheets are written to SheetPath.
+  void AddQueueOf(const std::string& name, const std::string& description) const;
   // Runs a command of the spooler, such as "cupsreject name".
   void Run(const std::string& command) const;
   // The spooler itself, to be stopped, killed and the like.

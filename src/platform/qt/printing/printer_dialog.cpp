@@ -1,14 +1,21 @@
 #include "platform/qt/printing/printer_dialog.h"
 
 #include <QAbstractButton>
-#include <QComboBox>
+#include <QChildEvent>
 #include <QDialogButtonBox>
+#include <QPrinter>
+
+#include "platform/qt/printing/printer_sheet.h"
+#include "platform/qt/printing/toolkit_names.h"
 
 namespace Morvane {
 
-PrinterDialog::PrinterDialog(QPrinter& printer, const PrintDialogRequest& request,
+PrinterDialog::PrinterDialog(QPrinter& printer, const QPageSize& sheet, const PrintDialogRequest& request,
                              std::unique_ptr<CalibrationTab> calibration, QWidget* parent)
-    : QPrintDialog(&printer, parent), restricted_(request.restricted) {
+    : QPrintDialog(&printer, parent),
+      first_(printer.printerName()),
+      sheet_(sheet),
+      restricted_(request.restricted) {
   setOption(PrintToFile, false);
   setOption(PrintCollateCopies, false);
   setOption(PrintPageRange, !restricted_);
@@ -19,7 +26,7 @@ PrinterDialog::PrinterDialog(QPrinter& printer, const PrintDialogRequest& reques
 }
 
 void PrinterDialog::FollowPrinter(CalibrationTab& calibration) {
-  const auto* const printers = findChild<QComboBox*>("printers");
+  const auto* const printers = findChild<QComboBox*>(ToolkitNames::kPrinters);
   if (printers == nullptr) return;
   calibration.ShowPrinter(printers->currentText());
   connect(printers, &QComboBox::currentTextChanged, &calibration,
@@ -35,10 +42,27 @@ void PrinterDialog::Unfold() {
   }
 }
 
+// The list of the printer's properties does not hold what another dialog chose.
+void PrinterDialog::childEvent(QChildEvent* event) {
+  QPrintDialog::childEvent(event);
+  if (event->type() != QEvent::ChildPolished || shownSizes_) return;
+  shownSizes_ = event->child()->findChild<QComboBox*>(ToolkitNames::kPageSizes);
+  if (!shownSizes_) return;
+  const int inUse = shownSizes_->findData(QVariant::fromValue(FittingSheet(*printer(), sheet_)));
+  if (inUse >= 0) shownSizes_->setCurrentIndex(inUse);
+}
+
+QPageSize PrinterDialog::Sheet() const {
+  if (!shownSizes_ && printer()->printerName() == first_) return sheet_;
+  if (!shownSizes_) return FittingSheet(*printer(), sheet_);
+  const auto listed = shownSizes_->currentData().value<QPageSize>();
+  return listed.isValid() ? listed : printer()->pageLayout().pageSize();  // of the user's own measures
+}
+
 // Where there is a spooler, the toolkit shows the page range although its option is off.
 void PrinterDialog::setVisible(bool visible) {
   QPrintDialog::setVisible(visible);
-  if (auto* range = findChild<QWidget*>("gbPrintRange"); range && restricted_) range->hide();
+  if (auto* range = findChild<QWidget*>(ToolkitNames::kPageRange); range && restricted_) range->hide();
 }
 
 }  // namespace Morvane

@@ -1,43 +1,122 @@
 #include "platform/qt/printing/printer_search.h"
 
-#include <QPrinter>
-#include <QPrinterInfo>
+#include <cups/cups.h>
+
+#include <QByteArray>
+#include <algorithm>
+#include <array>
+#include <memory>
 #include <thread>
+#include <utility>
+
+#include "platform/units.h"
 
 namespace Morvane {
 namespace {
 
-constexpr std::chrono::milliseconds kServiceLimit(1500);
+constexpr std::chrono::milliseconds kWordLimit(1500);  // for one answer of the service
+constexpr std::chrono::seconds kListLimit(20);  // for all its queues, which may be looked for in the network
+constexpr double kUnitsPerMillimetre = 100;     // of the lengths that the library tells
+constexpr std::array kThisMachine = {"localhost", "::1", "[::1]"};
 
-FoundPrinters Search(bool wantsPrinter) {
+using Connection = std::unique_ptr<http_t, void (*)(http_t*)>;
+
+// Who may use the service is found out when something is printed.
+const char* NoPassword(const char*, http_t*, const char*, const char*, void*) {
+  return nullptr;
+}
+
+// By its socket or over the loopback network.
+bool IsOfThisMachine(const QByteArray& server) {
+  return server.startsWith('/') || server.startsWith("127.") ||
+         std::find(kThisMachine.begin(), kThisMachine.end(), server) != kThisMachine.end();
+}
+
+// Only looking up a host's name may take longer than the limit.
+Connection Connect() {
+  return {httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
+                       static_cast<int>(kWordLimit.count()), nullptr),
+          httpClose};
+}
+
+// Whether a service that can't be connected to is none, or silent. Where nobody listens on this machine the
+// refusal comes at once; the library does not keep which it was.
+PrintService WithoutConnection(std::chrono::steady_clock::duration waited) {
+  const bool refused = waited < kWordLimit / 2;
+  return refused && IsOfThisMachine(cupsServer()) ? PrintService::Absent : PrintService::Silent;
+}
+
+PrintService AskForAWord(http_t* connection) {
+  httpSetTimeout(connection, std::chrono::duration<double>(kWordLimit).count(), nullptr, nullptr);
+  cupsSetPasswordCB2(NoPassword, nullptr);
+  const std::unique_ptr<ipp_t, void (*)(ipp_t*)> answer(
+      cupsDoRequest(connection, ippNewRequest(IPP_OP_CUPS_GET_DEFAULT), "/"), ippDelete);
+  return answer ? PrintService::Answers : PrintService::Silent;
+}
+
+// What the user set with lpoptions comes first, as with the toolkit; A4 for a queue that tells none.
+SheetSize OwnSheet(http_t* connection, cups_dest_t& queue) {
+  const std::unique_ptr<cups_dinfo_t, void (*)(cups_dinfo_t*)> info(cupsCopyDestInfo(connection, &queue),
+                                                                    cupsFreeDestInfo);
+  if (!info) return kA4;
+  cups_size_t size{};
+  const char* const set = cupsGetOption("PageSize", queue.num_options, queue.options);
+  const bool known = (set && cupsGetDestMediaByName(connection, &queue, info.get(), set, 0, &size)) ||
+                     cupsGetDestMediaDefault(connection, &queue, info.get(), 0, &size);
+  if (!known || size.width <= 0 || size.length <= 0) return kA4;
+  return {size.width / kUnitsPerMillimetre * kTwipsPerMillimetre,
+          size.length / kUnitsPerMillimetre * kTwipsPerMillimetre};
+}
+
+FoundPrinters FindQueue(http_t* connection) {
   FoundPrinters found;
-  found.service = AskPrintService(kServiceLimit);
-  if (found.service != PrintService::Answers) return found;
-  found.any = !QPrinterInfo::availablePrinterNames().isEmpty();
-  if (!found.any || !wantsPrinter) return found;
-  found.printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-  TakeOwnSheet(*found.printer);
+  found.service = PrintService::Answers;
+  cups_dest_t* queues = nullptr;
+  const int count = cupsGetDests2(connection, &queues);
+  if (count > 0) {
+    cups_dest_t* queue = cupsGetDest(nullptr, nullptr, count, queues);
+    if (queue == nullptr) queue = queues;
+    found.queue = QString::fromUtf8(queue->name);
+    if (queue->instance) found.queue += '/' + QString::fromUtf8(queue->instance);
+    found.sheet = OwnSheet(connection, *queue);
+  }
+  cupsFreeDests(count, queues);
   return found;
+}
+
+void Search(std::promise<PrintService> service, std::promise<FoundPrinters> found) {
+  const auto start = std::chrono::steady_clock::now();
+  const Connection connection = Connect();
+  const PrintService word = connection ? AskForAWord(connection.get())
+                                       : WithoutConnection(std::chrono::steady_clock::now() - start);
+  service.set_value(word);
+  found.set_value(word == PrintService::Answers ? FindQueue(connection.get()) : FoundPrinters{word, {}, kA4});
 }
 
 }  // namespace
 
-// The toolkit takes A4 wherever the queue has it, whatever the queue's own sheet is.
-void TakeOwnSheet(QPrinter& printer) {
-  printer.setPageSize(QPrinterInfo(printer).defaultPageSize());
+void PrinterSearch::Begin() {
+  if (found_.valid()) return;
+  std::promise<PrintService> service;
+  std::promise<FoundPrinters> found;
+  service_ = service.get_future();
+  found_ = found.get_future();
+  // Nobody waits for a search that the service holds up, not even at the end of the program.
+  std::thread(Search, std::move(service), std::move(found)).detach();
 }
 
-void PrinterSearch::Begin(bool wantsPrinter) {
-  if (answer_.valid()) return;
-  std::packaged_task<FoundPrinters()> search([wantsPrinter] { return Search(wantsPrinter); });
-  answer_ = search.get_future();
-  // Nobody waits for a search that the service holds up, not even at the end of the program.
-  std::thread(std::move(search)).detach();
+bool PrinterSearch::Ready() const {
+  return found_.valid() && found_.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
 }
 
 FoundPrinters PrinterSearch::Answer(std::chrono::milliseconds limit) {
-  if (answer_.wait_for(limit) != std::future_status::ready) return {};
-  return answer_.get();
+  if (service_.wait_for(limit) != std::future_status::ready) return {};
+  if (found_.wait_for(kListLimit) != std::future_status::ready) return {};
+  return found_.get();
+}
+
+QString SilentServiceText() {
+  return "Il servizio di stampa non risponde.";
 }
 
 }  // namespace Morvane

@@ -1,41 +1,42 @@
 #pragma once
 
+#include <QString>
 #include <chrono>
 #include <future>
-#include <memory>
 
-#include "platform/qt/printing/print_service.h"
-
-class QPrinter;
+#include "platform/drawing/printer_device.h"
 
 namespace Morvane {
 
-// Makes the queue's own sheet that of its printer.
-void TakeOwnSheet(QPrinter& printer);
+// Absent: nobody listens on this machine. Silent: it takes a connection and says nothing, its address
+// swallows what is sent, or it is another machine that can't be reached.
+enum class PrintService { Answers, Absent, Silent };
 
 struct FoundPrinters {
   PrintService service = PrintService::Silent;
-  bool any = false;
-  std::shared_ptr<QPrinter> printer;  // at the default queue, where one was wanted
+  QString queue;          // the default one, else the first; empty where there is none
+  SheetSize sheet = kA4;  // the queue's own, upright
 };
 
-// Looks for the printers of this system away from the thread of the windows: the toolkit waits for the
-// service without a limit of its own.
+// Looks for the printers of this system away from the thread of the windows, since a service can be silent
+// for minutes. Only values come back: the toolkit's printers, and the question for a password, belong to the
+// thread that first asks for them.
 class PrinterSearch {
  public:
-  // Goes on with a search that is under way. `wantsPrinter`: the toolkit's printer is made, too, which takes
-  // as long again.
-  void Begin(bool wantsPrinter);
+  // Goes on with a search that is under way.
+  void Begin();
   // Whether the answer of a search that was begun can be taken at once.
-  bool Ready() const {
-    return answer_.valid() && answer_.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
-  }
-  // Waits for the answer of the search that was begun, at most `limit`; one that takes longer stays under way
-  // and counts as silence.
+  bool Ready() const;
+  // Waits for the answer of the search that was begun: at most `limit` for the service's first word, and 20
+  // seconds for its queues. A search that takes longer stays under way and counts as silence.
   FoundPrinters Answer(std::chrono::milliseconds limit);
 
  private:
-  std::future<FoundPrinters> answer_;
+  std::future<PrintService> service_;
+  std::future<FoundPrinters> found_;
 };
+
+// The line that tells the user of a service that is silent.
+QString SilentServiceText();
 
 }  // namespace Morvane

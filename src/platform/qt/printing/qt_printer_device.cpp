@@ -3,10 +3,12 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QStandardPaths>
+#include <optional>
 #include <utility>
 
 #include "platform/drawing/calibration_sheet.h"
@@ -44,30 +46,32 @@ QString FreePdfPath(const QString& folder, const std::string& title) {
   return path;
 }
 
-// Of the upright sheet.
-QMarginsF MarginsMm(const QPrinter& printer) {
-  const QMarginsF points = printer.pageLayout().minimumMargins();
-  return points * (kTwipsPerPoint / kTwipsPerMillimetre);
+// The pointer of a wait that the user did not ask for.
+class Hourglass {
+ public:
+  Hourglass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~Hourglass() { QGuiApplication::restoreOverrideCursor(); }
+  Hourglass(const Hourglass&) = delete;
+  Hourglass& operator=(const Hourglass&) = delete;
+};
+
+// The toolkit asks the service while it makes one: half a second.
+std::unique_ptr<QPrinter> PrinterOf(const QString& queue) {
+  const QPrinterInfo info = QPrinterInfo::printerInfo(queue);
+  if (info.isNull()) return nullptr;
+  return std::make_unique<QPrinter>(info, QPrinter::HighResolution);
 }
 
-QSizeF SheetMm(const QPrinter& printer) {
-  return printer.pageLayout().pageSize().size(QPageSize::Millimeter);
-}
-
-// For a printer that took another's place: the toolkit keeps the sheet of the one before, even one that this
-// one does not take.
-void TakeFittingSheet(QPrinter& printer) {
-  const QPageSize kept = printer.pageLayout().pageSize();
-  if (!QPrinterInfo(printer).supportedPageSizes().contains(kept)) TakeOwnSheet(printer);
+SheetSize InTwips(const QSizeF& mm) {
+  return {mm.width() * kTwipsPerMillimetre, mm.height() * kTwipsPerMillimetre};
 }
 
 // Puts the origin at the corner of the printable area and makes a unit a twip. The sheet always goes to the
 // spooler in portrait with the drawing turned on it: which way a spooler turns a landscape sheet, and so
 // which margins meet its corner, differs from queue to queue.
-void PlaceOnSheet(QPainter& painter, QPrinter& printer, PageOrientation orientation,
-                  const Calibration& calibration) {
-  const QMarginsF margins = MarginsMm(printer);
-  const QPointF corner(margins.left() * kTwipsPerMillimetre, margins.top() * kTwipsPerMillimetre);
+void PlaceOnSheet(QPainter& painter, const QPrinter& printer, const PrinterSheet& sheet,
+                  PageOrientation orientation, const Calibration& calibration) {
+  const QPointF corner = QPointF(sheet.margins.left(), sheet.margins.top()) * kTwipsPerMillimetre;
   const double cross = kCalibrationCross * kTwipsPerMillimetre;
   painter.scale(printer.logicalDpiX() / kTwipsPerInch, printer.logicalDpiY() / kTwipsPerInch);
   painter.setTransform(calibration.Correction(corner + QPointF(cross, cross)), true);
@@ -75,7 +79,7 @@ void PlaceOnSheet(QPainter& painter, QPrinter& printer, PageOrientation orientat
     painter.translate(corner);
     return;
   }
-  painter.translate(corner.x(), (SheetMm(printer).height() - margins.bottom()) * kTwipsPerMillimetre);
+  painter.translate(corner.x(), (sheet.size.height() - sheet.margins.bottom()) * kTwipsPerMillimetre);
   painter.rotate(-90);
 }
 
@@ -86,76 +90,80 @@ QtPrinterDevice::QtPrinterDevice()
   idle_.setSingleShot(true);
   QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { painted_.pictures.Clear(); });
   QObject::connect(&found_, &QTimer::timeout, &found_, [this] {
-    if (!search_.Ready()) return;
-    FindPrinter();
-    ReadSheet();
+    if (search_.Ready()) FindPrinter();
   });
 }
 
 QtPrinterDevice::~QtPrinterDevice() = default;
 
 void QtPrinterDevice::Prepare() {
-  search_.Begin(true);
+  search_.Begin();
   found_.start(kLookMs);
 }
 
 // The printer that was chosen stays while the service has any.
 PrintService QtPrinterDevice::FindPrinter() {
   found_.stop();
-  search_.Begin(!printer_);
+  search_.Begin();
   const FoundPrinters found = search_.Answer(kPatience);
-  if (!found.any) printer_.reset();
-  if (found.printer) printer_ = found.printer;
+  queue_ = found.queue;
+  if (queue_.isEmpty()) printer_.reset();
+  if (!printer_) SetSheet(found.sheet);
   return found.service;
 }
 
-void QtPrinterDevice::SelectPrinter(const std::string& name) {
-  const QString wanted = QString::fromStdString(name);
-  if (FindPrinter() != PrintService::Answers) throw Failure(SilentServiceText());
-  if (!printer_ || !QPrinterInfo::availablePrinterNames().contains(wanted)) {
-    throw Failure("La stampante '" + wanted + "' non esiste.");
-  }
-  printer_->setPrinterName(wanted);
-  TakeOwnSheet(*printer_);
-  ReadSheet();
+void QtPrinterDevice::MakePrinter(const QString& queue) {
+  printer_ = PrinterOf(queue);
+  if (!printer_) throw Failure("La stampante '" + queue + "' non esiste.");
+  chosen_ = OwnSheet(*printer_);
+  TakeChosenSheet();
 }
 
-void QtPrinterDevice::ReadSheet() {
-  SheetSize sheet = kA4;
-  if (printer_) {
-    const QSizeF mm = printer_->pageLayout().pageSize().size(QPageSize::Millimeter);
-    if (!mm.isEmpty()) sheet = {mm.width() * kTwipsPerMillimetre, mm.height() * kTwipsPerMillimetre};
-  }
+void QtPrinterDevice::SelectPrinter(const std::string& name) {
+  if (FindPrinter() != PrintService::Answers) throw Failure(SilentServiceText());
+  MakePrinter(QString::fromStdString(name));
+  AskForPasswordsOnTheTerminal();
+}
+
+void QtPrinterDevice::TakeChosenSheet() {
+  SetSheet(InTwips(TakeSheet(*printer_, chosen_).size));
+}
+
+void QtPrinterDevice::SetSheet(SheetSize sheet) {
   if (std::exchange(sheet_, sheet) != sheet && OnSheetChanged) OnSheetChanged();
 }
 
 PrintDialogAnswer QtPrinterDevice::ShowDialog(const PrintDialogRequest& request,
                                               PageOrientation& orientation) {
+  auto hourglass = std::make_optional<Hourglass>();
   const PrintService service = FindPrinter();
-  const PrintDialogAnswer answer =
-      printer_ ? ShowPrinterDialog(request, orientation) : ShowPdfDialog(service);
-  ReadSheet();
-  return answer;
+  if (!queue_.isEmpty() && !printer_) MakePrinter(queue_);
+  hourglass.reset();
+  return printer_ ? ShowPrinterDialog(request, orientation) : ShowPdfDialog(service);
 }
 
 PrintDialogAnswer QtPrinterDevice::ShowPrinterDialog(const PrintDialogRequest& request,
                                                      PageOrientation& orientation) {
   const bool landscape = orientation == PageOrientation::Landscape;
-  printer_->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
-  auto tab = std::make_unique<CalibrationTab>(
-      calibrations_, [this](const QString& printer) { PrintCalibrationSheet(printer); });
   const QString before = printer_->printerName();
-  PrinterDialog dialog(*printer_, request, std::move(tab), QApplication::activeWindow());
+  printer_->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+  PrinterDialog* shown = nullptr;
+  auto tab = std::make_unique<CalibrationTab>(
+      calibrations_, [&](const QString& queue) { PrintCalibrationSheet(queue, shown->Sheet()); });
+  PrinterDialog dialog(*printer_, chosen_, request, std::move(tab), QApplication::activeWindow());
+  shown = &dialog;
   PrintDialogAnswer answer;
   answer.accepted = dialog.exec() == QDialog::Accepted;
   if (answer.accepted) {
-    if (printer_->printerName() != before) TakeFittingSheet(*printer_);
     answer.copies = printer_->copyCount();
     const bool chosen = printer_->pageLayout().orientation() == QPageLayout::Landscape;
     orientation = chosen ? PageOrientation::Landscape : PageOrientation::Portrait;
+    chosen_ = dialog.Sheet();
+  } else {
+    printer_->setPrinterName(before);  // the dialog's list had changed it already
   }
   printer_->setCopyCount(1);
-  printer_->setPageOrientation(QPageLayout::Portrait);
+  TakeChosenSheet();
   return answer;
 }
 
@@ -173,7 +181,7 @@ void QtPrinterDevice::SendPage(const DrawingList& page, PageOrientation orientat
   if (printer_) {
     const QString complaint = calibrations_.TakeComplaint();
     if (!complaint.isEmpty() && OnComplaint) OnComplaint(complaint.toStdString());
-    PrintPage(page, orientation, title,
+    PrintPage(*printer_, TakeSheet(*printer_, chosen_), page, orientation, title,
               calibrated_ ? calibrations_.Of(printer_->printerName()) : Calibration());
     return;
   }
@@ -181,43 +189,40 @@ void QtPrinterDevice::SendPage(const DrawingList& page, PageOrientation orientat
   WritePdf(FreePdfPath(pdfFolder_, title).toStdString(), page, orientation, kA4, title);
 }
 
-// Without a correction, at the printer that the dialog shows but has not yet taken.
-void QtPrinterDevice::PrintCalibrationSheet(const QString& printer) {
-  const QString chosen = printer_->printerName();
-  const QPageSize sheetOfChosen = printer_->pageLayout().pageSize();
-  printer_->setPrinterName(printer);
-  if (printer != chosen) TakeFittingSheet(*printer_);
-  const QMarginsF margins = MarginsMm(*printer_);
-  const QSizeF size = SheetMm(*printer_).shrunkBy(margins);
+// Without a correction, at the printer that the dialog shows but has not yet taken: by a printer of its own,
+// so that nothing of what the dialog edits is touched.
+void QtPrinterDevice::PrintCalibrationSheet(const QString& queue, const QPageSize& size) {
+  const Hourglass hourglass;
+  const std::unique_ptr<QPrinter> printer = PrinterOf(queue);
+  if (!printer) throw Failure("La stampante '" + queue + "' non esiste.");
+  const PrinterSheet sheet = TakeSheet(*printer, size);
+  const QSizeF area = sheet.size.shrunkBy(sheet.margins);
   const QtTextMetrics metrics;
-  DrawingSurface sheet(metrics);
-  sheet.SetSize(size.width() * kTwipsPerMillimetre, size.height() * kTwipsPerMillimetre);
-  DrawCalibrationSheet(sheet, margins.left(), margins.top(), size.width(), size.height());
-  PrintPage(sheet.Drawing(), PageOrientation::Portrait, "Foglio di taratura", {});
-  printer_->setPrinterName(chosen);
-  printer_->setPageSize(sheetOfChosen);
+  DrawingSurface page(metrics);
+  page.SetSize(area.width() * kTwipsPerMillimetre, area.height() * kTwipsPerMillimetre);
+  DrawCalibrationSheet(page, sheet.margins.left(), sheet.margins.top(), area.width(), area.height());
+  PrintPage(*printer, sheet, page.Drawing(), PageOrientation::Portrait, "Foglio di taratura", {});
 }
 
-void QtPrinterDevice::PrintPage(const DrawingList& page, PageOrientation orientation,
-                                const std::string& title, const Calibration& calibration) {
-  printer_->setDocName(QString::fromStdString(title));
-  printer_->setCopyCount(1);
-  printer_->setFullPage(true);
-  printer_->setPageOrientation(QPageLayout::Portrait);
-  KeepTrueScale(*printer_);
+void QtPrinterDevice::PrintPage(QPrinter& printer, const PrinterSheet& sheet, const DrawingList& page,
+                                PageOrientation orientation, const std::string& title,
+                                const Calibration& calibration) {
+  printer.setDocName(QString::fromStdString(title));
+  printer.setCopyCount(1);
+  KeepTrueScale(printer);
   QPainter painter;
-  if (!painter.begin(printer_.get())) {
-    throw Failure("La stampante '" + printer_->printerName() + "' non risponde.");
+  if (!painter.begin(&printer)) {
+    throw Failure("La stampante '" + printer.printerName() + "' non risponde.");
   }
-  PlaceOnSheet(painter, *printer_, orientation, calibration);
+  PlaceOnSheet(painter, printer, sheet, orientation, calibration);
   PaintDrawing(painter, page, painted_);
   idle_.start();
-  if (!painter.end() || printer_->printerState() == QPrinter::Error) {
-    throw Failure("La stampante '" + printer_->printerName() + "' ha interrotto il lavoro.");
+  if (!painter.end() || printer.printerState() == QPrinter::Error) {
+    throw Failure("La stampante '" + printer.printerName() + "' ha interrotto il lavoro.");
   }
   const QString failure = LastSpoolerFailure();
   if (failure.isEmpty()) return;
-  throw Failure("La stampante '" + printer_->printerName() + "' ha rifiutato il lavoro: " + failure);
+  throw Failure("La stampante '" + printer.printerName() + "' ha rifiutato il lavoro: " + failure);
 }
 
 }  // namespace Morvane

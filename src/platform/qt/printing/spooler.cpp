@@ -1,16 +1,14 @@
 #include "platform/qt/printing/spooler.h"
 
-#include <QPrintEngine>
+#include <cups/cups.h>
+
 #include <QPrinter>
 #include <utility>
 
-#include "platform/qt/printing/cups_library.h"
+#include "platform/qt/printing/toolkit_names.h"
 
 namespace Morvane {
 namespace {
-
-// The toolkit's list of names and values for the spooler, known to its own print dialog only.
-constexpr auto kSpoolerOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
 
 // What a job is told or, where the value is empty, not told. What is told holds against a queue's own
 // defaults.
@@ -26,21 +24,24 @@ constexpr ipp_status_t kFirstFailure = IPP_STATUS_REDIRECTION_OTHER_SITE;
 }  // namespace
 
 void KeepTrueScale(QPrinter& printer) {
-  QStringList options = printer.printEngine()->property(kSpoolerOptions).toStringList();
+  QStringList options = printer.printEngine()->property(ToolkitNames::kSpoolerOptions).toStringList();
   for (const auto& [name, value] : kTrueScale) {
     for (qsizetype at = options.size() - 2; at >= 0; at -= 2) {
       if (options[at] == name) options.remove(at, 2);
     }
     if (*value) options << name << value;
   }
-  printer.printEngine()->setProperty(kSpoolerOptions, options);
+  printer.printEngine()->setProperty(ToolkitNames::kSpoolerOptions, options);
 }
 
 QString LastSpoolerFailure() {
-  const CupsLibrary cups;
-  if (!cups || cups.cupsLastError() < kFirstFailure) return QString();
-  const QString text = QString::fromUtf8(cups.cupsLastErrorString());
+  if (cupsLastError() < kFirstFailure) return QString();
+  const QString text = QString::fromUtf8(cupsLastErrorString());
   return text.isEmpty() ? QString("lavoro rifiutato") : text;
+}
+
+void AskForPasswordsOnTheTerminal() {
+  cupsSetPasswordCB2(nullptr, nullptr);
 }
 
 }  // namespace Morvane

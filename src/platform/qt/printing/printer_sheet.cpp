@@ -1,0 +1,37 @@
+#include "platform/qt/printing/printer_sheet.h"
+
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <algorithm>
+
+#include "platform/units.h"
+
+namespace Morvane {
+
+// The toolkit tells margins in the unit that the printer's layout has at the moment, rounded to a hundredth
+// of it, and for the way that it is turned; a print dialog leaves millimetres there, or inches. The margins
+// given here mean nothing, since each sheet is printed whole: they bring the unit that the description has.
+PrinterSheet TakeSheet(QPrinter& printer, const QPageSize& sheet) {
+  printer.setFullPage(true);
+  printer.setPageOrientation(QPageLayout::Portrait);
+  printer.setPageMargins(QMarginsF(), QPageLayout::Point);
+  printer.setPageSize(sheet);
+  const QPageLayout layout = printer.pageLayout();
+  return {layout.pageSize().size(QPageSize::Millimeter),
+          layout.minimumMargins() * (kTwipsPerPoint / kTwipsPerMillimetre)};
+}
+
+QPageSize OwnSheet(const QPrinter& printer) {
+  const QPageSize own = QPrinterInfo(printer).defaultPageSize();
+  return own.isValid() ? own : QPageSize(QPageSize::A4);
+}
+
+QPageSize FittingSheet(const QPrinter& printer, const QPageSize& wanted) {
+  const QList<QPageSize> sheets = QPrinterInfo(printer).supportedPageSizes();
+  if (sheets.contains(wanted)) return wanted;
+  const auto same = std::find_if(sheets.begin(), sheets.end(),
+                                 [&](const QPageSize& sheet) { return sheet.isEquivalentTo(wanted); });
+  return same != sheets.end() ? *same : OwnSheet(printer);
+}
+
+}  // namespace Morvane

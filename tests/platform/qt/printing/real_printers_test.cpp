@@ -1,0 +1,196 @@
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QLocale>
+#include <QPageSize>
+#include <QPrintDialog>
+#include <QPushButton>
+#include <QTimer>
+#include <regex>
+#include <sstream>
+
+#include "platform/drawing/printer.h"
+#include "platform/qt/painting/qt_font_catalog.h"
+#include "platform/qt/painting/qt_text_metrics.h"
+#include "platform/qt/printing/qt_printer_device.h"
+#include "platform/units.h"
+#include "sheet_measure.h"
+#include "tests/support/private_cups.h"
+
+namespace Morvane {
+namespace {
+
+constexpr double kSizeMm = 0.05;
+constexpr double kOriginMm = 0.10;
+constexpr double kMmPerPoint = kMillimetresPerInch / 72;
+
+// A printer's description as its maker or its users published it; nobody of this program wrote one.
+struct Published {
+  const char* package;
+  const char* description;  // below its folder of them
+};
+
+constexpr Published kPrinters[] = {
+    {"openprinting-ppds", "0/ppd/openprinting/Canon/cnl710cx1g.ppd"},  // odd decimals, A4
+    {"openprinting-ppds", "0/ppd/openprinting/Epson/eplp960s.ppd"},    // four unlike margins
+    {"openprinting-ppds", "0/ppd/openprinting/Kyocera/es/Kyocera_FS-C5350DN.ppd"},
+    {"openprinting-ppds", "4/ppd/openprinting/Lexmark/Lexmark_CX860_Series.ppd"},
+    {"openprinting-ppds", "0/ppd/openprinting/KONICA_MINOLTA/KOC451JX.ppd"},  // A4, no custom sizes
+    {"openprinting-ppds", "0/ppd/openprinting/Gestetner/PXL/Gestetner-DSm1530_PXL.ppd"},  // Letter, none
+    {"openprinting-ppds", "0/ppd/openprinting/Ricoh/PDF/Ricoh-MP_2555_PDF.ppd"},
+    {"foomatic-db-compressed-ppds", "0/ppd/foomatic-ppd/Apollo-P-2250-hpijs-pcl3.ppd"},  // inkjet
+    {"foomatic-db-compressed-ppds", "0/ppd/foomatic-ppd/Sharp-AR-M351U-hpijs-pcl5e.ppd"},
+    {"foomatic-db-compressed-ppds", "0/ppd/foomatic-ppd/Fuji_Xerox-DocuPrint_CM305_df-Postscript.ppd"},
+    {"foomatic-db-compressed-ppds", "0/ppd/foomatic-ppd/HP-DeskJet_820C-pnm2ppa.ppd"},
+    {"foomatic-db-compressed-ppds", "0/ppd/foomatic-ppd/Alps-MD-1500-md2k.ppd"},  // four sizes in all
+};
+
+std::string OutputOf(const std::string& command) {
+  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+  std::string text;
+  char part[4096];
+  while (const size_t count = pipe ? std::fread(part, 1, sizeof(part), pipe.get()) : 0)
+    text.append(part, count);
+  return text;
+}
+
+// What a description says of one sheet, in mm.
+struct Area {
+  double left, top, bottom, height;
+};
+
+class Description {
+ public:
+  explicit Description(const Published& printer)
+      : text_(OutputOf(std::string("/usr/lib/cups/driver/") + printer.package + " cat " + printer.package +
+                       ":" + printer.description + " 2>/dev/null")) {}
+
+  bool Known() const { return !text_.empty(); }
+  // With what turns a sheet into the printer's language left out, so that it arrives as PDF.
+  std::string TakingPdf() const {
+    return std::regex_replace(text_, std::regex("\\*cupsFilter2?:[^\n]*\n"), "") +
+           "\n*cupsFilter2: \"application/vnd.cups-pdf application/pdf 0 -\"\n";
+  }
+  std::string DefaultSize() const { return Found("\\*DefaultPageSize: *([^ \r\n]+)"); }
+  Area AreaOf(const std::string& size) const {
+    std::istringstream area(Found("\\*ImageableArea " + size + "(?:/[^:]*)?: *\"([^\"]*)\""));
+    std::istringstream sheet(Found("\\*PaperDimension " + size + "(?:/[^:]*)?: *\"([^\"]*)\""));
+    double left = 0, bottom = 0, right = 0, top = 0, width = 0, height = 0;
+    area >> left >> bottom >> right >> top;
+    sheet >> width >> height;
+    return {left * kMmPerPoint, (height - top) * kMmPerPoint, bottom * kMmPerPoint, height * kMmPerPoint};
+  }
+
+ private:
+  std::string Found(const std::string& pattern) const {
+    std::smatch match;
+    return std::regex_search(text_, match, std::regex(pattern)) ? match[1].str() : "";
+  }
+
+  const std::string text_;
+};
+
+// A person at the print dialog; what is done in "Properties" is done in a dialog of its own over it.
+using InDialog = std::function<void(QDialog&)>;
+void Then(InDialog act) {
+  QTimer::singleShot(0, qApp, [act = std::move(act)] {
+    auto* const dialog = dynamic_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_TRUE(dialog != nullptr);
+    act(*dialog);
+  });
+}
+
+void ChooseInProperties(QDialog& dialog, const QString& key) {
+  Then([key](QDialog& properties) {
+    auto* const sizes = properties.findChild<QComboBox*>("pageSizeCombo");
+    ASSERT_TRUE(sizes != nullptr);
+    for (int i = 0; i < sizes->count(); ++i) {
+      if (sizes->itemData(i).value<QPageSize>().key() == key) sizes->setCurrentIndex(i);
+    }
+    properties.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+  });
+  dialog.findChild<QPushButton*>("properties")->click();
+}
+
+class RealPrinter : public testing::TestWithParam<Published> {
+ protected:
+  ~RealPrinter() override { QLocale::setDefault(locale_); }
+
+  void Accept(InDialog act = {}) {
+    Then([act](QDialog& dialog) {
+      if (act) act(dialog);
+      dialog.accept();
+    });
+    EXPECT_TRUE(printer_.ShowDialog({}).accepted);
+  }
+
+  // Draws a box of 121 by 120 mm, 10 mm and 20 mm from the corner of what the printer reaches, and measures
+  // it on the sheet.
+  void ExpectInPlace(const Area& area, PageOrientation orientation) {
+    printer_.SetOrientation(orientation);
+    DrawingSurface& page = printer_.Surface();
+    page.SetScaleMode(ScaleMode::Millimetres);
+    page.Line(10, 20, 131, 140, LineStyle::Box);
+    printer_.EndDoc();
+    cups_.WaitForJobs();
+    const MeasuredSheet sheet(cups_.SheetPath());
+    if (orientation == PageOrientation::Portrait) {
+      ExpectEdges(sheet.AcrossMm(area.top + 80), area.left + 10, 121);
+      ExpectEdges(sheet.DownMm(area.left + 70), area.top + 20, 120);
+    } else {  // turned to the left: its left edge is the sheet's lower one
+      ExpectEdges(sheet.AcrossMm(area.height - area.bottom - 70), area.left + 20, 120);
+      ExpectEdges(sheet.DownMm(area.left + 80), area.height - area.bottom - 131, 121);
+    }
+  }
+
+  static void ExpectEdges(const std::vector<double>& found, double first, double size) {
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_NEAR(found[0], first, kOriginMm);
+    EXPECT_NEAR(found[1] - found[0], size, kSizeMm);
+  }
+
+  PrivateCups cups_;
+  QtTextMetrics metrics_;
+  QtFontCatalog fonts_;
+  QtPrinterDevice device_;
+  Printer printer_{device_, metrics_, fonts_};
+  const QLocale locale_;
+};
+
+TEST_P(RealPrinter, TakesASheetInItsPlaceWhateverTheDialogDid) {
+  const Description description(GetParam());
+  if (!description.Known()) GTEST_SKIP() << "the package " << GetParam().package << " is not installed";
+  cups_.AddQueueOf("prova", description.TakingPdf());
+  const Area own = description.AreaOf(description.DefaultSize());
+  const Area a4 = description.AreaOf("A4");
+
+  QLocale::setDefault(QLocale("en_US"));
+  Accept();
+  ExpectInPlace(own, PageOrientation::Portrait);
+  Accept([](QDialog& dialog) { ChooseInProperties(dialog, "A4"); });
+  EXPECT_NEAR(device_.PortraitSheet().heightTwips / kTwipsPerMillimetre, 297, kSizeMm);
+  ExpectInPlace(a4, PageOrientation::Landscape);
+
+  QLocale::setDefault(QLocale("it_IT"));
+  Accept();
+  ExpectInPlace(a4, PageOrientation::Portrait);
+  Accept([](QDialog& dialog) {
+    for (auto* button : dialog.findChildren<QPushButton*>()) {
+      if (button->text().contains("foglio")) button->click();
+    }
+  });
+  ExpectInPlace(a4, PageOrientation::Landscape);
+}
+
+INSTANTIATE_TEST_SUITE_P(Published, RealPrinter, testing::ValuesIn(kPrinters), [](const auto& printer) {
+  std::string name = std::string(printer.param.description);
+  name = name.substr(name.rfind('/') + 1);
+  name.resize(name.size() - 4);
+  return std::regex_replace(name, std::regex("[^A-Za-z0-9]"), "_");
+});
+
+}  // namespace
+}  // namespace Morvane
