@@ -114,7 +114,10 @@ bool LoadPictures(const PrintArguments& arguments, const FileSystem& files, cons
   for (const auto& [cover, file] : arguments.pictures) {
     loading.push_back({cover, file, WindowsPath(files, file), nullptr, nullptr});
   }
-  QtConcurrent::blockingMap(loading, [&](PictureToLoad& one) { Load(pictures, one); });
+  {
+    const PictureLibrariesSilenced silence;
+    QtConcurrent::blockingMap(loading, [&](PictureToLoad& one) { Load(pictures, one); });
+  }
   bool areAllGood = true;
   for (const PictureToLoad& one : loading) areAllGood = TakeInto(slots, one) && areAllGood;
   return areAllGood;

@@ -84,6 +84,18 @@ TEST(OldFormats, AreDrawnAsTheCasesTellOrRefusedSoon) {
   });
 }
 
+TEST(OldFormats, NeedTheirDecoderWhoseAbsenceIsTold) {
+  TestMachine machine;
+  machine.WriteFile("C:\\a.wmf", "\xD7\xCD\xC6\x9A");
+  try {
+    QtPictureLoader(*machine.Files, "/nowhere/morvane-decode").LoadPicture("C:\\a.wmf");
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_STREQ(error.what(),
+                 "L'immagine 'C:\\a.wmf' non può essere letta: manca il programma 'morvane-decode'.");
+  }
+}
+
 }  // namespace
 
 }  // namespace Morvane
