@@ -1,6 +1,8 @@
 #include <fontconfig/fontconfig.h>
 #include <malloc.h>
+#include <pwd.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -63,6 +65,11 @@ std::future<void> ReadFontRules() {
   return std::async(std::launch::async, [] { FcInit(); });
 }
 
+std::string UserName() {
+  const passwd* const user = getpwuid(getuid());
+  return user == nullptr ? "" : user->pw_name;
+}
+
 char DecimalSeparator() {
   return QLocale::system().decimalPoint() == QLatin1String(",") ? ',' : '.';
 }
@@ -86,7 +93,7 @@ int main(int argc, char** argv) {
   fontRules.wait();
   InstallFontStandIns();
 
-  FileSystem files("/", MountTable(),
+  FileSystem files("/", MountTable({qgetenv("HOME").toStdString(), UserName()}),
                    QStandardPaths::writableLocation(QStandardPaths::DesktopLocation).toStdString());
   QtWindowSystem windows(files);
   Screen screen;

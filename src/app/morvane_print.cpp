@@ -24,7 +24,7 @@ ExitCode Run(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");  // no window is ever shown, so no display is needed
   const QGuiApplication application(argc, argv);
   InstallFontStandIns();
-  const FileSystem files("/", MountTable(), {});
+  const FileSystem files("/", MountTable({qgetenv("HOME").toStdString(), {}}), {});
   return Print(arguments, files);
 }
 

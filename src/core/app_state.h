@@ -38,11 +38,12 @@ struct AppState : LayoutTables {
   CoverTable<double> CopAltePollici{};
 
   // The layout and the editor.
-  std::int16_t MaxCopertine = 0;      // at most kMaxCovers; set by the main window's load step
-  std::int16_t CopCorrente = 0;       // cover being edited; 0 while the editor is closed
-  std::int16_t LayoutModificato = 0;  // 0 or -1: the editor holds a change that the file lacks
-  std::string NomeLayout;             // current layout file without folder and extension; empty: none
-  std::string NomeLayoutAperto;       // NomeLayout when the editor opened; its Cancel restores it
+  std::int16_t MaxCopertine = 0;         // at most kMaxCovers; set by the main window's load step
+  std::int16_t CopCorrente = 0;          // cover being edited; 0 while the editor is closed
+  std::int16_t LayoutModificato = 0;     // 0 or -1: the editor holds a change that the file lacks
+  std::string NomeLayout;                // current layout file without folder and extension; empty: none
+  std::string NomeLayoutAperto;          // NomeLayout when the editor opened; its Cancel restores it
+  std::optional<LayoutTables> lastRead;  // covers as a layout file brought them last; empty: none did
 
   // The page of the workspace and the drawing.
   double PaginaLarg = 0;           // millimetres

@@ -23,8 +23,9 @@ std::string LayoutPath(const std::string& folder, std::string name);
 // the program ends: each reading holds one more open file.
 using LayoutHandles = std::vector<std::unique_ptr<InputFile>>;
 
-// Reads the file of NomeLayout in AppPath into the state and keeps it open. True when it was read; false, and
-// nothing changed, when it is missing or cannot be opened (PathFileAccess). Other failures as ReadLayout.
+// Reads the file of NomeLayout in AppPath into the state and keeps it open. False, and nothing changed, when
+// it is missing. RuntimeError as OpenForInput and ReadLayout; the covers are then those that were read last:
+// what the editor changed without saving it is not printed.
 bool ReadCurrentLayout(AppState& state, const FileSystem& files, LayoutHandles& handles);
 
 }  // namespace Morvane

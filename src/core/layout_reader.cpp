@@ -99,6 +99,7 @@ void ReadLayout(InputFile& file, AppState& state, LayoutObserver* observer) {
   const LayoutTables before = state;
   try {
     LayoutReader(state, observer).Read(file);
+    state.lastRead = state;
   } catch (...) {
     static_cast<LayoutTables&>(state) = before;
     throw;

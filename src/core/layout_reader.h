@@ -18,7 +18,8 @@ class LayoutObserver {
 };
 
 // Reads a layout file into the tables, NumCopertine (the number of the last Copertina line) and Orientamento,
-// for covers 1 to MaxCopertine. What the file lacks stays as it was; unknown lines and keys are dropped.
+// for covers 1 to MaxCopertine, and into lastRead. What the file lacks stays as it was; unknown lines and
+// keys are dropped.
 // `observer` may be null. RuntimeError, naming NomeLayout and the line: InvalidProcedureCall for a line that
 // begins like a key and has no "=", Overflow for a Pagina outside 16 bits. After any failure, the observer's
 // own included, the LayoutTables of `state` are as they were before; what an observer did elsewhere is for it

@@ -14,6 +14,7 @@ enum class ErrorNumber {
   FileNotFound = 53,
   FileAlreadyExists = 58,
   DiskFull = 61,
+  TooManyFiles = 67,
   PermissionDenied = 70,
   DiskNotReady = 71,
   PathFileAccess = 75,

@@ -79,18 +79,19 @@ TEST_F(LayoutTest, IsReadAsTheCasesTell) {
   EXPECT_EQ(state.CopDistx[1], (-2.5 / 10) / 2.54) << "inches";
 }
 
-TEST_F(LayoutTest, TheCurrentLayoutStaysOpenAndIsSkippedWhenMissingOrNotToBeOpened) {
+TEST_F(LayoutTest, TheCurrentLayoutStaysOpenAndCoversStayAsReadLastWhenItCannotBeOpened) {
   LayoutHandles handles;
   EXPECT_FALSE(ReadCurrentLayout(state, *machine.Files, handles));
-  machine.WriteFile(kPath, "Copertina1=0\r\n");
+  machine.WriteFile(kPath, "Copertina1=0\r\nLarg1=50\r\n");
   EXPECT_TRUE(ReadCurrentLayout(state, *machine.Files, handles));
   EXPECT_TRUE(ReadCurrentLayout(state, *machine.Files, handles));
-  EXPECT_EQ(state.NumCopertine, 1);
-  machine.Files->BeforeCall = [](const std::string& call, const std::string& path) {
-    if (call != "FileExists") throw RuntimeError(ErrorNumber::PathFileAccess, path);
-  };
-  EXPECT_FALSE(ReadCurrentLayout(state, *machine.Files, handles));
   EXPECT_EQ(handles.size(), 2U);
+  state.CopLarg[1] = 99;
+  machine.Files->BeforeCall = [](const std::string& call, const std::string& path) {
+    if (call != "FileExists") throw RuntimeError(ErrorNumber::TooManyFiles, path);
+  };
+  EXPECT_THROW(ReadCurrentLayout(state, *machine.Files, handles), RuntimeError);
+  EXPECT_EQ(state.CopLarg[1], CmFromMm(50));
   EXPECT_EQ(WithBackslash("C:") + WithBackslash("C:\\"), "C:\\C:\\");
   EXPECT_EQ(LayoutPath("C:\\", "..\\CD"), "C:\\../CD.mvne") << "no name leads to another folder";
 }

@@ -52,7 +52,7 @@ class ShippedLayout : public testing::TestWithParam<std::string> {
  protected:
   void SetUp() override {
     state.MaxCopertine = 100;
-    const FileSystem files("/", MountTable("", ""), "/");
+    const FileSystem files("/", MountTable({}, "", ""), "/");
     const std::string path = files.FromNative(kProject / "data/layouts" / (GetParam() + ".mvne"));
     ReadLayout(*files.OpenForInput(path), state);
     EXPECT_EQ(ComposeLayout(state, EditRow{}), files.ReadBytes(path))

@@ -124,16 +124,16 @@ ProgramRun RunProgram(const std::string& command, const TemporaryFolder& folder)
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.Read("errors")};
 }
 
-TestMachine::TestMachine()
-    : Files(std::make_unique<FileSystem>(Root.Path(),
-                                         MountTable{Root.Path() + "/mountinfo", Root.Path() + "/by-label"},
-                                         Root.Path() + "/home/u/Scrivania")),
+TestMachine::TestMachine(const UserHome& home)
+    : Files(std::make_unique<FileSystem>(
+          Root.Path(), MountTable{home, Root.Path() + "/mountinfo", Root.Path() + "/by-label"},
+          Root.Path() + "/home/u/Scrivania")),
       ThePrinter(Device, Metrics, Fonts),
       Pictures(*Files),
       platform{Windows, TheScreen,  *Files,   Pictures, Metrics,
                Fonts,   ThePrinter, Launches, Http,     AppInfo{.path = "C:\\Morvane"}} {
+  Root.MakeFolder("home/u/Scrivania");
   MakeFolder("C:\\Morvane");
-  MakeFolder("C:\\home\\u\\Scrivania");
 }
 
 void TestMachine::WriteFile(const std::string& windowsPath, const std::string& bytes) {
@@ -142,9 +142,9 @@ void TestMachine::WriteFile(const std::string& windowsPath, const std::string& b
 }
 
 void TestMachine::MakeFolder(const std::string& windowsPath) {
-  std::string relative = windowsPath.substr(2);
-  std::replace(relative.begin(), relative.end(), '\\', '/');
-  Root.MakeFolder(relative);
+  std::string below = windowsPath.substr(2);
+  std::replace(below.begin(), below.end(), '\\', '/');
+  std::filesystem::create_directories(Files->ToNative(windowsPath.substr(0, 2)) + below);
 }
 
 }  // namespace Morvane

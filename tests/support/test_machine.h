@@ -120,11 +120,11 @@ struct ProgramRun {
 // Runs a command of the shell to its end; what it writes goes into `folder` first.
 ProgramRun RunProgram(const std::string& command, const TemporaryFolder& folder);
 
-// A whole machine for a test: real files below a temporary folder, which is its drive C:, the program's
-// folder in C:\Morvane; windows, printer, launches and network played from a script.
+// A whole machine for a test: real files below a temporary folder, which is its drive C: unless the user has
+// a home, the program's folder in C:\Morvane; windows, printer, launches and network played from a script.
 class TestMachine {
  public:
-  TestMachine();
+  explicit TestMachine(const UserHome& home = {});
 
   TemporaryFolder Root;
   std::unique_ptr<FileSystem> Files;

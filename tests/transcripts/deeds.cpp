@@ -16,6 +16,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/controls/tree_view.h"
 #include "platform/drawing/calibration_sheet.h"
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/views/view_text.h"
@@ -114,6 +115,9 @@ const std::map<QString, Deed> kDeedsOfTheWorld = {
          s.machine.WriteFile(folder + name.toStdString() + ".mp3", "");
      }}},
     {"folder", {[](Scene& s, Words w) { s.machine.MakeFolder(w.All()); }}},
+    {"shell", {[](Scene& s, Words w) {  // a command, in the machine's root
+       RunProgram("{ cd '" + s.machine.Root.Path() + "'; " + w.All() + "; }", TemporaryFolder());
+     }}},
     {"remove", {[](Scene& s, Words w) { std::filesystem::remove_all(Native(s, w.All())); }}},
     {"lock", {[](Scene& s, Words w) {
        std::filesystem::permissions(Native(s, w.All()), std::filesystem::perms::owner_read);
@@ -124,13 +128,13 @@ const std::map<QString, Deed> kDeedsOfTheWorld = {
     {"mount", {[](Scene& s, Words w) {  // device, file system, folder
        const QString device = w.Next();
        const QString fileSystem = w.Next();
-       s.machine.MakeFolder("C:" + w.All());
+       s.machine.Root.MakeFolder(w.All().substr(1));
        s.Mounts +=
            QString("1 1 %1:0 / %2 rw - %3 %4 rw\n").arg(s.Mounts.count('\n')).arg(w.rest, fileSystem, device);
-       s.machine.WriteFile("C:\\mountinfo", s.Mounts.toStdString());
+       s.machine.Root.Write("mountinfo", s.Mounts.toStdString());
      }}},
     {"label", {[](Scene& s, Words w) {  // device, label
-       s.machine.MakeFolder("C:\\by-label");
+       s.machine.Root.MakeFolder("by-label");
        const std::string device = "../../" + w.Path();
        std::filesystem::create_symlink(device, s.machine.Root.Path() + "/by-label/" + w.All());
      }}},
@@ -203,6 +207,15 @@ void PressPanel(Scene& scene, Words words) {
   }
 }
 
+// Of the rows of a tree, plain and selected.
+void TellImages(Scene& scene, const std::vector<TreeNode*>& nodes) {
+  for (const TreeNode* const node : nodes) {
+    scene.Show(
+        QString::fromStdString("    " + node->Text() + ": " + node->Image() + ", " + node->SelectedImage()));
+    if (node->Expanded()) TellImages(scene, node->Children());
+  }
+}
+
 // All that a key leads to, as it is spoken.
 void Walk(Scene& scene, Words words) {
   const Qt::Key key = QKeySequence(words.rest)[0].key();
@@ -266,10 +279,11 @@ void DragAway(Scene& scene, Words) {
   QApplication::sendEvent(&Hand::See(scene.program.form1.Picture1), &leave);
 }
 
-// The command line program, in C:\.
+// The command line program, in C:\, which is its user's home.
 void RunPrintProgram(Scene& scene, Words words) {
   const TemporaryFolder elsewhere;
-  const std::string command = "cd '" + scene.machine.Root.Path() + "'; " MORVANE_PRINT " " + words.All();
+  const std::string command = "cd '" + scene.machine.Root.Path() + "'; HOME=$PWD XDG_CACHE_HOME='" +
+                              elsewhere.Path() + "' " MORVANE_PRINT " " + words.All();
   const ProgramRun run = RunProgram("{ { " + command + "; } >&2; }", elsewhere);
   scene.Show(QString("  ends with %1").arg(run.exitCode));
   for (const QString& line : QString::fromStdString(run.errors).split('\n', Qt::SkipEmptyParts))
@@ -427,6 +441,7 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
      }}},
     {"close", {[](Scene& s, Words) { Hand::See(s.Top()).close(); }}},
     {"look", {[](Scene& s, Words w) { ShowAll(s, LookAt(s.Top()).at(w.rest)); }}},
+    {"images", {[](Scene& s, Words w) { TellImages(s, dynamic_cast<const TreeView&>(s.Named(w)).Roots()); }}},
     {"sheet", {[](Scene& s, Words) {  // all of it
        ShowAll(s, ShapesAsText(s.Printed));
      }}},

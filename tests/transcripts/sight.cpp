@@ -18,7 +18,6 @@
 #include "platform/controls/bars.h"
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
-#include "platform/controls/tree_view.h"
 #include "tests/hand/golden.h"
 #include "tests/hand/hand.h"
 
@@ -51,16 +50,6 @@ QStringList RowsOf(const QAbstractItemView& list) {
   QStringList rows;
   for (int i = 0; i < list.model()->rowCount(); ++i) rows << RowOf(list, list.model()->index(i, 0), "");
   return rows;
-}
-
-QStringList NodeImages(const TreeView& tree) {
-  QStringList images;
-  for (int i = 1; i <= tree.NodeCount(); ++i) {
-    const TreeNode& node = tree.Node(i);
-    images
-        << QString("%1: %2, %3").arg(node.Text().c_str(), node.Image().c_str(), node.SelectedImage().c_str());
-  }
-  return images;
 }
 
 void AddEntries(const QWidget& menu, const QString& indent, QStringList& entries) {
@@ -177,25 +166,20 @@ QString InkOn(const QString& file) {
   return QString::number(qRound(ink / 255 / 10)) + (page.width() > page.height() ? " on its side" : "");
 }
 
-// How much ink, how many pictures, which fonts and which texts the first page has. Where its texts tell the
-// folder of the test, whose name is another each time, their ink does not count.
-QStringList OnPaper(const QString& file, const QString& root) {
+// How much ink, how many pictures, which fonts and which texts the first page has.
+QStringList OnPaper(const QString& file) {
   constexpr int kHeadings = 2;
   constexpr int kSurelyOnPaper = 30;  // characters; what lies beyond the sheet is cut anywhere
   QStringList texts = AnswerOf("pdftotext", {"-raw", file, "-"});
-  const QString inMenus = QString(root).replace('/', '\\');
-  const bool isNamed = texts.join('\n').contains(inMenus);
-  texts.replaceInStrings(inMenus, "...");
   for (QString& text : texts) text.truncate(kSurelyOnPaper);
-  QStringList lines;
-  if (!isNamed) lines << "ink " + InkOn(file);
+  QStringList lines = {"ink " + InkOn(file)};
   lines << QString("pictures %1").arg(AnswerOf("pdfimages", {"-list", file}).size() - kHeadings);
   for (const QString& font : AnswerOf("pdffonts", {file}).mid(kHeadings))
     lines << font.section(' ', 0, 0).section('+', -1);
   return lines + texts;
 }
 
-QStringList LinesOf(const std::filesystem::path& file, const std::string& root) {
+QStringList LinesOf(const std::filesystem::path& file) {
   if (std::filesystem::is_directory(file)) return {"folder"};
   const std::string suffix = file.extension().string();
   QFile bytes(QString::fromStdString(file.string()));
@@ -204,7 +188,7 @@ QStringList LinesOf(const std::filesystem::path& file, const std::string& root) 
     // Read once: all files are looked at after each deed.
     static std::map<std::pair<std::filesystem::path, std::filesystem::file_time_type>, QStringList> known;
     QStringList& lines = known[{file, std::filesystem::last_write_time(file)}];
-    if (lines.isEmpty()) lines = OnPaper(bytes.fileName(), QString::fromStdString(root));
+    if (lines.isEmpty()) lines = OnPaper(bytes.fileName());
     return lines;
   }
   if (suffix != ".mvne" && suffix != ".ini") return {QString("%1 bytes").arg(bytes.size())};
@@ -257,8 +241,6 @@ void AddControl(const Control& control, const QWidget& widget, Sight& sight) {
     sight[name + " selected"] = {box->selectedText()};
   if (const auto* const view = qobject_cast<const QAbstractItemView*>(&widget))
     sight[name + " from"] = {view->indexAt({1, 1}).data().toString()};
-  if (const auto* const tree = dynamic_cast<const TreeView*>(&control))
-    sight[name + " images"] = NodeImages(*tree);
 }
 
 }  // namespace
@@ -307,8 +289,8 @@ Sight LookAround(const TestMachine& machine) {
   namespace fs = std::filesystem;
   const fs::path root = machine.Root.Path();
   for (const auto& entry : fs::recursive_directory_iterator(root)) {
-    QString name = QString::fromStdString(entry.path().lexically_relative(root).string());
-    sight["C:\\" + name.replace('/', '\\')] = LinesOf(entry.path(), root);
+    const std::string path = machine.Files->FromNative(entry.path());
+    if (!path.empty()) sight[QString::fromStdString(path)] = LinesOf(entry.path());
   }
   const fs::path here = fs::current_path().lexically_relative(root);
   if (!here.empty() && *here.begin() != "..")

@@ -62,6 +62,7 @@ class Transcript : public testing::TestWithParam<std::string> {
   double Megabytes = std::numeric_limits<double>::infinity();
 
  private:
+  static bool HasHome();
   void PlayIn(Form* form);
   void PlayModal(Form& form);
   void Report();

@@ -19,6 +19,7 @@ constexpr ErrorText kTexts[] = {
     {ErrorNumber::FileNotFound, "File non trovato"},
     {ErrorNumber::FileAlreadyExists, "Il file esiste già"},
     {ErrorNumber::DiskFull, "Disco pieno"},
+    {ErrorNumber::TooManyFiles, "Troppi file aperti"},
     {ErrorNumber::PermissionDenied, "Autorizzazione negata"},
     {ErrorNumber::DiskNotReady, "Disco non pronto"},
     {ErrorNumber::PathNotFound, "Percorso non trovato"},
@@ -40,7 +41,8 @@ constexpr SystemError kSystemErrors[] = {
     {EINVAL, ErrorNumber::BadFileName},       {EILSEQ, ErrorNumber::BadFileName},
     {EIO, ErrorNumber::DiskNotReady},         {ENOMEDIUM, ErrorNumber::DiskNotReady},
     {ENXIO, ErrorNumber::DiskNotReady},       {ESTALE, ErrorNumber::DiskNotReady},
-    {ENOMEM, ErrorNumber::OutOfMemory},
+    {ENOMEM, ErrorNumber::OutOfMemory},       {EMFILE, ErrorNumber::TooManyFiles},
+    {ENFILE, ErrorNumber::TooManyFiles},
 };
 
 }  // namespace

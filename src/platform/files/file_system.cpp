@@ -13,6 +13,7 @@
 #include "platform/files/folder_reader.h"
 #include "platform/files/name_order.h"
 #include "platform/files/pending_file.h"
+#include "platform/resume_next.h"
 #include "platform/windows_1252.h"
 
 namespace Morvane {
@@ -52,13 +53,31 @@ void RemoveFile(const std::string& native, const std::string& path) {
   if (::unlink(native.c_str()) != 0) throw SystemFileError(errno, path);
 }
 
-FolderReader OpenFolder(const PathMapping& paths, const std::string& folder) {
-  const auto native = paths.Find(folder);
+std::string ExistingFolder(const PathMapping& paths, const std::string& folder) {
+  const auto native = paths.Find(folder, Wanted::Folder);
   if (!native) throw FileError(ErrorNumber::PathNotFound, folder);
-  FileDescriptor descriptor(::open(native->c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  return *native;
+}
+
+FolderReader OpenFolder(const PathMapping& paths, const std::string& folder) {
+  const std::string native = ExistingFolder(paths, folder);
+  FileDescriptor descriptor(::open(native.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!descriptor.IsOpen())
     throw errno == ENOENT ? FileError(ErrorNumber::PathNotFound, folder) : SystemFileError(errno, folder);
   return {std::move(descriptor), folder};
+}
+
+// The names that `accept` takes. A medium that fails in the middle of a folder has no more of them.
+std::vector<std::string> SortedNames(FolderReader folder,
+                                     const std::function<bool(const FolderReader&)>& accept) {
+  std::vector<std::string> names;
+  ResumeNext([&] {
+    while (folder.Next()) {
+      if (accept(folder)) names.push_back(folder.Name());
+    }
+  });
+  SortNames(names);
+  return names;
 }
 
 void MoveToOtherVolume(const std::string& native, const PathTarget& target, const std::string& path) {
@@ -113,37 +132,25 @@ std::string FileSystem::VolumeLabel(const std::string& root) const {
 
 std::vector<std::string> FileSystem::PlainFiles(const std::string& folder) const {
   Tell("PlainFiles", folder);
-  std::vector<std::string> names;
-  FolderReader reader = OpenFolder(paths_, folder);
-  while (reader.Next()) {
-    if (!reader.IsHidden() && reader.Kind() == EntryKind::File) names.push_back(reader.Name());
-  }
-  SortNames(names);
-  return names;
+  return SortedNames(OpenFolder(paths_, folder), [](const FolderReader& entry) {
+    return !entry.IsHidden() && entry.Kind() == EntryKind::File;
+  });
 }
 
 std::vector<std::string> FileSystem::SubFolders(const std::string& folder) const {
   Tell("SubFolders", folder);
-  std::vector<std::string> names;
-  FolderReader reader = OpenFolder(paths_, folder);
-  while (reader.Next()) {
-    if (reader.Kind() == EntryKind::Folder) names.push_back(reader.Name());
-  }
-  SortNames(names);
-  return names;
+  return SortedNames(OpenFolder(paths_, folder),
+                     [](const FolderReader& entry) { return entry.Kind() == EntryKind::Folder; });
 }
 
 std::string FileSystem::FirstSubFolder(const std::string& folder,
                                        const std::function<bool(const std::string&)>& accept) const {
   Tell("FirstSubFolder", folder);
-  std::string first;
   FolderReader reader = OpenFolder(paths_, folder);
   while (reader.Next()) {
-    std::string name = reader.Name();
-    const bool better = first.empty() || NameIsBefore(name, first);
-    if (better && reader.Kind() == EntryKind::Folder && accept(name)) first = std::move(name);
+    if (reader.Kind() == EntryKind::Folder && accept(reader.Name())) return reader.Name();
   }
-  return first;
+  return {};
 }
 
 FolderEntries FileSystem::ReadFolder(const std::string& folder) const {
@@ -155,6 +162,7 @@ FolderEntries FileSystem::ReadFolder(const std::string& folder) const {
     if (kind == EntryKind::Folder) entries.folders.push_back(reader.Name());
     if (kind == EntryKind::File) entries.files.push_back(reader.Name());
   }
+  entries.leftOut = reader.LeftOut();
   SortNames(entries.folders);
   SortNames(entries.files);
   return entries;
@@ -162,23 +170,19 @@ FolderEntries FileSystem::ReadFolder(const std::string& folder) const {
 
 std::string FileSystem::FolderIdentity(const std::string& folder) const {
   Tell("FolderIdentity", folder);
-  const auto native = paths_.Find(folder);
-  if (!native) throw FileError(ErrorNumber::PathNotFound, folder);
-  return ResolveLinks(*native, folder);
+  return ResolveLinks(ExistingFolder(paths_, folder), folder);
 }
 
 bool FileSystem::FileExists(const std::string& path) const {
   Tell("FileExists", path);
-  const auto native = paths_.Find(path);
+  const auto native = paths_.Find(path, Wanted::Anything);
   struct stat info {};
   return native && ::stat(native->c_str(), &info) == 0 && S_ISREG(info.st_mode);
 }
 
 bool FileSystem::FolderExists(const std::string& path) const {
   Tell("FolderExists", path);
-  const auto native = paths_.Find(path);
-  struct stat info {};
-  return native && ::stat(native->c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+  return paths_.Find(path, Wanted::Folder).has_value();
 }
 
 std::unique_ptr<InputFile> FileSystem::OpenForInput(const std::string& path) const {
@@ -234,7 +238,7 @@ void FileSystem::Name(const std::string& from, const std::string& to) {
 
 void FileSystem::ChDir(const std::string& folder) {
   Tell("ChDir", folder);
-  if (::chdir(paths_.Existing(folder).c_str()) != 0) throw SystemFileError(errno, folder);
+  if (::chdir(ExistingFolder(paths_, folder).c_str()) != 0) throw SystemFileError(errno, folder);
 }
 
 std::string FileSystem::DesktopFolder() const {

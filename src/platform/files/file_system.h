@@ -14,12 +14,14 @@ namespace Morvane {
 struct FolderEntries {
   std::vector<std::string> folders;  // names, links followed, hidden ones too
   std::vector<std::string> files;    // names of plain files, hidden ones too
+  std::size_t leftOut = 0;           // those whose names hold a backslash
 };
 
 // Drives, paths, folders and files of this machine. Paths have the Windows form ("C:\Dati\Foto.jpg", UTF-8);
-// two backslashes in a row count as one, look-up ignores case, a path without a drive lies on C:. All names
-// come alphabetically without regard to case. Failures are RuntimeError: PathNotFound, FileNotFound,
-// PermissionDenied, PathFileAccess, FileAlreadyExists, DiskFull, BadFileName.
+// two backslashes in a row count as one, look-up ignores case, a path without a drive lies on C:, which is
+// the user's home. All names come alphabetically without regard to case. Failures are RuntimeError:
+// PathNotFound, FileNotFound, PermissionDenied, PathFileAccess, FileAlreadyExists, DiskFull, TooManyFiles,
+// BadFileName.
 class FileSystem {
  public:
   // `root` is the native folder that stands for "/", `desktopFolder` the native path of the user's desktop.
@@ -36,11 +38,12 @@ class FileSystem {
   // Label of a volume by its root; empty when it has none or holds no medium.
   std::string VolumeLabel(const std::string& root) const;
 
-  // Names of the plain files of a folder that are not hidden.
+  // Names of the plain files of a folder that are not hidden. Where its medium fails in the middle, those
+  // found before.
   std::vector<std::string> PlainFiles(const std::string& folder) const;
-  // Names of the folders in a folder, hidden ones too, without "." and "..".
+  // Names of the folders in a folder, hidden ones too, without "." and ".."; as above where its medium fails.
   std::vector<std::string> SubFolders(const std::string& folder) const;
-  // The first of them that `accept` takes; empty when none. Stops looking as early as it can.
+  // The first of them that the disk tells and `accept` takes; empty when none.
   std::string FirstSubFolder(const std::string& folder,
                              const std::function<bool(const std::string&)>& accept) const;
   // Everything of one folder in one reading.
@@ -54,7 +57,7 @@ class FileSystem {
   bool FileExists(const std::string& path) const;
   bool FolderExists(const std::string& path) const;
 
-  // Opens a text file for reading. Refused (PathFileAccess) also when the process has few file descriptors
+  // Opens a text file for reading. Refused (TooManyFiles) also when the process has few file descriptors
   // left, so that files that are kept open cannot starve the rest of the program.
   std::unique_ptr<InputFile> OpenForInput(const std::string& path) const;
   // The whole file as it stands, for pictures.

@@ -4,7 +4,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <cstring>
+#include <string_view>
 #include <utility>
 
 #include "platform/files/file_error.h"
@@ -19,14 +19,16 @@ FolderReader::FolderReader(FileDescriptor folder, std::string path)
 }
 
 bool FolderReader::Next() {
-  do {
+  while (true) {
     errno = 0;
     entry_ = ::readdir(folder_.get());
     if (entry_ == nullptr && errno != 0) throw SystemFileError(errno, path_);
-  } while (entry_ != nullptr &&
-           (std::strcmp(entry_->d_name, ".") == 0 || std::strcmp(entry_->d_name, "..") == 0 ||
-            std::strchr(entry_->d_name, '\\') != nullptr));
-  return entry_ != nullptr;
+    if (entry_ == nullptr) return false;
+    const std::string_view name = entry_->d_name;
+    const bool cannotBeTold = name.find('\\') != std::string_view::npos;
+    if (cannotBeTold) ++leftOut_;
+    if (name != "." && name != ".." && !cannotBeTold) return true;
+  }
 }
 
 std::string FolderReader::Name() const {

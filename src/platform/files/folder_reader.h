@@ -11,8 +11,8 @@ namespace Morvane {
 
 enum class EntryKind { File, Folder, Other };
 
-// Goes through the names of one open folder, in no order, without "." and "..". Names with a backslash are
-// left out: no Windows path can tell them.
+// Goes through the names of one open folder, in the disk's order, without "." and "..". Names with a
+// backslash are left out: no Windows path can tell them.
 class FolderReader {
  public:
   // `path` is what an error names.
@@ -27,6 +27,8 @@ class FolderReader {
   bool IsHidden() const { return entry_->d_name[0] == '.'; }
   // What the name stands for, links followed. Asks the disk only where the folder itself does not tell.
   EntryKind Kind() const;
+  // How many names were left out so far.
+  std::size_t LeftOut() const { return leftOut_; }
 
  private:
   struct Closer {
@@ -36,6 +38,7 @@ class FolderReader {
   std::string path_;
   std::unique_ptr<DIR, Closer> folder_;
   const dirent* entry_ = nullptr;
+  std::size_t leftOut_ = 0;
 };
 
 }  // namespace Morvane

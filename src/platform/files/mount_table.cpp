@@ -13,27 +13,36 @@ namespace Morvane {
 
 namespace {
 
+// Without a slash at its end; "/" for a user without a home.
+std::string HomeFolder(std::string folder) {
+  while (folder.ends_with('/')) folder.pop_back();
+  return folder.starts_with('/') ? folder : std::string("/");
+}
+
 DriveType TypeOf(const MountInfo& mount) {
   if (IsFloppy(mount)) return DriveType::Removable;
   if (IsOptical(mount)) return DriveType::CdRom;
   return IsNetwork(mount) ? DriveType::Remote : DriveType::Fixed;
 }
 
-// C: first, then the further volumes, discs before the others; still without letters.
-std::vector<Volume> KnownVolumes(const std::vector<MountInfo>& mounts) {
-  std::vector<Volume> volumes = {{'C', "/", "", DriveType::Fixed}};
+// The system's root, and the home when it is another folder, then the further volumes, discs before the
+// others; those still without letters.
+std::vector<Volume> KnownVolumes(const std::vector<MountInfo>& mounts, const std::string& home) {
+  std::vector<Volume> volumes = {{home == "/" ? 'C' : 'Z', "/", "", DriveType::Fixed}};
   std::set<std::string> devices;
   for (const MountInfo& mount : mounts) {
     if (mount.mountPoint != "/") continue;
     volumes.front().source = mount.source;
     devices.insert(mount.device);
   }
+  if (home != "/") volumes.push_back({'C', home, "", DriveType::Fixed, true});
+  const auto further = static_cast<std::ptrdiff_t>(volumes.size());
   for (const MountInfo& mount : mounts) {
-    if (mount.mountPoint == "/" || !IsKnownToUser(mount)) continue;
+    if (mount.mountPoint == "/" || mount.mountPoint == home || !IsKnownToUser(mount)) continue;
     if (devices.insert(mount.device).second)
       volumes.push_back({0, mount.mountPoint, mount.source, TypeOf(mount)});
   }
-  std::stable_partition(volumes.begin() + 1, volumes.end(),
+  std::stable_partition(volumes.begin() + further, volumes.end(),
                         [](const Volume& volume) { return volume.type == DriveType::CdRom; });
   return volumes;
 }
@@ -100,13 +109,14 @@ std::string LabelFromLinks(const std::string& folder, const std::string& source)
 
 }  // namespace
 
-MountTable::MountTable(std::string mountInfoFile, std::string labelFolder)
-    : mountInfoFile_(std::move(mountInfoFile)), labelFolder_(std::move(labelFolder)) {
+MountTable::MountTable(UserHome home, std::string mountInfoFile, std::string labelFolder)
+    : home_(std::move(home)), mountInfoFile_(std::move(mountInfoFile)), labelFolder_(std::move(labelFolder)) {
+  home_.folder = HomeFolder(std::move(home_.folder));
   Refresh();
 }
 
 void MountTable::Refresh() {
-  std::vector<Volume> volumes = KnownVolumes(ReadMounts(mountInfoFile_));
+  std::vector<Volume> volumes = KnownVolumes(ReadMounts(mountInfoFile_), home_.folder);
   GiveLetters(volumes, volumes_);
   std::sort(volumes.begin(), volumes.end(),
             [](const Volume& left, const Volume& right) { return left.letter < right.letter; });
@@ -120,6 +130,7 @@ const Volume* MountTable::Find(char letter) const {
 }
 
 std::string MountTable::Label(const Volume& volume) const {
+  if (volume.isHome) return home_.userName;
   std::error_code noFolder;
   if (volume.source.starts_with("/dev/") && std::filesystem::is_directory(labelFolder_, noFolder))
     return LabelFromLinks(labelFolder_, volume.source);

@@ -20,13 +20,10 @@ namespace {
 
 constexpr std::size_t kLongestName = 255;  // bytes
 
-bool IsThere(const std::string& native) {
+// A link counts as a name, wherever it leads, and as a folder when it leads to one.
+bool IsThere(const std::string& native, Wanted wanted) {
   struct stat info {};
-  return ::lstat(native.c_str(), &info) == 0;
-}
-
-bool IsFolder(const std::string& native) {
-  struct stat info {};
+  if (wanted == Wanted::Anything) return ::lstat(native.c_str(), &info) == 0;
   return ::stat(native.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
@@ -104,19 +101,10 @@ std::vector<Volume> PathMapping::CurrentVolumes() const {
   return mounts_.Volumes();
 }
 
-std::optional<std::string> PathMapping::NativeRoot(char drive) const {
-  const auto volume = VolumeWithLetter(drive);
-  if (!volume) return std::nullopt;
-  return root_ + WithoutSlashAtEnd(volume->mountPoint);
-}
-
-std::optional<std::string> PathMapping::FindName(const std::string& folder, const std::string& name) {
+std::optional<std::string> PathMapping::FindName(const std::string& folder, const std::string& name,
+                                                 Wanted wanted) {
   if (MisleadsSystem(name)) return std::nullopt;
-  if (IsThere(folder + "/" + name)) return name;
-  // Small letters come first in the order of names, and most names here have no others: no need to read the
-  // folder.
-  std::string lower = ToLower(name);
-  if (IsThere(folder + "/" + lower)) return lower;
+  if (IsThere(folder + "/" + name, wanted)) return name;
   FileDescriptor descriptor(::open(OrSlash(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!descriptor.IsOpen()) return std::nullopt;
 
@@ -125,44 +113,37 @@ std::optional<std::string> PathMapping::FindName(const std::string& folder, cons
   while (reader.Next()) {
     const std::string_view raw = reader.RawName();
     if (!IsSameName(raw, name)) continue;
+    if (wanted == Wanted::Folder && reader.Kind() != EntryKind::Folder) continue;
     if (ReadableUtf8(raw) == name) return std::string(raw);
     if (!best || NameIsBefore(raw, *best)) best = raw;
   }
   return best;
 }
 
-PathMapping::Walk PathMapping::Follow(const std::string& base, const std::vector<std::string>& names) {
-  std::string exact = base;
-  for (const std::string& name : names) exact += "/" + name;
-  if (std::none_of(names.begin(), names.end(), MisleadsSystem) && IsThere(OrSlash(exact))) {
-    return {exact, names.size()};
-  }
-  Walk walk{base, 0};
-  for (const std::string& name : names) {
-    const auto found = FindName(walk.native, name);
+std::optional<PathMapping::Walk> PathMapping::Follow(const SplitPath& path, Wanted wanted) const {
+  const auto volume = VolumeWithLetter(path.drive);
+  if (!volume) return std::nullopt;
+  Walk walk{root_ + WithoutSlashAtEnd(volume->mountPoint), path.names};
+  while (!walk.missing.empty()) {
+    const bool isLast = walk.missing.size() == 1;
+    const auto found = FindName(walk.native, walk.missing.front(), isLast ? wanted : Wanted::Folder);
     if (!found) break;
     walk.native += "/" + *found;
-    ++walk.found;
+    walk.missing.erase(walk.missing.begin());
   }
   return walk;
 }
 
-std::optional<std::string> PathMapping::Find(const std::string& path) const {
-  const SplitPath split = Split(path);
-  const auto base = NativeRoot(split.drive);
-  if (!base) return std::nullopt;
-  const Walk walk = Follow(*base, split.names);
-  if (walk.found < split.names.size()) return std::nullopt;
-  return OrSlash(walk.native);
+std::optional<std::string> PathMapping::Find(const std::string& path, Wanted wanted) const {
+  const auto walk = Follow(Split(path), wanted);
+  if (!walk || !walk->missing.empty()) return std::nullopt;
+  return OrSlash(walk->native);
 }
 
 std::string PathMapping::Existing(const std::string& path) const {
-  const SplitPath split = Split(path);
-  const auto base = NativeRoot(split.drive);
-  if (!base) throw FileError(ErrorNumber::PathNotFound, path);
-  const Walk walk = Follow(*base, split.names);
-  if (walk.found == split.names.size()) return OrSlash(walk.native);
-  const bool onlyLastMissing = walk.found + 1 == split.names.size() && IsFolder(OrSlash(walk.native));
+  const auto walk = Follow(Split(path), Wanted::Anything);
+  if (walk && walk->missing.empty()) return OrSlash(walk->native);
+  const bool onlyLastMissing = walk && walk->missing.size() == 1;
   throw FileError(onlyLastMissing ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound, path);
 }
 
@@ -173,28 +154,22 @@ PathTarget PathMapping::Target(const std::string& path) const {
   target.name = split.names.back();
   split.names.pop_back();
 
-  const auto base = NativeRoot(split.drive);
-  if (!base) throw FileError(ErrorNumber::PathNotFound, path);
-  const Walk walk = Follow(*base, split.names);
-  if (walk.found < split.names.size() || !IsFolder(OrSlash(walk.native))) {
-    throw FileError(ErrorNumber::PathNotFound, path);
-  }
-  target.folder = walk.native;
-  target.existing = FindName(target.folder, target.name);
+  const auto walk = Follow(split, Wanted::Folder);
+  if (!walk || !walk->missing.empty()) throw FileError(ErrorNumber::PathNotFound, path);
+  target.folder = walk->native;
+  target.existing = FindName(target.folder, target.name, Wanted::Anything);
   if (!target.existing && !CanBeGiven(target.name)) throw FileError(ErrorNumber::BadFileName, path);
   return target;
 }
 
 std::string PathMapping::ToNative(const std::string& path) const {
-  const SplitPath split = Split(path);
-  const auto base = NativeRoot(split.drive);
-  if (!base) throw FileError(ErrorNumber::PathNotFound, path);
-  if (std::any_of(split.names.begin(), split.names.end(), MisleadsSystem)) {
-    throw FileError(ErrorNumber::BadFileName, path);
+  const auto walk = Follow(Split(path), Wanted::Anything);
+  if (!walk) throw FileError(ErrorNumber::PathNotFound, path);
+  std::string native = walk->native;
+  for (const std::string& name : walk->missing) {
+    if (MisleadsSystem(name)) throw FileError(ErrorNumber::BadFileName, path);
+    native += "/" + name;
   }
-  const Walk walk = Follow(*base, split.names);
-  std::string native = walk.native;
-  for (std::size_t i = walk.found; i < split.names.size(); ++i) native += "/" + split.names[i];
   return OrSlash(native);
 }
 
@@ -203,19 +178,21 @@ std::string PathMapping::FromNative(const std::string& nativePath) const {
   const auto inside = Below(WithoutSlashAtEnd(normal), root_);
   if (!normal.starts_with('/') || !inside) return "";
 
-  const std::vector<Volume> volumes = CurrentVolumes();
-  const Volume* volume = nullptr;
-  std::string rest;
-  for (const Volume& candidate : volumes) {
-    const auto below = Below(*inside, WithoutSlashAtEnd(candidate.mountPoint));
-    if (!below || (volume != nullptr && candidate.mountPoint.size() <= volume->mountPoint.size())) continue;
-    volume = &candidate;
-    rest = *below;
-  }
-  if (volume == nullptr || rest.find('\\') != std::string::npos) return "";
+  std::vector<Volume> volumes = CurrentVolumes();
+  std::erase_if(volumes,
+                [&](const Volume& volume) { return !Below(*inside, WithoutSlashAtEnd(volume.mountPoint)); });
+  // What lies below the home is told by C:, all else by the nearest mount point.
+  const auto teller =
+      std::max_element(volumes.begin(), volumes.end(), [](const Volume& left, const Volume& right) {
+        return std::pair(left.isHome, left.mountPoint.size()) <
+               std::pair(right.isHome, right.mountPoint.size());
+      });
+  if (teller == volumes.end()) return "";
+  const std::string rest = inside->substr(WithoutSlashAtEnd(teller->mountPoint).size());
+  if (rest.find('\\') != std::string::npos) return "";
   std::string path = ReadableUtf8(rest.empty() ? "/" : rest);
   std::replace(path.begin(), path.end(), '/', '\\');
-  return std::string(1, volume->letter) + ":" + path;
+  return std::string(1, teller->letter) + ":" + path;
 }
 
 }  // namespace Morvane

@@ -18,6 +18,9 @@ struct PathTarget {
   std::string NativePath() const { return folder + "/" + existing.value_or(name); }
 };
 
+// What may stand at the end of a path that is looked up. On the way there only folders count.
+enum class Wanted { Anything, Folder };
+
 // Turns paths of the Windows form into this system's and back. Each name is looked up: the exact one wins,
 // else the first that is equal without case. ".." never leads out of a drive. Several threads may ask at
 // once.
@@ -27,7 +30,7 @@ class PathMapping {
   PathMapping(std::string root, MountTable mounts);
 
   // The native path of what stands at a path; nothing when nothing does. A link counts, wherever it leads.
-  std::optional<std::string> Find(const std::string& path) const;
+  std::optional<std::string> Find(const std::string& path, Wanted wanted) const;
   // RuntimeError: PathNotFound for a missing folder on the way, else FileNotFound.
   std::string Existing(const std::string& path) const;
   // RuntimeError: PathNotFound, BadFileName.
@@ -51,15 +54,16 @@ class PathMapping {
     bool endsInName = false;  // not in a backslash, "." or ".."
   };
   struct Walk {
-    std::string native;     // without a slash at its end
-    std::size_t found = 0;  // names that are there
+    std::string native;                // what is there, without a slash at its end
+    std::vector<std::string> missing;  // the names behind it
   };
 
   static SplitPath Split(const std::string& path);
   std::optional<Volume> VolumeWithLetter(char letter) const;
-  std::optional<std::string> NativeRoot(char drive) const;
-  static std::optional<std::string> FindName(const std::string& folder, const std::string& name);
-  static Walk Follow(const std::string& base, const std::vector<std::string>& names);
+  static std::optional<std::string> FindName(const std::string& folder, const std::string& name,
+                                             Wanted wanted);
+  // Nothing when the drive is not there.
+  std::optional<Walk> Follow(const SplitPath& path, Wanted wanted) const;
 
   std::string root_;
   mutable std::mutex mountsMutex_;

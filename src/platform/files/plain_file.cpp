@@ -65,7 +65,7 @@ std::string ReadPlainFile(const std::string& native, const std::string& path) {
 
 InputFile::InputFile(const std::string& native, std::string path, FileHook beforeCall)
     : file_(OpenPlainFile(native, path)), path_(std::move(path)), beforeCall_(std::move(beforeCall)) {
-  if (FewDescriptorsLeft(file_.Get())) throw FileError(ErrorNumber::PathFileAccess, path_);
+  if (FewDescriptorsLeft(file_.Get())) throw FileError(ErrorNumber::TooManyFiles, path_);
 }
 
 bool InputFile::ReadLine(std::string& line) {

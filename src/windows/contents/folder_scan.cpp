@@ -13,6 +13,8 @@ namespace {
 constexpr const char* kBrowserTitle = "Apertura CD/Cartella da stampare";
 constexpr const char* kTooManyFiles =
     "Numero massimo di files/cartelle visualizzabili : 1000, il programma ignorerà i files in piu'";
+constexpr const char* kLeftOut =
+    "Files e cartelle esclusi dall'elenco, perché il loro nome contiene una barra rovesciata: ";
 
 // The path of something in a folder; a drive's root brings its own backslash.
 std::string PathBelow(const std::string& folder, const std::string& name) {
@@ -30,11 +32,16 @@ class FolderScan {
     const std::string identity = files_.FolderIdentity(fold);
     const auto known = read_.find(identity);
     if (known != read_.end()) return list_.Repeat(known->second.lines, known->second.path, fold);
-    FolderEntries entries = files_.ReadFolder(fold);
+    const FolderEntries entries = files_.ReadFolder(fold);
+    leftOut_ += entries.leftOut;
     read_[identity] = {fold, {}};
     const LineCount first = list_.ListCount();
     ListEntries(fold, entries);
     read_[identity].lines = {first, list_.ListCount()};
+  }
+
+  void TellWhatIsLeftOut() const {
+    if (leftOut_ > 0) reports_.message(kLeftOut + std::to_string(leftOut_));
   }
 
  private:
@@ -78,6 +85,7 @@ class FolderScan {
   const ScanReports& reports_;
   Listing& list_;
   int limit_;
+  std::size_t leftOut_ = 0;
   std::unordered_map<std::string, ReadFolder> read_;  // by identity
 };
 
@@ -124,7 +132,9 @@ void FindSubFolders(const std::string& fold, AppState& state, const FileSystem& 
   RepairListingFont(state);
   state.ElencoColonne = 2;
   List1.Clear();
-  FolderScan(state, files, reports, List1, limit).List(fold);
+  FolderScan scan(state, files, reports, List1, limit);
+  scan.List(fold);
+  scan.TellWhatIsLeftOut();
 }
 
 }  // namespace Morvane

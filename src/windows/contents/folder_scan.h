@@ -26,7 +26,8 @@ struct ScanReports {
 };
 
 // Lists a folder and all below it. ElencoRighe counts the files of each folder; above `limit` the user gets a
-// message and the rest of the scan is given up. Nothing is read when it is above the limit at the start.
+// message and the rest of the scan is given up. Another message tells how many files and folders are left out
+// because no path can tell their names. Nothing is read when it is above the limit at the start.
 // RuntimeError as above.
 void FindSubFolders(const std::string& fold, AppState& state, const FileSystem& files,
                     const ScanReports& reports, Listing& List1, int limit = kMaxRighe);

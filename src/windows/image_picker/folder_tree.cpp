@@ -38,6 +38,11 @@ void AddPlaceholder(TreeView& tree, const std::string& key, const std::string& p
   if (!name.empty()) AddFolder(tree, key, name);
 }
 
+// A name that begins with a point is hidden on this system.
+bool IsShown(const std::string& folder) {
+  return !folder.starts_with('.');
+}
+
 struct DriveLook {
   std::string text;
   std::string image;
@@ -90,6 +95,7 @@ void AddDesktopFolder(TreeView& tree, const std::string& path, const FileSystem&
   ResumeNext([&] { isThere = !path.empty() && files.FolderExists(path); });
   if (!isThere) return;
   const std::string name = path.substr(path.rfind('\\') + 1);
+  if (name.empty()) return;  // no folder, but a drive
   ResumeNext([&] { tree.Add("desk", path, ProperCase(name), "closed"); });
 }
 
@@ -117,6 +123,7 @@ void AddSubFolders(TreeView& tree, const std::string& key, const FileSystem& fil
   const std::string onDisk = PathOnDisk(parentKey, files);
   std::vector<std::string> folders;
   ResumeNext([&] { folders = files.SubFolders(onDisk + "\\"); });
+  std::erase_if(folders, [](const std::string& folder) { return !IsShown(folder); });
   std::erase_if(unread, [&](const UnreadFolder& folder) { return folder.parentKey == parentKey; });
   for (auto folder = folders.begin(); folder != folders.end();) {
     const std::string name = ProperCase(*folder);
@@ -145,7 +152,7 @@ std::string FirstSubFolder(const std::string& path, const FileSystem& files) {
   std::string name;
   // A folder named exactly "desk", as the Desktop's node is, is passed over here and only here: alone in its
   // folder, it can't be reached.
-  const auto accept = [](const std::string& candidate) { return candidate != "desk"; };
+  const auto accept = [](const std::string& folder) { return IsShown(folder) && folder != "desk"; };
   ResumeNext([&] { name = files.FirstSubFolder(WithoutBackslash(path) + "\\", accept); });
   return ProperCase(name);
 }

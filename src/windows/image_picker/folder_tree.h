@@ -26,8 +26,9 @@ struct UnreadFolder {
   std::string pathOnDisk;
 };
 
-// Adds the folders of a node by its key, in one reading, and puts them behind the `unread` ones. Folders that
-// are in the tree already stay as they are; none is ever taken out.
+// Adds the folders of a node by its key, in one reading, and puts them behind the `unread` ones. Those whose
+// names begin with a point are not shown. Folders that are in the tree already stay as they are; none is ever
+// taken out.
 void AddSubFolders(TreeView& tree, const std::string& key, const FileSystem& files,
                    std::deque<UnreadFolder>& unread);
 
@@ -36,7 +37,8 @@ void AddSubFolders(TreeView& tree, const std::string& key, const FileSystem& fil
 void AddPlaceholders(TreeView& tree, const FileSystem& files, std::deque<UnreadFolder>& unread,
                      std::chrono::steady_clock::time_point until);
 
-// Name of the first subfolder in proper case; empty when there is none or the folder can't be read.
+// Name, in proper case, of the first shown subfolder that the disk tells; empty when there is none or the
+// folder can't be read.
 std::string FirstSubFolder(const std::string& path, const FileSystem& files);
 
 // Label of a volume in proper case by its root ("C:\"); empty when it has none or holds no medium.

@@ -24,15 +24,20 @@ std::string DeleteFailed(const std::string& name) {
          " controllare che non si tratti di un file in sola lettura o una cartella di un CD-ROM o DVD-ROM";
 }
 
+bool IsGone(const RuntimeError& error) {
+  return error.Number() == ErrorNumber::FileNotFound || error.Number() == ErrorNumber::PathNotFound;
+}
+
 // The file is tried again for as long as it can't be deleted: the user removes the cause, such as the program
-// that holds the file, and confirms the message.
+// that holds the file, and confirms the message. A file that another program took away is as good as deleted.
 void KillStubbornly(WindowSystem& windows, FileSystem& files, const std::string& folder,
                     const std::string& name) {
   while (!windows.Ended()) {
     try {
       files.Kill(folder + name);
       return;
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
+      if (IsGone(error)) return;
       windows.MsgBox(DeleteFailed(name));
     }
   }

@@ -9,7 +9,7 @@ namespace Morvane {
 namespace {
 
 TEST_F(FilesTest, EachVolumeThatAUserWouldKnowHasALetterATypeAndALabel) {
-  MountTable table{disk.Path("mountinfo"), disk.Path("by-label")};
+  MountTable table{{}, disk.Path("mountinfo"), disk.Path("by-label")};
   EXPECT_EQ(table.Find('D'), nullptr);
   Link("sdb2", "disco");
   ExpectCases("tests/platform/files/mounts.txt", [&](const std::string& given) {

@@ -25,8 +25,33 @@ TEST_F(FilesTest, DrivesAreMappedBothWaysAsSoonAsTheyAreMounted) {
   EXPECT_EQ(files.FromNative(disk.Path("vecchi/caff\xE9.jpg")), "C:\\vecchi\\caffé.jpg");
 }
 
+TEST_F(FilesTest, TheHomeIsTheFirstDriveAndTheWholeDiskTheLast) {
+  const TestMachine anna({"/home/u/", "anna"});
+  const FileSystem& hers = *anna.Files;
+  anna.Root.Write("mountinfo",
+                  "27 1 8:2 / / rw - ext4 /dev/sda2 rw\n"
+                  "28 27 8:3 / /home/u rw - ext4 /dev/sda3 rw\n"
+                  "29 28 8:4 / /home/u/archivio rw - ext4 /dev/sda4 rw\n"
+                  "61 27 11:0 / /media/u/MUSICA ro - iso9660 /dev/sr0 ro\n");
+  EXPECT_THAT(hers.DriveRoots(), ElementsAre("C:\\", "D:\\", "E:\\", "Z:\\"));
+  EXPECT_EQ(hers.VolumeLabel("C:\\") + hers.VolumeLabel("Z:\\"), "anna");
+  EXPECT_EQ(hers.DesktopFolder(), "C:\\Scrivania");
+  EXPECT_TRUE(hers.FolderExists("Z:\\home\\U\\scrivania"));
+  EXPECT_FALSE(hers.FolderExists("C:\\home\\u"));
+  const std::pair<const char*, const char*> told[] = {{"/home/u", "C:\\"},
+                                                      {"/home/u/archivio/a", "C:\\archivio\\a"},
+                                                      {"/home/ugo", "Z:\\home\\ugo"},
+                                                      {"/media/u/MUSICA/a", "D:\\a"},
+                                                      {"/", "Z:\\"}};
+  for (const auto& [native, path] : told) EXPECT_EQ(hers.FromNative(anna.Root.Path() + native), path);
+  for (const char* const none : {"", "/", "utente"}) {
+    EXPECT_THAT(TestMachine({none, "anna"}).Files->DriveRoots(), ElementsAre("C:\\")) << none;
+    EXPECT_EQ(TestMachine({none, "anna"}).Files->VolumeLabel("C:\\"), "") << none;
+  }
+}
+
 TEST_F(FilesTest, TheRealRootIsServed) {
-  const FileSystem real("/", MountTable("", ""), "/");
+  const FileSystem real("/", MountTable({}, "", ""), "/");
   EXPECT_EQ(real.ToNative("C:\\") + real.ToNative("\\") + real.FromNative("/"), "//C:\\");
   EXPECT_TRUE(real.FolderExists("C:\\"));
   const std::string temp = disk.Path("nuovo.txt");
@@ -34,9 +59,9 @@ TEST_F(FilesTest, TheRealRootIsServed) {
 }
 
 TEST_F(FilesTest, APathLeadsToTheExactNameElseToTheFirstEqualWithoutCase) {
-  for (const char* name :
-       {"dati/foto.txt", "dati/FOTO.txt", "dati/NOTE.txt", "dati/Note.txt", "DATI/Altro.txt", "è/Caffè.txt",
-        "vecchi/caff\xE9.jpg", "nuovi/per\xF2.jpg", "nuovi/PER\xD2.jpg", "media/u/MUSICA/Brani/uno.mp3"}) {
+  for (const char* name : {"dati/foto.txt", "dati/FOTO.txt", "dati/NOTE.txt", "dati/Note.txt",
+                           "DATI/Altro.txt", "è/Caffè.txt", "vecchi/caff\xE9.jpg", "foto", "FOTO/mare.jpg",
+                           "nuovi/per\xF2.jpg", "nuovi/PER\xD2.jpg", "media/u/MUSICA/Brani/uno.mp3"}) {
     disk.Write(name, name);
   }
   disk.Write("mountinfo", kMounts);

@@ -25,9 +25,9 @@ TEST_F(FilesTest, FoldersAreListedInOrderAndLinksFollowed) {
   EXPECT_THAT(files.ReadFolder("C:\\d").folders, folders);
   EXPECT_THAT(files.ReadFolder("C:\\d").files,
               ElementsAre(".celata.jpg", "alba.jpg", "Beta.jpg", "caffé.jpg", "collegata.jpg"));
-  for (const std::string first : {".nascosta", "alfa", "legame", "Zeta", ""}) {
-    const auto accept = [&](const std::string& name) { return !first.empty() && name >= first; };
-    EXPECT_EQ(files.FirstSubFolder("C:\\d", accept), first == "Zeta" ? "alfa" : first);
+  for (const std::string only : {"Zeta", "manca"}) {
+    const auto accept = [&](const std::string& name) { return name == only; };
+    EXPECT_EQ(files.FirstSubFolder("C:\\d", accept), only == "Zeta" ? only : "");
   }
   for (const char* file : {"BETA.jpg", "collegata.jpg", ".celata.jpg", "CAFFÉ.jpg"}) {
     EXPECT_TRUE(files.FileExists(std::string("C:\\d\\") + file)) << file;
@@ -39,8 +39,17 @@ TEST_F(FilesTest, FoldersAreListedInOrderAndLinksFollowed) {
   for (const auto& [path, there] : {std::pair("d\\legame", true), {"d\\manca", false}, {"D:\\", false}}) {
     EXPECT_EQ(files.FolderExists(path), there) << path;
   }
+  EXPECT_EQ(files.ReadFolder("C:\\d").leftOut, 1U);
   EXPECT_EQ(files.FolderIdentity("C:\\d\\legame"), files.FolderIdentity("C:\\D\\ALFA"));
   EXPECT_NE(files.FolderIdentity("C:\\d\\Zeta"), files.FolderIdentity("C:\\d\\alfa"));
+}
+
+TEST_F(FilesTest, TheFirstFolderIsTheFirstThatTheDiskTells) {
+  for (char name = 'a'; name <= 'z'; ++name) disk.MakeFolder(std::string("d/") + name);
+  int asked = 0;
+  const auto accept = [&](const std::string&) { return ++asked > 0; };
+  EXPECT_NE(files.FirstSubFolder("C:\\d", accept), "");
+  EXPECT_EQ(asked, 1);
 }
 
 TEST_F(FilesTest, LinesEndAtCarriageReturnsWhereverTheBufferEnds) {
@@ -79,7 +88,7 @@ TEST_F(FilesTest, TextFilesAreRefusedWhenFewDescriptorsAreLeft) {
     EXPECT_EQ(NumberOfErrorIn([&] {
                 while (kept.size() < tight.rlim_cur) kept.push_back(files.OpenForInput("C:\\t.txt"));
               }),
-              ErrorNumber::PathFileAccess);
+              ErrorNumber::TooManyFiles);
     EXPECT_EQ(files.ReadBytes("C:\\t.txt"), "testo\r\n");
     EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
     EXPECT_GT(kept.size(), most - free - 50);

@@ -239,7 +239,7 @@ TEST_F(QtPictureTest, DecodedPixelsAreSrgbWhateverTheProfile) {
 TEST_F(QtPictureTest, LoadsManyAtOnceWhileVolumesComeAndGo) {
   constexpr int kPictures = 20;
   const std::string table = machine_.Root.Path() + "/mounts";
-  const FileSystem files(machine_.Root.Path(), MountTable(table, ""), "");
+  const FileSystem files(machine_.Root.Path(), MountTable({}, table, ""), "");
   const QtPictureLoader loader(files, "");
   machine_.WriteFile("C:\\foto.png", Encoded(TwoHalves(64, 32), "png"));
   std::atomic<int> loaded = 0;
