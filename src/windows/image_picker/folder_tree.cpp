@@ -89,14 +89,15 @@ std::string AddDrives(TreeView& tree, const FileSystem& files) {
   return firstFixed;
 }
 
-// Without a placeholder: what the desktop folder holds is shown below its drive alone.
+// Without a placeholder: what the desktop folder holds is shown below its drive alone, where it has another
+// node. So its key ends in a backslash, as no other does.
 void AddDesktopFolder(TreeView& tree, const std::string& path, const FileSystem& files) {
   bool isThere = false;
   ResumeNext([&] { isThere = !path.empty() && files.FolderExists(path); });
   if (!isThere) return;
   const std::string name = path.substr(path.rfind('\\') + 1);
   if (name.empty()) return;  // no folder, but a drive
-  ResumeNext([&] { tree.Add("desk", path, ProperCase(name), "closed"); });
+  ResumeNext([&] { tree.Add("desk", path + "\\", ProperCase(name), "closed"); });
 }
 
 }  // namespace
