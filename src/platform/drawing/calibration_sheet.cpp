@@ -8,8 +8,6 @@ namespace {
 
 // All in millimetres.
 constexpr double kRulersAt = 10;
-constexpr int kAcross = 180;
-constexpr int kDown = 250;
 constexpr double kLongMark = 4;
 constexpr double kArm = 2.5;  // of a cross
 constexpr double kTextLeft = 40;
@@ -30,15 +28,15 @@ void Write(DrawingSurface& sheet, double left, double top, const std::string& te
 void DrawRulers(DrawingSurface& sheet) {
   sheet.SetFontSize(6);
   const double height = sheet.TextHeight("0");
-  sheet.Line(kRulersAt, kRulersAt, kRulersAt + kAcross, kRulersAt);
-  for (int mm = 0; mm <= kAcross; ++mm) {
+  sheet.Line(kRulersAt, kRulersAt, kRulersAt + kCalibrationAcross, kRulersAt);
+  for (int mm = 0; mm <= kCalibrationAcross; ++mm) {
     const double at = kRulersAt + mm;
     const std::string number = std::to_string(mm);
     sheet.Line(at, kRulersAt, at, kRulersAt - MarkLength(mm));
     if (mm % 10 == 0) Write(sheet, at - sheet.TextWidth(number) / 2, kRulersAt - kLongMark - height, number);
   }
-  sheet.Line(kRulersAt, kRulersAt, kRulersAt, kRulersAt + kDown);
-  for (int mm = 0; mm <= kDown; ++mm) {
+  sheet.Line(kRulersAt, kRulersAt, kRulersAt, kRulersAt + kCalibrationDown);
+  for (int mm = 0; mm <= kCalibrationDown; ++mm) {
     const double at = kRulersAt + mm;
     const std::string number = std::to_string(mm) + " ";
     sheet.Line(kRulersAt, at, kRulersAt - MarkLength(mm), at);
@@ -70,7 +68,8 @@ void DrawCalibrationSheet(DrawingSurface& sheet, double left, double top, double
   }
   sheet.SetFontSize(9);
   const std::string lines[] = {
-      "1. Misura la riga orizzontale da 0 a 180 e quella verticale da 0 a 250, in millimetri.",
+      "1. Misura la riga orizzontale da 0 a " + std::to_string(kCalibrationAcross) +
+          " e quella verticale da 0 a " + std::to_string(kCalibrationDown) + ", in millimetri.",
       "2. Misura dove sta la croce in alto: previsti " + Tenths(left + kCalibrationCross) +
           " mm da sinistra e " + Tenths(top + kCalibrationCross) + " mm dall'alto.",
       "3. Scrivi in Stampa, Taratura: le due misure, e quanto la croce è più a destra e più in basso.",

@@ -42,14 +42,14 @@ QString NameOf(const QString& group) {
 }  // namespace
 
 bool Calibration::IsUsual() const {
-  return IsUsualScale(acrossMm / kAcrossMm) && IsUsualScale(downMm / kDownMm) &&
+  return IsUsualScale(acrossMm / kCalibrationAcross) && IsUsualScale(downMm / kCalibrationDown) &&
          std::abs(rightMm) <= kMostShiftMm && std::abs(downwardsMm) <= kMostShiftMm;
 }
 
 QTransform Calibration::Correction(QPointF cross) const {
   return QTransform()
       .translate(cross.x(), cross.y())
-      .scale(kAcrossMm / acrossMm, kDownMm / downMm)
+      .scale(kCalibrationAcross / acrossMm, kCalibrationDown / downMm)
       .translate(-cross.x() - rightMm * kTwipsPerMillimetre, -cross.y() - downwardsMm * kTwipsPerMillimetre);
 }
 

@@ -4,25 +4,25 @@
 #include <QString>
 #include <QTransform>
 
+#include "platform/drawing/calibration_sheet.h"
+
 namespace Morvane {
 
 // How a printer's paper differs from what it was told, as the user measured it on the calibration sheet. The
 // sheet is upright, as it comes out of the printer.
 struct Calibration {
-  static constexpr double kAcrossMm = 180;
-  static constexpr double kDownMm = 250;
   static constexpr double kLeastScale = 0.95;
   static constexpr double kMostScale = 1.05;
   static constexpr double kMostShiftMm = 20;
 
-  double acrossMm = kAcrossMm;  // what the line of 180 mm measures
-  double downMm = kDownMm;      // what the line of 250 mm measures
-  double rightMm = 0;           // how far the cross lies too far right; negative: left
-  double downwardsMm = 0;       // how far it lies too far down; negative: up
+  double acrossMm = kCalibrationAcross;  // what the ruler across measures
+  double downMm = kCalibrationDown;      // what the ruler down measures
+  double rightMm = 0;                    // how far the cross lies too far right; negative: left
+  double downwardsMm = 0;                // how far it lies too far down; negative: up
 
   bool operator==(const Calibration&) const = default;
 
-  // Within 95 to 105 % and 20 mm.
+  // Within the limits above.
   bool IsUsual() const;
 
   // Where to draw so that a place comes out right. In twips of the upright sheet, whose cross is at

@@ -2,6 +2,7 @@
 
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLocale>
 #include <QPushButton>
 #include <QSignalBlocker>
 
@@ -13,17 +14,40 @@ namespace {
 constexpr double kLargest = 999;  // that can be typed, mm
 
 struct Row {
-  const char* caption;
-  const char* toolTip;
+  const char* caption;  // with the length of a ruler
+  const char* toolTip;  // with the limits of what it may measure, or of the shift
   double Calibration::*value;
+  double ruler = 0;  // mm
 };
 
 constexpr std::array<Row, 4> kRows = {{
-    {"La riga &orizzontale di 180 mm misura", "Da 171 a 189 mm", &Calibration::acrossMm},
-    {"La riga &verticale di 250 mm misura", "Da 237,5 a 262,5 mm", &Calibration::downMm},
-    {"La croce è più a &destra di", "Fino a 20 mm; più a sinistra: con il meno", &Calibration::rightMm},
-    {"La croce è più in &basso di", "Fino a 20 mm; più in alto: con il meno", &Calibration::downwardsMm},
+    {"La riga &orizzontale di %1 mm misura", "Da %1 a %2 mm", &Calibration::acrossMm, kCalibrationAcross},
+    {"La riga &verticale di %1 mm misura", "Da %1 a %2 mm", &Calibration::downMm, kCalibrationDown},
+    {"La croce è più a &destra di", "Fino a %1 mm; più a sinistra: con il meno", &Calibration::rightMm},
+    {"La croce è più in &basso di", "Fino a %1 mm; più in alto: con il meno", &Calibration::downwardsMm},
 }};
+
+QString Number(double value) {
+  return QLocale(QLocale::Italian).toString(value);
+}
+
+QString CaptionOf(const Row& row) {
+  return row.ruler > 0 ? QString(row.caption).arg(Number(row.ruler)) : QString(row.caption);
+}
+
+QString ToolTipOf(const Row& row) {
+  if (row.ruler == 0) return QString(row.toolTip).arg(Number(Calibration::kMostShiftMm));
+  return QString(row.toolTip)
+      .arg(Number(row.ruler * Calibration::kLeastScale), Number(row.ruler * Calibration::kMostScale));
+}
+
+QString RefusalText() {
+  return QString(
+             "Le righe possono misurare dal %1 al %2 %, e la croce spostarsi fino a %3 mm: "
+             "la correzione resta quella di prima.")
+      .arg(Number(100 * Calibration::kLeastScale), Number(100 * Calibration::kMostScale),
+           Number(Calibration::kMostShiftMm));
+}
 
 }  // namespace
 
@@ -38,8 +62,8 @@ CalibrationTab::CalibrationTab(Calibrations& calibrations,
     field->setSingleStep(0.1);
     field->setSuffix(" mm");
     field->setKeyboardTracking(false);
-    field->setToolTip(kRows[i].toolTip);
-    form->addRow(kRows[i].caption, field);
+    field->setToolTip(ToolTipOf(kRows[i]));
+    form->addRow(CaptionOf(kRows[i]), field);
     connect(field, &QDoubleSpinBox::valueChanged, this, [this] { Keep(); });
   }
   auto* buttons = new QHBoxLayout;
@@ -79,9 +103,7 @@ void CalibrationTab::Keep() {
   for (std::size_t i = 0; i < kRows.size(); ++i) typed.*kRows[i].value = fields_[i]->value();
   message_->clear();
   if (!typed.IsUsual()) {
-    message_->setText(
-        "Le righe possono misurare dal 95 al 105 %, e la croce spostarsi fino a 20 mm: "
-        "la correzione resta quella di prima.");
+    message_->setText(RefusalText());
     return;
   }
   Try([&] { calibrations_.Keep(printer_, typed); });

@@ -54,16 +54,23 @@ PrintService AskForAWord(http_t* connection) {
   return answer ? PrintService::Answers : PrintService::Silent;
 }
 
-// What the user set with lpoptions comes first, as with the toolkit; A4 for a queue that tells none.
+// The name of the sheet that a queue is set to: by the user with lpoptions, else by its administrator or maker.
+QByteArray SheetName(http_t* connection, cups_dest_t& queue, cups_dinfo_t* info) {
+  for (const char* option : {"PageSize", CUPS_MEDIA}) {
+    if (const char* set = cupsGetOption(option, queue.num_options, queue.options)) return set;
+  }
+  ipp_attribute_t* const preset = cupsFindDestDefault(connection, &queue, info, CUPS_MEDIA);
+  return preset ? ippGetString(preset, 0, nullptr) : "";
+}
+
+// A4 for a queue that tells none.
 SheetSize OwnSheet(http_t* connection, cups_dest_t& queue) {
   const std::unique_ptr<cups_dinfo_t, void (*)(cups_dinfo_t*)> info(cupsCopyDestInfo(connection, &queue),
                                                                     cupsFreeDestInfo);
   if (!info) return kA4;
   cups_size_t size{};
-  const char* const set = cupsGetOption("PageSize", queue.num_options, queue.options);
-  const bool known = (set && cupsGetDestMediaByName(connection, &queue, info.get(), set, 0, &size)) ||
-                     cupsGetDestMediaDefault(connection, &queue, info.get(), 0, &size);
-  if (!known || size.width <= 0 || size.length <= 0) return kA4;
+  const QByteArray name = SheetName(connection, queue, info.get());
+  if (!cupsGetDestMediaByName(connection, &queue, info.get(), name, 0, &size)) return kA4;
   return {size.width / kUnitsPerMillimetre * kTwipsPerMillimetre,
           size.length / kUnitsPerMillimetre * kTwipsPerMillimetre};
 }

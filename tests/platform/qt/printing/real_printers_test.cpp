@@ -127,6 +127,25 @@ class RealPrinter : public testing::TestWithParam<Published> {
     EXPECT_TRUE(printer_.ShowDialog({}).accepted);
   }
 
+  // What the preview shows before anything is printed.
+  static void ExpectSearchTells(const std::string& size) {
+    PrinterSearch search;
+    search.Begin();
+    const FoundPrinters found = search.Answer(std::chrono::seconds(20));
+    EXPECT_EQ(found.queue, "prova");
+    EXPECT_NEAR(found.sheet.heightTwips / kTwipsPerMillimetre, size == "A4" ? 297 : 279.4, kSizeMm) << size;
+  }
+
+  // The first cover of the layout that a run starts with, 25 mm from the corner; its outline is three steps
+  // farther to the left and to the top, one to the right.
+  void ExpectProgramPrintsInPlace(const Area& area) {
+    constexpr double kStep = 0.009 * kMillimetresPerInch;
+    EXPECT_EQ(RunProgram(MORVANE_PRINT " --printer prova --outline 1", folder_).exitCode, 0);
+    cups_.WaitForJobs();
+    const MeasuredSheet sheet(cups_.SheetPath());
+    ExpectEdges(sheet.AcrossMm(area.top + 60), area.left + 25 - 3 * kStep, 121 + 4 * kStep);
+  }
+
   // Draws a box of 121 by 120 mm, 10 mm and 20 mm from the corner of what the printer reaches, and measures
   // it on the sheet.
   void ExpectInPlace(const Area& area, PageOrientation orientation) {
@@ -152,6 +171,7 @@ class RealPrinter : public testing::TestWithParam<Published> {
     EXPECT_NEAR(found[1] - found[0], size, kSizeMm);
   }
 
+  const TemporaryFolder folder_;
   PrivateCups cups_;
   QtTextMetrics metrics_;
   QtFontCatalog fonts_;
@@ -167,6 +187,8 @@ TEST_P(RealPrinter, TakesASheetInItsPlaceWhateverTheDialogDid) {
   const Area own = description.AreaOf(description.DefaultSize());
   const Area a4 = description.AreaOf("A4");
 
+  ExpectSearchTells(description.DefaultSize());
+  ExpectProgramPrintsInPlace(own);
   QLocale::setDefault(QLocale("en_US"));
   Accept();
   ExpectInPlace(own, PageOrientation::Portrait);
@@ -183,6 +205,14 @@ TEST_P(RealPrinter, TakesASheetInItsPlaceWhateverTheDialogDid) {
     }
   });
   ExpectInPlace(a4, PageOrientation::Landscape);
+
+  cups_.AddQueue("altra");
+  const auto turnTo = [](const QString& queue) {
+    return [queue](QDialog& dialog) { dialog.findChild<QComboBox*>("printers")->setCurrentText(queue); };
+  };
+  Accept(turnTo("altra"));
+  Accept(turnTo("prova"));
+  ExpectInPlace(a4, PageOrientation::Portrait);
 }
 
 INSTANTIATE_TEST_SUITE_P(Published, RealPrinter, testing::ValuesIn(kPrinters), [](const auto& printer) {
