@@ -10,7 +10,7 @@
 #include "core/layout_writer.h"
 #include "core/measures.h"
 #include "core/number_text.h"
-#include "tests/support/cases.h"
+#include "tests/support/held_text.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {

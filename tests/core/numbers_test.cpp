@@ -7,7 +7,7 @@
 #include "core/measures.h"
 #include "core/number_text.h"
 #include "platform/runtime_error.h"
-#include "tests/support/cases.h"
+#include "tests/support/held_text.h"
 
 namespace Morvane {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "core/settings_file.h"
 #include "core/version_check.h"
-#include "tests/support/cases.h"
+#include "tests/support/held_text.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {

@@ -6,10 +6,7 @@
 #include <QFile>
 #include <QPainter>
 #include <QPolygon>
-#include <QProcess>
 #include <cstdlib>
-
-#include "platform/units.h"
 
 namespace Morvane {
 namespace {
@@ -23,13 +20,9 @@ QString Here(const std::string& file) {
   return QString::fromStdString(MORVANE_SOURCE_DIR "/" + file);
 }
 
-QString InBuild(const std::string& file) {
-  QDir().mkpath(MORVANE_PICTURES_SEEN);
-  return QString::fromStdString(MORVANE_PICTURES_SEEN "/" + file);
-}
-
-bool TakesOver() {
-  return qEnvironmentVariableIsSet("MORVANE_TAKE_PICTURES");
+QString Seen(const std::string& file) {
+  QDir().mkpath(MORVANE_SEEN "/docs/pictures");
+  return QString::fromStdString(MORVANE_SEEN "/" + file);
 }
 
 // What the picture doesn't reach is transparent.
@@ -70,79 +63,27 @@ QImage Marked(QImage picture, const QPolygon& different) {
   return picture;
 }
 
-struct SheetText {
-  QStringList lines;
-
-  void Write(const char* kind, std::initializer_list<double> twips, Color color, const QString& more = {}) {
-    QString text = QString(kind).leftJustified(8);
-    for (const double measure : twips) {
-      const double mm = static_cast<double>(qRound64(measure / kTwipsPerMillimetre * 1000)) / 1000;
-      text += QString::number(mm, 'f', 3).rightJustified(9);
-    }
-    text += "  " + QColor(color.red, color.green, color.blue).name() + more;
-    lines << text;
-  }
-  void operator()(const LineShape& line) { Write("line", {line.x1, line.y1, line.x2, line.y2}, line.color); }
-  void operator()(const BoxShape& shape) {
-    const TwipsBox& box = shape.box;
-    Write(shape.filled ? "fill" : "box", {box.left, box.top, box.width, box.height}, shape.color);
-  }
-  void operator()(const EllipseShape& shape) {
-    Write("ellipse", {shape.box.left, shape.box.top, shape.box.width, shape.box.height}, shape.color);
-  }
-  void operator()(const PictureShape& shape) {
-    const TwipsBox& box = shape.box;
-    const double width = shape.picture->WidthTwips();
-    Write("picture", {box.left, box.top, box.width, box.height, width, shape.picture->HeightTwips()}, {});
-  }
-  void operator()(const TextShape& line) {
-    const Font& font = line.font;
-    const QString style = QString(font.bold ? " bold" : "") + (font.italic ? " italic" : "") +
-                          (font.underline ? " underlined" : "");
-    Write("text", {line.left, line.top}, line.color,
-          QString(" %1 %2%3 \"%4\"").arg(font.name.c_str()).arg(font.size).arg(style, line.text.c_str()));
-  }
-};
-
 }  // namespace
 
 void ExpectPicture(const std::string& name, const QImage& seen) {
-  const QString path = Here("docs/pictures/" + name + ".png");
+  const std::string file = "docs/pictures/" + name;
+  const QString path = Here(file + ".png");
   const QImage held(path);
   const QSize whole = held.size().expandedTo(seen.size());
   const QImage picture = OnCanvas(seen, whole);
   const QPolygon different = Difference(OnCanvas(held, whole), picture);
-  if (different.size() <= kStrayPixels) return;
   constexpr int kSmallestFile = 0;
-  const QString now = TakesOver() ? path : InBuild(name + ".png");
+  const QString now = Seen(file + ".png");
+  const QString marked = Seen(file + "-differs.png");
+  if (different.size() <= kStrayPixels) {
+    for (const QString& old : {now, marked}) QFile::remove(old);
+    return;
+  }
   ASSERT_TRUE(seen.save(now, nullptr, kSmallestFile));
-  if (TakesOver()) return;
-  const QString marked = InBuild(name + "-differs.png");
   ASSERT_TRUE(Marked(picture, different).save(marked));
   const double percent = 100.0 * static_cast<double>(different.size()) / (whole.width() * whole.height());
   ADD_FAILURE() << percent << " % (" << different.size() << " pixels) differ from " << path.toStdString()
                 << "\n  seen:  " << now.toStdString() << "\n  where: " << marked.toStdString();
-}
-
-QStringList ShapesAsText(const DrawingList& drawing) {
-  SheetText sheet;
-  for (const Shape& shape : drawing) std::visit(sheet, shape);
-  return sheet.lines;
-}
-
-void ExpectText(const std::string& path, const QString& seen) {
-  const QString held = Here(path);
-  const QString now =
-      TakesOver() ? held : InBuild(QString::fromStdString(path).replace('/', '-').toStdString());
-  QFile file(now);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(seen.toUtf8());
-  file.close();
-  QProcess diff;
-  diff.setProcessChannelMode(QProcess::MergedChannels);
-  diff.start("diff", {"-u", held, now});
-  ASSERT_TRUE(diff.waitForFinished());
-  EXPECT_EQ(diff.exitCode(), 0) << diff.readAll().toStdString();
 }
 
 }  // namespace Morvane

@@ -45,14 +45,17 @@ const std::map<MsgBoxAnswer, QString> kCaptions = {{MsgBoxAnswer::Ok, "OK"},
                                                    {MsgBoxAnswer::Yes, "Sì"},
                                                    {MsgBoxAnswer::No, "No"}};
 
-// Acts once something is open over the windows, and gives the keyboard back to the one below, as a desktop
-// does.
+// Acts in the box or menu that opens over the windows, and gives the keyboard back to the one below, as a
+// desktop does. What cannot be done there is read as such, and the box is closed.
 class Meanwhile : public QObject {
  public:
-  Meanwhile(const WindowSystem& windows, const std::function<void()>& act) : windows_(windows) {
-    QTimer::singleShot(0, this, act);
+  Meanwhile(HandWindows& windows, std::function<void(QWidget& open)> act)
+      : windows_(windows), act_(std::move(act)), below_(Open()) {
+    connect(&watch_, &QTimer::timeout, this, [this] { Look(); });
+    watch_.start(0);
   }
   ~Meanwhile() override {
+    if (watch_.isActive()) windows_.Read.emplace_back("cannot be done", "no box came");
     for (QWidget* const window : QApplication::topLevelWidgets()) {
       const Form* const top = windows_.TopForm();
       if (top && window->isVisible() && window->objectName().toStdString() == top->Name())
@@ -61,14 +64,42 @@ class Meanwhile : public QObject {
   }
 
  private:
-  const WindowSystem& windows_;
+  static QWidget* Open() {
+    QWidget* const menu = QApplication::activePopupWidget();
+    return menu == nullptr ? QApplication::activeModalWidget() : menu;
+  }
+  void Look() {
+    QWidget* const open = Open();
+    if (open == nullptr || open == below_) return;
+    watch_.stop();
+    try {
+      act_(*open);
+    } catch (const std::exception& error) {
+      windows_.Read.emplace_back("cannot be done", error.what());
+      auto* const box = qobject_cast<QDialog*>(open);
+      box == nullptr ? static_cast<void>(open->close()) : box->reject();
+    }
+  }
+
+  HandWindows& windows_;
+  const std::function<void(QWidget&)> act_;
+  QWidget* const below_;
+  QTimer watch_;
 };
+
+// A part that a box must have.
+template <typename Part>
+Part& Within(const QWidget& box) {
+  auto* const part = box.findChild<Part*>();
+  if (part == nullptr) throw std::logic_error("the box lacks a part");
+  return *part;
+}
 
 }  // namespace
 
 MsgBoxAnswer HandWindows::MsgBox(const std::string& text, MsgBoxButtons buttons, const std::string& title) {
-  const Meanwhile answer(*this, [&] {
-    auto& box = dynamic_cast<QMessageBox&>(*QApplication::activeModalWidget());
+  const Meanwhile answer(*this, [&](QWidget& open) {
+    auto& box = dynamic_cast<QMessageBox&>(open);
     EXPECT_EQ(box.textFormat(), Qt::PlainText);
     QStringList captions;
     for (const QAbstractButton* const button : box.buttons()) captions << button->text().remove('&');
@@ -83,10 +114,9 @@ MsgBoxAnswer HandWindows::MsgBox(const std::string& text, MsgBoxButtons buttons,
 
 std::string HandWindows::InputBox(const std::string& prompt, const std::string& title,
                                   const std::string& defaultText) {
-  const Meanwhile answer(*this, [&] {
-    const QWidget& box = *QApplication::activeModalWidget();
-    auto& line = *box.findChild<QLineEdit*>();
-    const QString question = box.findChild<QLabel*>()->text() + " [" + line.selectedText() + "]";
+  const Meanwhile answer(*this, [&](const QWidget& box) {
+    auto& line = Within<QLineEdit>(box);
+    const QString question = Within<QLabel>(box).text() + " [" + line.selectedText() + "]";
     Read.emplace_back(box.windowTitle().toStdString() + " asks", question.toStdString());
     const std::string typed = script_.InputBox(prompt, title, defaultText);
     QTest::keyClicks(&line, QString::fromStdString(typed));
@@ -96,8 +126,8 @@ std::string HandWindows::InputBox(const std::string& prompt, const std::string& 
 }
 
 void HandWindows::PopupMenu(const std::vector<MenuItem>& items) {
-  const Meanwhile choose(*this, [&] {
-    auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
+  const Meanwhile choose(*this, [&](QWidget& open) {
+    auto& menu = dynamic_cast<QMenu&>(open);
     const std::string choice = script_.MenuChoices.empty() ? "" : script_.MenuChoices.front();
     if (!script_.MenuChoices.empty()) script_.MenuChoices.pop_front();
     QStringList entries;
@@ -112,11 +142,10 @@ void HandWindows::PopupMenu(const std::vector<MenuItem>& items) {
 }
 
 std::string HandWindows::BrowseForFolder(const std::string& title) {
-  const Meanwhile choose(*this, [&] {
-    const QWidget& chooser = *QApplication::activeModalWidget();
+  const Meanwhile choose(*this, [&](const QWidget& chooser) {
     Read.emplace_back("chooser", chooser.windowTitle().toStdString());
     const std::string folder = script_.BrowseForFolder(title);
-    auto& line = *chooser.findChild<QLineEdit*>();
+    auto& line = Within<QLineEdit>(chooser);
     const bool isBeyond = folder.starts_with('/');  // what the program knows of
     line.setText(QString::fromStdString(isBeyond ? folder : files_.ToNative(folder)));
     QTest::keyClick(&line, folder.empty() ? Qt::Key_Escape : Qt::Key_Return);

@@ -2,10 +2,8 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QCryptographicHash>
 #include <QFile>
 #include <QGroupBox>
-#include <QHash>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -18,21 +16,15 @@
 #include "platform/controls/bars.h"
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
-#include "tests/hand/golden.h"
+#include "shapes.h"
+#include "telling.h"
 #include "tests/hand/hand.h"
 
 namespace Morvane {
 namespace {
 
-constexpr qsizetype kWholeOnALine = 100;  // characters
-constexpr qsizetype kMostLines = 4;
-
 const QString kPlace = " at";
 const QString kCaption = " caption";
-
-QString RowOf(const QAbstractItemView& view, const QModelIndex& row, const QString& mark) {
-  return (view.selectionModel()->isSelected(row) ? "*" : "") + mark + row.data().toString();
-}
 
 // From one row to the next below it, as they stand there.
 QStringList RowsOf(const QTreeView& tree) {
@@ -41,14 +33,14 @@ QStringList RowsOf(const QTreeView& tree) {
     QString indent;
     for (QModelIndex above = row.parent(); above.isValid(); above = above.parent()) indent += "  ";
     const QString mark = !tree.model()->hasChildren(row) ? "" : tree.isExpanded(row) ? "-" : "+";
-    rows << indent + RowOf(tree, row, mark);
+    rows << indent + mark + row.data().toString();
   }
   return rows;
 }
 
 QStringList RowsOf(const QAbstractItemView& list) {
   QStringList rows;
-  for (int i = 0; i < list.model()->rowCount(); ++i) rows << RowOf(list, list.model()->index(i, 0), "");
+  for (int i = 0; i < list.model()->rowCount(); ++i) rows << list.model()->index(i, 0).data().toString();
   return rows;
 }
 
@@ -192,38 +184,9 @@ QStringList LinesOf(const std::filesystem::path& file) {
     return lines;
   }
   if (suffix != ".mvne" && suffix != ".ini") return {QString("%1 bytes").arg(bytes.size())};
-  return QString::fromLatin1(bytes.readAll()).split("\r\n", Qt::SkipEmptyParts);
-}
-
-QString Digest(const QStringList& lines) {
-  return QCryptographicHash::hash(lines.join('\n').toUtf8(), QCryptographicHash::Md5).toHex().left(6);
-}
-
-// Those of `lines` that `other` has not, each as often.
-QStringList Less(const QStringList& lines, const QStringList& other) {
-  QHash<QString, int> counts;
-  for (const QString& line : other) ++counts[line];
-  QStringList left;
-  for (const QString& line : lines) {
-    if (--counts[line] < 0) left << line;
-  }
-  return left;
-}
-
-void AddMarked(const QString& mark, const QStringList& lines, QStringList& told) {
-  for (const QString& line : lines.first(std::min(lines.size(), kMostLines))) told << "    " + mark + line;
-  if (lines.size() > kMostLines) told << QString("    %1%2 more").arg(mark).arg(lines.size() - kMostLines);
-}
-
-void Tell(const QString& name, const QStringList& before, const QStringList& after, QStringList& told) {
-  const QString whole = after.join(" | ");
-  if (whole.size() <= kWholeOnALine) {
-    told << "  " + name + ": " + (after.isEmpty() ? "-" : whole);
-    return;
-  }
-  told << QString("  %1: %2 lines, %3").arg(name).arg(after.size()).arg(Digest(after));
-  AddMarked("- ", Less(before, after), told);
-  AddMarked("+ ", Less(after, before), told);
+  QStringList lines = QString::fromLatin1(bytes.readAll()).split("\r\n", Qt::SkipEmptyParts);
+  lines.removeIf([](const QString& line) { return line.startsWith(';'); });  // remarks
+  return lines;
 }
 
 void AddControl(const Control& control, const QWidget& widget, Sight& sight) {
@@ -239,8 +202,11 @@ void AddControl(const Control& control, const QWidget& widget, Sight& sight) {
   if (widget.cursor().shape() == Qt::BitmapCursor) sight["window hands"] << name + PlaceIn(widget.cursor());
   if (const auto* const box = qobject_cast<const QLineEdit*>(&widget))
     sight[name + " selected"] = {box->selectedText()};
-  if (const auto* const view = qobject_cast<const QAbstractItemView*>(&widget))
+  if (const auto* const view = qobject_cast<const QAbstractItemView*>(&widget)) {
     sight[name + " from"] = {view->indexAt({1, 1}).data().toString()};
+    for (const QModelIndex& row : view->selectionModel()->selectedIndexes())
+      sight[name + " row"] << row.data().toString();
+  }
 }
 
 }  // namespace
@@ -266,22 +232,25 @@ Sight LookAt(const Form& form) {
   return sight;
 }
 
-QStringList StopsOf(const QWidget& window) {
+QStringList UnseenIn(const Form& form) {
+  const Sight sight = LookAt(form);
+  const QWidget& window = Hand::See(form);
+  QStringList spoken;
+  for (const auto* const part : window.findChildren<QWidget*>()) {
+    const QString name = part->accessibleName();
+    if (!name.isEmpty()) spoken << part->objectName() + " \"" + name + '"';
+  }
   QStringList stops;
   for (const QWidget* part = window.nextInFocusChain(); part != &window; part = part->nextInFocusChain()) {
     if (part->isVisibleTo(&window) && part->isEnabled() && (part->focusPolicy() & Qt::TabFocus) != 0)
       stops << (part->objectName().isEmpty() ? part->accessibleName() : part->objectName());
   }
-  return stops;
-}
-
-QStringList SpokenIn(const QWidget& window) {
-  QStringList names;
-  for (const auto* const part : window.findChildren<QWidget*>()) {
-    const QString name = part->accessibleName();
-    if (!name.isEmpty()) names << part->objectName() + ": " + name;
+  QStringList told;
+  for (const char* const unseen : {"frame", "hands", "tips"}) {
+    const auto there = sight.find(QString("window ") + unseen);
+    if (there != sight.end()) told << Wrapped(QString("  %1: ").arg(unseen), there->second);
   }
-  return names;
+  return told << Wrapped("  stops: ", stops) << Wrapped("  spoken: ", spoken);
 }
 
 Sight LookAround(const TestMachine& machine) {
@@ -297,27 +266,6 @@ Sight LookAround(const TestMachine& machine) {
     sight["working folder"] = {QString::fromStdString(here.string())};
   sight["pointer"] = {NameOf(QGuiApplication::overrideCursor())};
   return sight;
-}
-
-QStringList Changes(const Sight& before, const Sight& after) {
-  QStringList told;
-  for (const auto& [name, lines] : before) {
-    if (!after.contains(name)) told << "  " + name + " is gone";
-  }
-  for (const auto& [name, lines] : after) {
-    const auto old = before.find(name);
-    if (old == before.end() || old->second != lines)
-      Tell(name, old == before.end() ? QStringList() : old->second, lines, told);
-  }
-  return told;
-}
-
-QStringList FirstSight(const Sight& window) {
-  Sight seldom;
-  for (const auto& [name, lines] : window) {
-    if (name.contains(' ') || name == "keyboard" || lines.isEmpty()) seldom[name] = lines;
-  }
-  return Changes(seldom, window);
 }
 
 }  // namespace Morvane

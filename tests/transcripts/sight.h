@@ -18,14 +18,8 @@ Sight LookAt(const Form& form);
 // The files below the machine's drive, and the pointer.
 Sight LookAround(const TestMachine& machine);
 
-// Where the Tab key leads, one stop after the other.
-QStringList StopsOf(const QWidget& window);
-// What is read aloud to who cannot see, where it is not the toolkit's own.
-QStringList SpokenIn(const QWidget& window);
-
-// What came, went or became another, a line or some lines each; long texts by what is new or gone in them.
-QStringList Changes(const Sight& before, const Sight& after);
-// What of a window's first sight no picture of the window tells: its texts, rows, choices and drawings.
-QStringList FirstSight(const Sight& window);
+// What no picture of a window shows: its frame, its hands, its tips, where the Tab key leads, what is read
+// aloud.
+QStringList UnseenIn(const Form& form);
 
 }  // namespace Morvane

@@ -1,16 +1,37 @@
 #include "transcript.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QScreen>
 #include <QTest>
 #include <filesystem>
 #include <fstream>
 
-#include "tests/hand/golden.h"
+#include "shapes.h"
+#include "telling.h"
+#include "tests/support/held_text.h"
 
 namespace Morvane {
 
 namespace {
+
+const char* const kFirstSights = "first_sights";
+const QString kStart = "> start";
+const QString kRepeat = "> repeat";
+const QString kSpoken = "  # ";
+const QString kFooter = "(the footer)";
+constexpr qsizetype kMostSpoken = 40;
+
+std::string PathOf(const std::string& scene) {
+  return "tests/transcripts/scenes/" + scene + ".txt";
+}
+
+QStringList HeldLines(const std::string& scene) {
+  QStringList lines;
+  std::ifstream file(MORVANE_SOURCE_DIR "/" + PathOf(scene));
+  for (std::string line; std::getline(file, line);) lines << QString::fromStdString(line);
+  return lines;
+}
 
 Control& The(const Form& form, const std::string& name) {
   for (Control* const control : form.AllControls()) {
@@ -63,26 +84,54 @@ Transcript::Transcript()
       fonts(GetParam().starts_with("pictures/") ? static_cast<const FontCatalog&>(installed)
                                                 : machine.Fonts) {
   QApplication::setCursorFlashTime(0);
+  if (GetParam() != kFirstSights) LearnWhatIsUsual();
 }
 
 bool Transcript::HasHome() {
   return GetParam().ends_with("_windows") || GetParam() == "image_picker/home";
 }
 
-Control& Transcript::Named(Words& words) const {
-  return The(Top(), words.Path());
+// What stands below the first words of each window, and what the start does beside them.
+void Transcript::LearnWhatIsUsual() {
+  QString of;
+  for (const QString& line : HeldLines(kFirstSights)) {
+    if (line.startsWith('>') || line.startsWith('['))
+      of = usual_.contains(line) || (line.startsWith('>') && line != kStart) ? "" : line;
+    else if (!of.isEmpty() && line.startsWith(' '))
+      usual_[of] << line;
+  }
+  footer_ = usual_["[Form1]"].join("").section('"', 1, 1);
+  for (auto& [window, lines] : usual_) lines.replaceInStrings(footer_, kFooter);
+}
+
+Control& Transcript::Named(Words& words) {
+  Control& control = The(Top(), words.Path());
+  handled_ = &control.Parent().OwnerForm();
+  control_ = QString::fromStdString(control.Name());
+  auto* const widget = Hand::See(*handled_).findChild<QWidget*>(control_);
+  if (widget == nullptr) handled_ = nullptr;
+  const QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(widget);
+  if (spoken != nullptr && !seen_.at(deed_).contains(kSpoken)) {
+    const QString name = spoken->text(QAccessible::Name).remove('&');
+    seen_[deed_] += kSpoken + (name.size() > kMostSpoken ? name.first(kMostSpoken).trimmed() + "..." : name);
+  }
+  return control;
+}
+
+QStringList Transcript::Shapes(const DrawingList& drawing) const {
+  QStringList shapes = ShapesAsText(drawing);
+  if (!footer_.isEmpty()) shapes.replaceInStrings(footer_, kFooter);
+  return shapes;
 }
 
 void Transcript::Play() {
-  const std::string path = "tests/transcripts/scenes/" + GetParam() + ".txt";
-  std::ifstream scene(MORVANE_SOURCE_DIR "/" + path);
-  for (std::string line; std::getline(scene, line);) {
-    if (line.starts_with(">") || line.starts_with("#")) lines_.push_back(QString::fromStdString(line));
+  for (const QString& line : HeldLines(GetParam())) {
+    if (line.startsWith('>') || line.startsWith('#')) lines_ << line.section(kSpoken, 0, 0);
   }
   std::filesystem::current_path("/");
   around_ = LookAround(machine);
   PlayIn(nullptr);
-  ExpectText(path, seen_.join('\n') + '\n');
+  ExpectText(PathOf(GetParam()), seen_.join('\n').toStdString() + '\n');
 }
 
 // Until the window is gone; without one, in the main window as soon as it is there.
@@ -91,9 +140,11 @@ void Transcript::PlayIn(Form* form) {
   Report();
   while (!lines_.empty() && (form == nullptr || form->Visible())) {
     const QString line = lines_.takeFirst();
+    deed_ = seen_.size();
     seen_ << line;
     if (line.startsWith('#')) continue;
-    Do(line.mid(2));
+    for (const QString& deed : line.startsWith(kRepeat) ? QStringList(line) : line.split(" | "))
+      Do(deed.startsWith("> ") ? deed.mid(2) : deed);
     top_ = form == nullptr && program.form1.form.Visible() ? &program.form1.form : form;
     Report();
   }
@@ -104,7 +155,9 @@ void Transcript::PlayModal(Form& form) {
   EXPECT_TRUE(QTest::qWaitForWindowActive(&window) && QTest::qWaitForWindowExposed(&window)) << form.Name();
   if (form.Name() == "Form3") StandStill(form);
   Form* const below = top_;
-  PlayIn(&form);
+  if (const auto told = windows_.find(below); handled_ == below && told != windows_.end())
+    told->second["keyboard"] = {control_};  // from where this window was opened
+  if (!silent_) PlayIn(&form);
   top_ = below;
   if (form.Visible()) window.close();
   if (form.Unloaded()) windows_.erase(&form);
@@ -127,29 +180,35 @@ void Transcript::Do(const QString& line) {
   }
 }
 
-// Windows that they open are closed at once. What is seen is told where it is not what was seen the time
-// before.
+// Windows that they open are closed at once, unseen. What is told is told again where it is not what it was
+// the time before.
 void Transcript::Repeat(int times, const QStringList& deeds) {
-  const QStringList further = std::exchange(lines_, {});
   QStringList last;
+  silent_ = true;
   for (int i = 0; i < times; ++i) {
     const qsizetype told = seen_.size();
     for (const QString& deed : deeds) Do(deed);
     const QStringList now = seen_.mid(told);
     if (now == std::exchange(last, now)) seen_.resize(told);
   }
-  lines_ = further;
+  silent_ = false;
 }
 
 // What has changed since the last report.
 void Transcript::Report() {
-  ReportTheWorld();
-  if (hand.windows.Ended() && !ended_) seen_ << "  the program ends";
-  ended_ = hand.windows.Ended();
-  if (top_ != nullptr && top_->Visible() && !ended_) ReportTheWindow();
+  try {
+    ReportTheWorld();
+    if (hand.windows.Ended() && !ended_) seen_ << "  the program ends";
+    ended_ = hand.windows.Ended();
+    if (top_ != nullptr && top_->Visible() && !ended_) ReportTheWindow();
+  } catch (const std::exception& error) {
+    seen_ << QString("  cannot be seen: ") + error.what();
+  }
+  handled_ = nullptr;
 }
 
 void Transcript::ReportTheWorld() {
+  const qsizetype before = seen_.size();
   for (const auto& [what, text] : std::exchange(hand.windows.Read, {})) Tell(what, text);
   for (const auto& target : std::exchange(machine.Launches.Opened, {})) Tell("opens", target);
   for (const auto& started : std::exchange(machine.Launches.Started, {})) Tell("starts", started);
@@ -159,21 +218,49 @@ void Transcript::ReportTheWorld() {
   for (const auto& job : std::exchange(machine.Device.Jobs, {})) {
     const char* const sheet = job.orientation == PageOrientation::Portrait ? "upright" : "across";
     const QString name = QString("prints %1 \"%2\"").arg(sheet, job.title.c_str());
-    seen_ << Changes({}, {{name, ShapesAsText(job.page)}});
+    seen_ << "  " + name + ":" << InFull(Shapes(job.page));
     Printed = job.page;
   }
   const Sight now = LookAround(machine);
   seen_ << Changes(std::exchange(around_, now), now);
+  if (before > 0 && seen_.at(before - 1) == kStart) {
+    const QStringList told = BesideUsual(seen_.mid(before), usual_[kStart]);
+    seen_.resize(before);
+    seen_ << told;
+  }
+}
+
+Sight Transcript::See(const Form& form) const {
+  Sight sight = LookAt(form);
+  for (const Control* const control : form.AllControls()) {
+    const auto* const box = dynamic_cast<const PictureBox*>(control);
+    const QString name = QString::fromStdString(control->Name());
+    if (box != nullptr && sight.contains(name)) sight[name] = Shapes(box->Surface.Drawing());
+  }
+  return sight;
+}
+
+// At the control that the deed names, or where it was.
+bool Transcript::HasKeyboardAsExpected(const Sight& before, const Sight& now) const {
+  const QStringList& there = now.at("keyboard");
+  return handled_ == top_ ? there == QStringList(control_) : there == before.at("keyboard");
 }
 
 void Transcript::ReportTheWindow() {
-  const Sight now = LookAt(*top_);
-  const QString name = QString::fromStdString(top_->Name());
-  if (name != std::exchange(reported_, name)) seen_ << "[" + name + "]";
+  const Sight now = See(*top_);
+  const QString name = "[" + QString::fromStdString(top_->Name()) + "]";
+  if (name != std::exchange(reported_, name)) seen_ << name;
   const auto before = windows_.find(top_);
-  const QStringList told = before == windows_.end() ? FirstSight(now) : Changes(before->second, now);
+  QStringList told;
+  if (before == windows_.end()) {
+    told = BesideUsual(FirstSight(now), usual_[name]);
+  } else {
+    Sight old = before->second;
+    old["keyboard"] = HasKeyboardAsExpected(old, now) ? now.at("keyboard") : QStringList("another");
+    told = Changes(old, now);
+  }
   if (!told.isEmpty()) ExpectShownAsItIs(*top_);
-  seen_ << told;
+  seen_ << (GetParam() == kFirstSights ? told : Beside(told));
   windows_[top_] = now;
 }
 

@@ -28,9 +28,11 @@ struct Words {
   std::string All() const { return rest.toStdString(); }
 };
 
-// A scene is a text: each line that begins with "> " is a deed of a person or of the world, the lines below
-// it are what is then seen to have changed. The scene is played anew and must read the same. A deed that
-// opens a window goes on in it: the deeds below are done there until it is closed.
+// A scene is a text: each line that begins with "> " is a deed of a person or of the world, or some with bars
+// between them, and ends with what is spoken of the control that it names. The lines below it are what is
+// then seen to have changed. The scene is played anew and must read the same. A deed that opens a window goes
+// on in it: the deeds below are done there until it is closed. The scene first_sights tells what each window
+// shows at first on an empty machine; others tell only what is different there.
 class Transcript : public testing::TestWithParam<std::string> {
  public:
   Transcript();
@@ -41,7 +43,8 @@ class Transcript : public testing::TestWithParam<std::string> {
   void Do(const QString& line);
   void Repeat(int times, const QStringList& deeds);
   Form& Top() const { return top_ != nullptr ? *top_ : throw std::logic_error("no window is there yet"); }
-  Control& Named(Words& words) const;
+  Control& Named(Words& words);
+  QStringList Shapes(const DrawingList& drawing) const;
   void Show(const QString& line) { seen_ << line; }
 
   TestMachine machine;
@@ -63,18 +66,27 @@ class Transcript : public testing::TestWithParam<std::string> {
 
  private:
   static bool HasHome();
+  void LearnWhatIsUsual();
   void PlayIn(Form* form);
   void PlayModal(Form& form);
   void Report();
   void ReportTheWorld();
   void ReportTheWindow();
+  Sight See(const Form& form) const;
+  bool HasKeyboardAsExpected(const Sight& before, const Sight& now) const;
   void Tell(const std::string& what, const std::string& text);
 
   QStringList lines_;
   QStringList seen_;
+  qsizetype deed_ = 0;             // the line of it in what is seen
+  const Form* handled_ = nullptr;  // the window of the control that the deed names
+  QString control_;
+  std::map<QString, QStringList> usual_;
+  QString footer_;
   Form* top_ = nullptr;
   QString reported_;
   bool ended_ = false;
+  bool silent_ = false;  // windows that open are closed at once
   std::map<const Form*, Sight> windows_;
   Sight around_;
 };

@@ -3,7 +3,7 @@
 #include <sstream>
 
 #include "files_test.h"
-#include "tests/support/cases.h"
+#include "tests/support/held_text.h"
 
 namespace Morvane {
 namespace {

@@ -1,6 +1,6 @@
 #include "files_test.h"
 #include "platform/windows_1252.h"
-#include "tests/support/cases.h"
+#include "tests/support/held_text.h"
 
 namespace Morvane {
 namespace {

@@ -6,7 +6,7 @@
 #include "platform/qt/pictures/old_formats.h"
 #include "platform/qt/pictures/qt_picture.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
-#include "tests/support/cases.h"
+#include "tests/support/held_text.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
@@ -44,25 +44,45 @@ std::string Drawn(const Picture& picture) {
   text << std::lround(picture.WidthTwips()) << " x " << std::lround(picture.HeightTwips());
   const QImage image =
       dynamic_cast<const QtPicture&>(picture).Decode(kCells * 10).convertToFormat(QImage::Format_ARGB32);
+  std::string last;
+  int times = 0;
+  const auto end = [&] {
+    if (times > 0) text << "\n|" << last << "|" << (times > 1 ? " " + std::to_string(times) + " times" : "");
+  };
   for (int y = 0; y < kCells.height(); ++y) {
-    text << "\n|";
+    std::string row;
     for (int x = 0; x < kCells.width(); ++x) {
       const auto name = names.find(image.pixel((2 * x + 1) * image.width() / kCells.width() / 2,
                                                (2 * y + 1) * image.height() / kCells.height() / 2));
-      text << (name == names.end() ? '?' : name->second);
+      row += name == names.end() ? '?' : name->second;
     }
-    text << '|';
+    if (row != last) {
+      end();
+      times = 0;
+    }
+    last = row;
+    ++times;
   }
+  end();
   return text.str();
 }
 
 // Texts are drawn in the fonts that are installed; here they are as the drawing holds them.
 std::string TextsOf(const QString& svg) {
-  QString texts;
-  const QRegularExpression text("<text.*?</text>", QRegularExpression::DotMatchesEverythingOption);
-  for (const QRegularExpressionMatch& match : text.globalMatch(svg))
-    texts += "\n" + match.captured().simplified();
-  return texts.toStdString();
+  const QRegularExpression text("<text(.*?)><!\\[CDATA\\[(.*?)\\]\\]></text>",
+                                QRegularExpression::DotMatchesEverythingOption);
+  std::string texts;
+  for (const QRegularExpressionMatch& match : text.globalMatch(svg)) {
+    const auto value = [given = match.captured(1)](const char* name) {
+      return QRegularExpression(QString(" %1 *=\"(.*?)\"").arg(name)).match(given).captured(1);
+    };
+    QStringList told = {"text"};
+    for (const char* const name : {"x", "y", "font-family", "font-size", "font-weight", "font-style",
+                                   "text-decoration", "text-anchor", "fill", "transform"})
+      if (const QString is = value(name); !is.isEmpty()) told << is;
+    texts += "\n" + told.join(' ').toStdString() + " \"" + match.captured(2).toStdString() + '"';
+  }
+  return texts;
 }
 
 TEST(OldFormats, AreDrawnAsTheCasesTellOrRefusedSoon) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/cases.h"
+#include "tests/support/held_text.h"
 
 namespace Morvane {
 

@@ -30,7 +30,7 @@
 #include "platform/units.h"
 #include "render/print_job.h"
 #include "sheet_measure.h"
-#include "tests/hand/golden.h"
+#include "tests/support/held_text.h"
 #include "tests/support/private_cups.h"
 
 namespace Morvane {
@@ -457,7 +457,7 @@ TEST(PrintDialogs, ShowAndTakeTheSame) {
   });
   AskForLine(nullptr, "Un nome che non c'è ancora, per il layout che si sta per salvare:", "Salva",
              "Libretto");
-  ExpectText("tests/platform/qt/printing/dialogs.txt", seen);
+  ExpectText("tests/platform/qt/printing/dialogs.txt", seen.toStdString());
 }
 
 TEST(CalibrationFile, KeepsEachPrinterAndADamagedOneCorrectsNothingAndIsToldOnce) {

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "sight.h"
+
+namespace Morvane {
+
+// What came, went or became another, a line or some lines each. What fits on a line is told whole; of
+// settings, measures and menus what is new; of long texts and drawings what is new, how much there is and a
+// digest of all.
+QStringList Changes(const Sight& before, const Sight& after);
+// What of a window's first sight no picture of the window tells: its texts, rows, choices and drawings.
+QStringList FirstSight(const Sight& window);
+
+// Told lines but those that are usual; what is usual and missing is told as well.
+QStringList BesideUsual(const QStringList& told, const QStringList& usual);
+// Told lines, the short ones beside each other.
+QStringList Beside(const QStringList& told);
+// A whole drawing.
+QStringList InFull(const QStringList& shapes);
+// Items between bars, on as many lines as it takes.
+QStringList Wrapped(const QString& head, const QStringList& items, const QString& indent = "    ");
+
+}  // namespace Morvane
