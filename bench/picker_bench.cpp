@@ -1,8 +1,4 @@
 #include <benchmark/benchmark.h>
-#include <dirent.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <QKeyEvent>
 #include <algorithm>
@@ -13,9 +9,7 @@
 #include <thread>
 
 #include "bench/files/kept_folder.h"
-#include "bench/photos/photo.h"
 #include "bench/windows/window_machine.h"
-#include "platform/qt/pictures/qt_picture.h"
 #include "windows/image_picker/frm_about.h"
 
 // The image picker, through the real windows without a screen.
@@ -27,7 +21,6 @@ namespace fs = std::filesystem;
 constexpr int kPictures = 9999;
 constexpr int kFolders = 5000;
 constexpr int kShots = 100;
-constexpr QSize kPreview(247, 165);
 
 // 100 photos of 24 megapixels, of four kinds.
 void WriteShots(const fs::path& folder) {
@@ -66,41 +59,6 @@ struct FullMachine {
     return WindowMachine::Widget(picker->form.Name(), "");
   }
 };
-
-int PlainWalk(const std::string& folder) {
-  int files = 0;
-  for (const fs::directory_entry& entry : fs::directory_iterator(folder))
-    files += entry.is_regular_file() ? 1 : 0;
-  return files;
-}
-
-void WalkPictures(benchmark::State& run) {
-  FullMachine full;
-  for (auto _ : run) benchmark::DoNotOptimize(PlainWalk(full.pictures));
-}
-BENCHMARK(WalkPictures)->Unit(benchmark::kMillisecond);
-
-void WalkPicturesAndPreview(benchmark::State& run) {
-  FullMachine full;
-  for (auto _ : run) {
-    benchmark::DoNotOptimize(PlainWalk(full.pictures));
-    const PicturePtr picture = full.desk.pictures.LoadPicture("C:\\Tante\\Foto 1.jpg");
-    benchmark::DoNotOptimize(dynamic_cast<const QtPicture&>(*picture).Decode(kPreview));
-  }
-}
-BENCHMARK(WalkPicturesAndPreview)->Unit(benchmark::kMillisecond);
-
-void ListPictures(benchmark::State& run) {
-  FullMachine full;
-  QWidget& window = full.Show();
-  full.picker->lblPath.SetCaption("C:\\Tante");
-  for (auto _ : run) {
-    full.picker->Command4.PerformClick();
-    WindowMachine::Settle(window);
-  }
-  run.counters["pictures"] = full.picker->List1.ListCount();
-}
-BENCHMARK(ListPictures)->Unit(benchmark::kMillisecond);
 
 // The window made, a folder clicked, all painted.
 void OpenPickerOnThem(benchmark::State& run) {
@@ -152,45 +110,6 @@ void NextPhoto(benchmark::State& run) {
 }
 BENCHMARK(NextPhoto)->Unit(benchmark::kMillisecond);
 
-// Faster than any photo can be loaded, the last one painted.
-void TenQuickKeys(benchmark::State& run) {
-  const Shots shots;
-  for (auto _ : run) {
-    for (int key = 0; key < 10; ++key) shots.PressNext();
-    shots.AwaitPreview();
-  }
-}
-BENCHMARK(TenQuickKeys)->Unit(benchmark::kMillisecond);
-
-void DecodeEighth(benchmark::State& run) {
-  const std::string photo = std::string(std::getenv("MORVANE_BENCH_PHOTOS")) + "/24-1.jpg";
-  for (auto _ : run) benchmark::DoNotOptimize(DecodeToNowhere(photo, 1));
-}
-BENCHMARK(DecodeEighth)->Unit(benchmark::kMillisecond);
-
-// Until the first folder in it is found.
-void LookInto(const std::string& path) {
-  struct stat info {};
-  ::lstat(path.c_str(), &info);
-  const int descriptor = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  DIR* const folder = ::fdopendir(descriptor);
-  while (::readdir(folder) != nullptr) {
-  }
-  ::closedir(folder);
-}
-
-void SameCallsAsExpand(benchmark::State& run) {
-  FullMachine full;
-  for (auto _ : run) {
-    DIR* const all = ::opendir(full.folders.c_str());
-    while (const dirent* const entry = ::readdir(all)) {
-      if (entry->d_name[0] != '.') LookInto(full.folders + "/" + entry->d_name);
-    }
-    ::closedir(all);
-  }
-}
-BENCHMARK(SameCallsAsExpand)->Unit(benchmark::kMillisecond);
-
 // Until the first rows are painted; then the longest time without an answer to the user, in the next
 // portions.
 void ExpandOnSlowDisk(benchmark::State& run) {
@@ -221,24 +140,6 @@ void ExpandOnSlowDisk(benchmark::State& run) {
   }
 }
 BENCHMARK(ExpandOnSlowDisk)->Unit(benchmark::kMillisecond)->Iterations(1);
-
-void ExpandFolders(benchmark::State& run) {
-  std::optional<FullMachine> full;
-  for (auto _ : run) {
-    run.PauseTiming();
-    full.emplace();
-    QWidget& window = full->Show();
-    TreeView& tree = full->picker->tvwdirtree;
-    if (!tree.Find("C:")->Expanded()) tree.UserExpands(*tree.Find("C:"));
-    WindowMachine::Settle(window);
-    run.ResumeTiming();
-    tree.UserExpands(*tree.Find("C:\\Molte"));
-    while (full->picker->TimerCartelle.Running()) QApplication::processEvents();
-    WindowMachine::Settle(window);
-    run.counters["nodes"] = tree.NodeCount();
-  }
-}
-BENCHMARK(ExpandFolders)->Unit(benchmark::kMillisecond)->Iterations(5);
 
 }  // namespace
 }  // namespace Morvane
