@@ -1,6 +1,7 @@
 #include "app/print_program.h"
 
 #include <QtConcurrentMap>
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <map>
@@ -28,17 +29,22 @@ namespace {
 // A printer of PDF files of A4 without margins, a file a page.
 class PdfFiles : public PrinterDevice {
  public:
-  PdfFiles(std::string pdf, int copies) : pdf_(std::move(pdf)), copies_(copies) {}
+  // After each page `undecodable` names the pictures that it is without.
+  PdfFiles(std::string pdf, int copies, std::vector<PicturePtr>& undecodable)
+      : pdf_(std::move(pdf)), copies_(copies), undecodable_(undecodable) {}
 
   SheetSize PortraitSheet() override { return kA4; }
   PrintDialogAnswer ShowDialog(const PrintDialogRequest&, PageOrientation&) override { return {}; }
   void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override {
-    WritePdf(PdfNameOfCopy(pdf_, ++written_, copies_), page, orientation, PortraitSheet(), title);
+    const PictureLibrariesSilenced silence;
+    undecodable_ =
+        WritePdf(PdfNameOfCopy(pdf_, ++written_, copies_), page, orientation, PortraitSheet(), title);
   }
 
  private:
   const std::string pdf_;
   const int copies_;
+  std::vector<PicturePtr>& undecodable_;
   int written_ = 0;
 };
 
@@ -107,6 +113,19 @@ bool TakeInto(CoverSlots& slots, const PictureToLoad& one) {
   }
 }
 
+// Tells which pictures are damaged behind their heads. False when there is one.
+bool AreAllPainted(const PrintArguments& arguments, const CoverSlots& slots,
+                   const std::vector<PicturePtr>& undecodable) {
+  bool areAllPainted = true;
+  for (const auto& [cover, file] : arguments.pictures) {
+    const PicturePtr& picture = slots.Image1.at(static_cast<std::size_t>(cover - 1));
+    if (std::find(undecodable.begin(), undecodable.end(), picture) == undecodable.end()) continue;
+    Complain("copertina " + std::to_string(cover) + ": " + DamagedPicture(file).what());
+    areAllPainted = false;
+  }
+  return areAllPainted;
+}
+
 // On all processors at once: decoding takes most of the time. False when there was a bad picture.
 bool LoadPictures(const PrintArguments& arguments, const FileSystem& files, const PictureLoader& pictures,
                   CoverSlots& slots) {
@@ -124,7 +143,7 @@ bool LoadPictures(const PrintArguments& arguments, const FileSystem& files, cons
 }
 
 ExitCode PrintCovers(const PrintArguments& arguments, const FileSystem& files, const PictureLoader& pictures,
-                     Printer& printer) {
+                     Printer& printer, const std::vector<PicturePtr>& undecodable) {
   AppState state;
   CoverSlots slots;
   state.MaxCopertine = kMaxCovers;
@@ -139,7 +158,7 @@ ExitCode PrintCovers(const PrintArguments& arguments, const FileSystem& files, c
     DisegnaFoglio(state, slots, printer);
     printer.EndDoc();
   }
-  return areAllGood ? ExitCode::Done : ExitCode::NotPrinted;
+  return AreAllPainted(arguments, slots, undecodable) && areAllGood ? ExitCode::Done : ExitCode::NotPrinted;
 }
 
 void PrintContents(const PrintArguments& arguments, const FileSystem& files, const FontCatalog& fonts,
@@ -168,8 +187,9 @@ void PrintContents(const PrintArguments& arguments, const FileSystem& files, con
 }
 
 // RuntimeError when there is no such printer.
-std::unique_ptr<PrinterDevice> OpenDevice(const PrintArguments& arguments) {
-  if (!arguments.pdf.empty()) return std::make_unique<PdfFiles>(arguments.pdf, arguments.copies);
+std::unique_ptr<PrinterDevice> OpenDevice(const PrintArguments& arguments,
+                                          std::vector<PicturePtr>& undecodable) {
+  if (!arguments.pdf.empty()) return std::make_unique<PdfFiles>(arguments.pdf, arguments.copies, undecodable);
   auto queue = std::make_unique<QtPrinterDevice>();
   queue->OnComplaint = Complain;
   if (!arguments.calibrated) queue->LeaveOutCalibration();
@@ -180,12 +200,15 @@ std::unique_ptr<PrinterDevice> OpenDevice(const PrintArguments& arguments) {
 }  // namespace
 
 ExitCode Print(const PrintArguments& arguments, const FileSystem& files) {
-  const QtPictureLoader pictures(files, OldFormatDecoderPath());
+  // A queue does not tell which pictures it went without.
+  const DamageShows damage = arguments.pdf.empty() ? DamageShows::AtLoading : DamageShows::WhenPainted;
+  const QtPictureLoader pictures(files, OldFormatDecoderPath(), damage);
   const QtTextMetrics metrics;
   const QtFontCatalog fonts;
-  const std::unique_ptr<PrinterDevice> device = OpenDevice(arguments);
+  std::vector<PicturePtr> undecodable;
+  const std::unique_ptr<PrinterDevice> device = OpenDevice(arguments, undecodable);
   Printer printer(*device, metrics, fonts);
-  if (!arguments.contents) return PrintCovers(arguments, files, pictures, printer);
+  if (!arguments.contents) return PrintCovers(arguments, files, pictures, printer, undecodable);
   PrintContents(arguments, files, fonts, printer);
   return ExitCode::Done;
 }

@@ -92,6 +92,8 @@ class Painting {
     cache_.pictures.Prepare(wishes);
   }
 
+  const std::vector<PicturePtr>& Undecodable() const { return undecodable_; }
+
  private:
   static QSize PaperDots(const QRectF& box) {
     const QSizeF dots = box.size() * kFinestPixelsPerTwip;
@@ -126,11 +128,14 @@ class Painting {
   }
 
   void DrawPicture(const PicturePtr& picture, const QRectF& box, QSize pixels) {
-    painter_.drawImage(box, cache_.pictures.Image(picture, pixels, which_));
+    const QImage image = cache_.pictures.Image(picture, pixels, which_);
+    if (image.isNull()) undecodable_.push_back(picture);
+    painter_.drawImage(box, image);
   }
 
   QPainter& painter_;
   PaintCache& cache_;
+  std::vector<PicturePtr> undecodable_;
   const Pixels which_;
   const bool onPaper_;
   const QTransform twips_;     // the world transform that was given
@@ -140,12 +145,14 @@ class Painting {
 
 }  // namespace
 
-void PaintDrawing(QPainter& painter, const DrawingList& drawing, PaintCache& cache, Pixels pixels) {
+std::vector<PicturePtr> PaintDrawing(QPainter& painter, const DrawingList& drawing, PaintCache& cache,
+                                     Pixels pixels) {
   painter.save();
   Painting painting(painter, cache, pixels);
   painting.DecodePictures(drawing);
   for (const Shape& shape : drawing) std::visit(painting, shape);
   painter.restore();
+  return painting.Undecodable();
 }
 
 }  // namespace Morvane

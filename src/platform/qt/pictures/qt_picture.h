@@ -26,7 +26,8 @@ class FilePicture : public QtPicture {
   // The size of the overview of a picture of `size`, both in pixels.
   static QSize OverviewSize(QSize size);
 
-  // `size` is that of the file's picture in pixels, the recorded rotation applied.
+  // `size` is that of the file's picture in pixels, the recorded rotation applied. Where the overview is null
+  // each decoding reads the file.
   FilePicture(QByteArray file, QSize size, QImage overview)
       : file_(std::move(file)), size_(size), overview_(std::move(overview)) {}
 

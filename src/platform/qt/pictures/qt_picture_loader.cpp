@@ -24,10 +24,6 @@ RuntimeError TooLarge(const std::string& name) {
   return Bad(name, "è troppo grande.");
 }
 
-RuntimeError Damaged(const std::string& name) {
-  return Bad(name, "è danneggiata e non può essere letta.");
-}
-
 // It may hold a JPEG, which the toolkit reads when it is drawn.
 PicturePtr FromSvg(const DecodedSvg& svg) {
   auto renderer = std::make_unique<QSvgRenderer>();
@@ -53,25 +49,32 @@ PicturePtr DecodeOld(const std::string& decoderPath, OldFormat format, const QBy
 
 }  // namespace
 
+RuntimeError DamagedPicture(const std::string& name) {
+  return Bad(name, "è danneggiata e non può essere letta.");
+}
+
 bool StartsPicture(const QByteArray& bytes) {
   return FormatOf(bytes) || PictureReader(WithFileHeader(bytes)).KnowsFormat();
 }
 
-PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes) {
+PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes, DamageShows damage) {
   PictureReader reader(bytes);
   if (!reader.KnowsFormat()) throw Bad(name, "è di un formato sconosciuto.");
   const QSize size = reader.Size();
-  if (size.isEmpty()) throw Damaged(name);
+  if (size.isEmpty()) throw DamagedPicture(name);
   const bool isJpeg = bytes.startsWith("\xFF\xD8");
   const JpegExtent extent = isJpeg ? ExtentOfJpeg(bytes) : JpegExtent{bytes.size(), 0};
   if (PictureLimits::Exceeds(size, extent.scans)) throw TooLarge(name);
-  QImage overview = reader.Read(FilePicture::OverviewSize(size));
-  if (overview.isNull()) throw Damaged(name);
+  QImage overview;
+  if (damage == DamageShows::AtLoading) {
+    overview = reader.Read(FilePicture::OverviewSize(size));
+    if (overview.isNull()) throw DamagedPicture(name);
+  }
   return std::make_shared<FilePicture>(bytes.first(extent.end), size, std::move(overview));
 }
 
-QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPath)
-    : files_(files), decoderPath_(std::move(decoderPath)) {
+QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPath, DamageShows damage)
+    : files_(files), decoderPath_(std::move(decoderPath)), damage_(damage) {
   QImageReader::setAllocationLimit(PictureLimits::kDecodedMegabytes);
 }
 
@@ -99,12 +102,12 @@ PicturePtr QtPictureLoader::LoadPicture(const std::string& path) const {
 PicturePtr QtPictureLoader::Read(const std::string& path) const {
   const QByteArray bytes = QByteArray::fromStdString(files_.ReadBytes(path));
   const auto oldFormat = FormatOf(bytes);
-  if (!oldFormat) return PictureFromBytes(path, WithFileHeader(bytes));
+  if (!oldFormat) return PictureFromBytes(path, WithFileHeader(bytes), damage_);
   if (!QFileInfo(QString::fromStdString(decoderPath_)).isExecutable()) {
     throw Bad(path, "non può essere letta: manca il programma 'morvane-decode'.");
   }
   PicturePtr picture = DecodeOld(decoderPath_, *oldFormat, bytes);
-  if (!picture) throw Damaged(path);
+  if (!picture) throw DamagedPicture(path);
   return picture;
 }
 

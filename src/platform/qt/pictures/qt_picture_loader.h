@@ -8,15 +8,25 @@
 
 #include "platform/files/file_system.h"
 #include "platform/picture.h"
+#include "platform/runtime_error.h"
 
 namespace Morvane {
+
+enum class DamageShows {
+  AtLoading,
+  WhenPainted  // behind the file's head: for a picture that is painted once, and at once
+};
+
+// What the user is told of a file, by its name, whose picture is damaged.
+RuntimeError DamagedPicture(const std::string& name);
 
 // Whether a file that begins with these bytes is of a format that can be loaded.
 bool StartsPicture(const QByteArray& bytes);
 
 // The picture in the bytes of a file of the newer formats, decoded once. RuntimeError InvalidPicture, told by
 // the name.
-PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes);
+PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes,
+                            DamageShows damage = DamageShows::AtLoading);
 
 // Loads picture files by what their bytes say, not by their names: those that PictureReader reads; EMF, WMF
 // and IFF through the decoder program. A file is decoded at once, small, so that one that cannot be decoded
@@ -25,7 +35,8 @@ PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes);
 class QtPictureLoader : public PictureLoader {
  public:
   // `decoderPath` is the native path of the decoder of old formats.
-  QtPictureLoader(const FileSystem& files, std::string decoderPath);
+  QtPictureLoader(const FileSystem& files, std::string decoderPath,
+                  DamageShows damage = DamageShows::AtLoading);
 
   PicturePtr LoadPicture(const std::string& path) const override;
 
@@ -42,6 +53,7 @@ class QtPictureLoader : public PictureLoader {
 
   const FileSystem& files_;
   const std::string decoderPath_;
+  const DamageShows damage_;
   mutable std::mutex lastMutex_;
   mutable LastRead last_;  // only with the mutex
 };

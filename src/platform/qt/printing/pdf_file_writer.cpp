@@ -20,12 +20,13 @@ QPageLayout LayoutOf(SheetSize sheet, PageOrientation orientation) {
 
 }  // namespace
 
-void WritePdf(const std::string& nativePath, const DrawingList& drawing, PageOrientation orientation,
-              SheetSize sheet, const std::string& title) {
+std::vector<PicturePtr> WritePdf(const std::string& nativePath, const DrawingList& drawing,
+                                 PageOrientation orientation, SheetSize sheet, const std::string& title) {
   const RuntimeError failure(ErrorNumber::PrinterFailure,
                              "Impossibile scrivere il file '" + nativePath + "'.");
   QSaveFile file(QString::fromStdString(nativePath));
   if (!file.open(QIODevice::WriteOnly)) throw failure;
+  std::vector<PicturePtr> undecodable;
   {
     QPdfWriter writer(&file);
     writer.setCreator("Morvane");
@@ -35,11 +36,12 @@ void WritePdf(const std::string& nativePath, const DrawingList& drawing, PageOri
     if (!painter.begin(&writer)) throw failure;
     painter.scale(writer.logicalDpiX() / kTwipsPerInch, writer.logicalDpiY() / kTwipsPerInch);
     PaintCache cache;
-    PaintDrawing(painter, drawing, cache);
+    undecodable = PaintDrawing(painter, drawing, cache);
     painter.end();
   }
   // What the toolkit still holds back is written here; a commit would not tell that the disk is full.
   if (!file.flush() || file.error() != QFileDevice::NoError || !file.commit()) throw failure;
+  return undecodable;
 }
 
 }  // namespace Morvane
