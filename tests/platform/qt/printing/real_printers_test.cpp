@@ -69,6 +69,7 @@ class Description {
                        ":" + printer.description + " 2>/dev/null")) {}
 
   bool Known() const { return !text_.empty(); }
+  const std::string& AsItIs() const { return text_; }
   // With what turns a sheet into the printer's language left out, so that it arrives as PDF.
   std::string TakingPdf() const {
     return std::regex_replace(text_, std::regex("\\*cupsFilter2?:[^\n]*\n"), "") +
@@ -114,6 +115,12 @@ void ChooseInProperties(QDialog& dialog, const QString& key) {
   });
   dialog.findChild<QPushButton*>("properties")->click();
 }
+
+// Their own filters make PostScript.
+constexpr Published kPostScriptPrinters[] = {
+    {"openprinting-ppds", "0/ppd/openprinting/Kyocera/es/Kyocera_FS-C5350DN.ppd"},
+    {"foomatic-db-compressed-ppds", "0/ppd/foomatic-ppd/Fuji_Xerox-DocuPrint_CM305_df-Postscript.ppd"},
+};
 
 class RealPrinter : public testing::TestWithParam<Published> {
  protected:
@@ -180,6 +187,8 @@ class RealPrinter : public testing::TestWithParam<Published> {
   const QLocale locale_;
 };
 
+class PostScriptPrinter : public RealPrinter {};
+
 TEST_P(RealPrinter, TakesASheetInItsPlaceWhateverTheDialogDid) {
   const Description description(GetParam());
   if (!description.Known()) GTEST_SKIP() << "the package " << GetParam().package << " is not installed";
@@ -215,12 +224,26 @@ TEST_P(RealPrinter, TakesASheetInItsPlaceWhateverTheDialogDid) {
   ExpectInPlace(a4, PageOrientation::Portrait);
 }
 
-INSTANTIATE_TEST_SUITE_P(Published, RealPrinter, testing::ValuesIn(kPrinters), [](const auto& printer) {
-  std::string name = std::string(printer.param.description);
+// What the printer itself gets, made by the filters that its description names.
+TEST_P(PostScriptPrinter, GetsTheSheetInItsPlace) {
+  const Description description(GetParam());
+  if (!description.Known()) GTEST_SKIP() << "the package " << GetParam().package << " is not installed";
+  cups_.AddQueueOf("prova", description.AsItIs());
+  Accept();
+  for (const PageOrientation orientation : {PageOrientation::Portrait, PageOrientation::Landscape}) {
+    ExpectInPlace(description.AreaOf(description.DefaultSize()), orientation);
+  }
+}
+
+const auto kNameOfFile = [](const testing::TestParamInfo<Published>& printer) {
+  std::string name = printer.param.description;
   name = name.substr(name.rfind('/') + 1);
   name.resize(name.size() - 4);
   return std::regex_replace(name, std::regex("[^A-Za-z0-9]"), "_");
-});
+};
+
+INSTANTIATE_TEST_SUITE_P(Published, PostScriptPrinter, testing::ValuesIn(kPostScriptPrinters), kNameOfFile);
+INSTANTIATE_TEST_SUITE_P(Published, RealPrinter, testing::ValuesIn(kPrinters), kNameOfFile);
 
 }  // namespace
 }  // namespace Morvane

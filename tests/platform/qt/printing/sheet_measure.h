@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <fstream>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -15,17 +16,22 @@ namespace Morvane {
 // A sheet of paper as a scanner would see it.
 class MeasuredSheet {
  public:
-  // Renders the first page of a PDF file.
-  explicit MeasuredSheet(const std::string& pdfPath) {
-    const std::string command = "pdftoppm -gray -r " + std::to_string(kDotsPerInch) + " '" + pdfPath + "'";
+  // Renders the first page of a PDF file, or of the PostScript among a printer's own commands.
+  explicit MeasuredSheet(const std::string& path) {
+    const std::string command =
+        IsPdf(path) ? "pdftoppm -gray -r 600 '" + path + "'"
+                    : "sed -n '/%!PS/,$p' '" + path +
+                          "' | gs -q -dBATCH -dNOPAUSE -sDEVICE=pgmraw -sOutputFile=- -r600 -";
     const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
-    if (!pipe || std::fscanf(pipe.get(), "P5 %d %d 255", &width_, &height_) != 2) {
-      throw std::runtime_error("no page in " + pdfPath);
+    // A line of the renderer's own may stand behind the first.
+    if (!pipe || std::fscanf(pipe.get(), "P5 #%*[^\n]") == EOF ||
+        std::fscanf(pipe.get(), "%d %d 255", &width_, &height_) != 2) {
+      throw std::runtime_error("no page in " + path);
     }
     std::fgetc(pipe.get());
     gray_.resize(static_cast<size_t>(width_) * static_cast<size_t>(height_));
     if (std::fread(gray_.data(), 1, gray_.size(), pipe.get()) != gray_.size()) {
-      throw std::runtime_error("half a page in " + pdfPath);
+      throw std::runtime_error("half a page in " + path);
     }
   }
   // Of dots at 600 to the inch, row by row; 255 is white.
@@ -40,6 +46,12 @@ class MeasuredSheet {
   std::vector<double> DownMm(double xMm) const { return Lines(DotAt(xMm), width_, height_); }
 
  private:
+  static bool IsPdf(const std::string& path) {
+    std::string start(4, ' ');
+    std::ifstream(path).read(start.data(), 4);
+    return start == "%PDF";
+  }
+
   static constexpr int kDotsPerInch = 600;
   static constexpr int kWhite = 255;
   static constexpr int kDark = 100;  // paper is above it
