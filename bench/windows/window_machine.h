@@ -11,7 +11,7 @@
 #include "platform/qt/painting/qt_font_catalog.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
-#include "platform/qt/printing/qt_printer_device.h"
+#include "platform/qt/printing/qt_printers.h"
 #include "platform/units.h"
 #include "tests/support/test_machine.h"
 
@@ -26,7 +26,7 @@ class WindowMachine {
   QtPictureLoader pictures{*machine.Files, {}};
   QtTextMetrics text;
   QtFontCatalog fonts;
-  QtPrinterDevice device;
+  QtPrinters device;
   Printer printer{device, text, fonts};
   Platform platform{windows, machine.TheScreen, *machine.Files,   pictures,     text,
                     fonts,   printer,           machine.Launches, machine.Http, machine.platform.app};

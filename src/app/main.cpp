@@ -27,7 +27,7 @@
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/artwork.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
-#include "platform/qt/printing/qt_printer_device.h"
+#include "platform/qt/printing/qt_printers.h"
 #include "platform/qt/views/program_style.h"
 #include "windows/main_window/program.h"
 
@@ -101,7 +101,7 @@ int main(int argc, char** argv) {
   QtPictureLoader pictures(files, OldFormatDecoderPath());
   const QtTextMetrics metrics;
   const QtFontCatalog fonts;
-  QtPrinterDevice device;
+  QtPrinters device;
   Printer printer(device, metrics, fonts);
   AppInfo app;
   const AppFolder folder = OwnFolder();

@@ -17,7 +17,7 @@
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "platform/qt/printing/pdf_file_writer.h"
-#include "platform/qt/printing/qt_printer_device.h"
+#include "platform/qt/printing/qt_printers.h"
 #include "platform/runtime_error.h"
 #include "render/print_job.h"
 #include "windows/contents/folder_scan.h"
@@ -27,7 +27,7 @@ namespace Morvane {
 namespace {
 
 // A printer of PDF files of A4 without margins, a file a page.
-class PdfFiles : public PrinterDevice {
+class PdfFiles : public Printers {
  public:
   // After each page `undecodable` names the pictures that it is without.
   PdfFiles(std::string pdf, int copies, std::vector<PicturePtr>& undecodable)
@@ -187,10 +187,9 @@ void PrintContents(const PrintArguments& arguments, const FileSystem& files, con
 }
 
 // RuntimeError when there is no such printer.
-std::unique_ptr<PrinterDevice> OpenDevice(const PrintArguments& arguments,
-                                          std::vector<PicturePtr>& undecodable) {
+std::unique_ptr<Printers> OpenDevice(const PrintArguments& arguments, std::vector<PicturePtr>& undecodable) {
   if (!arguments.pdf.empty()) return std::make_unique<PdfFiles>(arguments.pdf, arguments.copies, undecodable);
-  auto queue = std::make_unique<QtPrinterDevice>();
+  auto queue = std::make_unique<QtPrinters>();
   queue->OnComplaint = Complain;
   if (!arguments.calibrated) queue->LeaveOutCalibration();
   queue->SelectPrinter(arguments.printer);
@@ -206,7 +205,7 @@ ExitCode Print(const PrintArguments& arguments, const FileSystem& files) {
   const QtTextMetrics metrics;
   const QtFontCatalog fonts;
   std::vector<PicturePtr> undecodable;
-  const std::unique_ptr<PrinterDevice> device = OpenDevice(arguments, undecodable);
+  const std::unique_ptr<Printers> device = OpenDevice(arguments, undecodable);
   Printer printer(*device, metrics, fonts);
   if (!arguments.contents) return PrintCovers(arguments, files, pictures, printer, undecodable);
   PrintContents(arguments, files, fonts, printer);

@@ -43,7 +43,7 @@ class ListedFonts : public FontCatalog, public Hooked {
 };
 
 // A printer that keeps its jobs.
-class RecordingPrinter : public PrinterDevice, public Hooked {
+class RecordingPrinter : public Printers, public Hooked {
  public:
   struct Job {
     DrawingList page;

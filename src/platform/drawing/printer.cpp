@@ -4,7 +4,7 @@
 
 namespace Morvane {
 
-Printer::Printer(PrinterDevice& device, const TextMetrics& metrics, const FontCatalog& fonts)
+Printer::Printer(Printers& device, const TextMetrics& metrics, const FontCatalog& fonts)
     : device_(device), fonts_(fonts), surface_(metrics) {}
 
 DrawingSurface& Printer::Surface() {

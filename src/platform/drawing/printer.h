@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/drawing/drawing_surface.h"
-#include "platform/drawing/printer_device.h"
+#include "platform/drawing/printers.h"
 #include "platform/font_catalog.h"
 
 namespace Morvane {
@@ -12,7 +12,7 @@ namespace Morvane {
 // of the printable area.
 class Printer {
  public:
-  Printer(PrinterDevice& device, const TextMetrics& metrics, const FontCatalog& fonts);
+  Printer(Printers& device, const TextMetrics& metrics, const FontCatalog& fonts);
 
   // The page to draw on, as large as the sheet.
   DrawingSurface& Surface();
@@ -38,7 +38,7 @@ class Printer {
   std::string JobTitle = "Morvane";
 
  private:
-  PrinterDevice& device_;
+  Printers& device_;
   const FontCatalog& fonts_;
   DrawingSurface surface_;
   PageOrientation orientation_ = PageOrientation::Portrait;

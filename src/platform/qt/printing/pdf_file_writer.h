@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/drawing/printer_device.h"
+#include "platform/drawing/printers.h"
 
 namespace Morvane {
 

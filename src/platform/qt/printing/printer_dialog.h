@@ -6,7 +6,7 @@
 #include <QPrintDialog>
 #include <memory>
 
-#include "platform/drawing/printer_device.h"
+#include "platform/drawing/printers.h"
 #include "platform/qt/printing/calibration_tab.h"
 
 namespace Morvane {

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <future>
 
-#include "platform/drawing/printer_device.h"
+#include "platform/drawing/printers.h"
 
 namespace Morvane {
 

@@ -25,7 +25,7 @@
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/printing/calibration_tab.h"
 #include "platform/qt/printing/pdf_printer_dialog.h"
-#include "platform/qt/printing/qt_printer_device.h"
+#include "platform/qt/printing/qt_printers.h"
 #include "platform/runtime_error.h"
 #include "platform/units.h"
 #include "render/print_job.h"
@@ -93,7 +93,7 @@ class PdfTest : public testing::Test {
  protected:
   QtTextMetrics metrics_;
   QtFontCatalog fonts_;
-  QtPrinterDevice device_;
+  QtPrinters device_;
   Printer printer_{device_, metrics_, fonts_};
   TemporaryFolder folder_;
 };
@@ -333,7 +333,7 @@ MeasuredSheet ReadRaster(const std::string& path) {
 TEST_F(QueueTest, DefaultPrintersOwnSheetIsTakenOnceItIsFound) {
   cups_.AddQueue("raster", PrivateCups::Takes::Raster);
   cups_.Run("lpadmin -d raster");
-  QtPrinterDevice device;
+  QtPrinters device;
   int changes = 0;
   device.OnSheetChanged = [&] { ++changes; };
   device.Prepare();
@@ -350,7 +350,7 @@ TEST_F(QueueTest, RasterOfADriverlessPrinterHasTheSizesToTheDotCalibratedOrNot) 
   LeaveOptions("Dest raster PageSize=A4");
   for (const Calibration& paper : {Calibration{}, kMeasured}) {
     Calibrations().Keep("raster", paper);
-    QtPrinterDevice device;
+    QtPrinters device;
     device.SelectPrinter("raster");
     Printer printer(device, metrics_, fonts_);
     for (const PageOrientation orientation : {PageOrientation::Portrait, PageOrientation::Landscape}) {
@@ -368,7 +368,7 @@ TEST_F(QueueTest, RasterOfADriverlessPrinterHasTheSizesToTheDotCalibratedOrNot) 
 
 TEST_F(QueueTest, SheetThatTheQueueIsSetToIsTakenAndToldOnce) {
   cups_.AddQueue("raster", PrivateCups::Takes::Raster);  // Letter
-  QtPrinterDevice device;
+  QtPrinters device;
   int told = 0;
   device.OnSheetChanged = [&] { ++told; };
   for (int times = 0; times < 2; ++times) device.SelectPrinter("raster");

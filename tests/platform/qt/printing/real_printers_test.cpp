@@ -15,7 +15,7 @@
 #include "platform/drawing/printer.h"
 #include "platform/qt/painting/qt_font_catalog.h"
 #include "platform/qt/painting/qt_text_metrics.h"
-#include "platform/qt/printing/qt_printer_device.h"
+#include "platform/qt/printing/qt_printers.h"
 #include "platform/units.h"
 #include "sheet_measure.h"
 #include "tests/support/private_cups.h"
@@ -182,7 +182,7 @@ class RealPrinter : public testing::TestWithParam<Published> {
   PrivateCups cups_;
   QtTextMetrics metrics_;
   QtFontCatalog fonts_;
-  QtPrinterDevice device_;
+  QtPrinters device_;
   Printer printer_{device_, metrics_, fonts_};
   const QLocale locale_;
 };

@@ -10,7 +10,7 @@
 #include "platform/qt/painting/qt_font_catalog.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/printing/pdf_file_writer.h"
-#include "platform/qt/printing/qt_printer_device.h"
+#include "platform/qt/printing/qt_printers.h"
 #include "platform/runtime_error.h"
 #include "render/print_job.h"
 #include "tests/support/private_cups.h"
@@ -20,7 +20,7 @@ namespace Morvane {
 namespace {
 
 // A real queue, with a user who accepts the print dialog; something may go wrong meanwhile.
-class AcceptedQueue : public QtPrinterDevice {
+class AcceptedQueue : public QtPrinters {
  public:
   std::function<void()> Meanwhile = [] {};
 

@@ -1,4 +1,4 @@
-#include "platform/qt/printing/qt_printer_device.h"
+#include "platform/qt/printing/qt_printers.h"
 
 #include <QApplication>
 #include <QDir>
@@ -85,7 +85,7 @@ void PlaceOnSheet(QPainter& painter, const QPrinter& printer, const PrinterSheet
 
 }  // namespace
 
-QtPrinterDevice::QtPrinterDevice()
+QtPrinters::QtPrinters()
     : sheet_(kA4), pdfFolder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) {
   idle_.setSingleShot(true);
   QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { painted_.pictures.Clear(); });
@@ -94,15 +94,15 @@ QtPrinterDevice::QtPrinterDevice()
   });
 }
 
-QtPrinterDevice::~QtPrinterDevice() = default;
+QtPrinters::~QtPrinters() = default;
 
-void QtPrinterDevice::Prepare() {
+void QtPrinters::Prepare() {
   search_.Begin();
   found_.start(kLookMs);
 }
 
 // The printer that was chosen stays while the service has any.
-PrintService QtPrinterDevice::FindPrinter() {
+PrintService QtPrinters::FindPrinter() {
   found_.stop();
   search_.Begin();
   const FoundPrinters found = search_.Answer(kPatience);
@@ -112,29 +112,28 @@ PrintService QtPrinterDevice::FindPrinter() {
   return found.service;
 }
 
-void QtPrinterDevice::MakePrinter(const QString& queue) {
+void QtPrinters::MakePrinter(const QString& queue) {
   printer_ = PrinterOf(queue);
   if (!printer_) throw Failure("La stampante '" + queue + "' non esiste.");
   chosen_ = OwnSheet(*printer_);
   TakeChosenSheet();
 }
 
-void QtPrinterDevice::SelectPrinter(const std::string& name) {
+void QtPrinters::SelectPrinter(const std::string& name) {
   if (FindPrinter() != PrintService::Answers) throw Failure(SilentServiceText());
   MakePrinter(QString::fromStdString(name));
   AskForPasswordsOnTheTerminal();
 }
 
-void QtPrinterDevice::TakeChosenSheet() {
+void QtPrinters::TakeChosenSheet() {
   SetSheet(InTwips(TakeSheet(*printer_, chosen_).size));
 }
 
-void QtPrinterDevice::SetSheet(SheetSize sheet) {
+void QtPrinters::SetSheet(SheetSize sheet) {
   if (std::exchange(sheet_, sheet) != sheet && OnSheetChanged) OnSheetChanged();
 }
 
-PrintDialogAnswer QtPrinterDevice::ShowDialog(const PrintDialogRequest& request,
-                                              PageOrientation& orientation) {
+PrintDialogAnswer QtPrinters::ShowDialog(const PrintDialogRequest& request, PageOrientation& orientation) {
   auto hourglass = std::make_optional<Hourglass>();
   const PrintService service = FindPrinter();
   if (!queue_.isEmpty() && !printer_) MakePrinter(queue_);
@@ -142,8 +141,8 @@ PrintDialogAnswer QtPrinterDevice::ShowDialog(const PrintDialogRequest& request,
   return printer_ ? ShowPrinterDialog(request, orientation) : ShowPdfDialog(service);
 }
 
-PrintDialogAnswer QtPrinterDevice::ShowPrinterDialog(const PrintDialogRequest& request,
-                                                     PageOrientation& orientation) {
+PrintDialogAnswer QtPrinters::ShowPrinterDialog(const PrintDialogRequest& request,
+                                                PageOrientation& orientation) {
   const bool landscape = orientation == PageOrientation::Landscape;
   const QString before = printer_->printerName();
   printer_->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
@@ -167,7 +166,7 @@ PrintDialogAnswer QtPrinterDevice::ShowPrinterDialog(const PrintDialogRequest& r
   return answer;
 }
 
-PrintDialogAnswer QtPrinterDevice::ShowPdfDialog(PrintService service) {
+PrintDialogAnswer QtPrinters::ShowPdfDialog(PrintService service) {
   const QString reason =
       service == PrintService::Silent ? SilentServiceText() : "Nessuna stampante è installata.";
   PdfPrinterDialog dialog(reason, pdfFolder_, QApplication::activeWindow());
@@ -176,8 +175,7 @@ PrintDialogAnswer QtPrinterDevice::ShowPdfDialog(PrintService service) {
   return {true, dialog.Copies()};
 }
 
-void QtPrinterDevice::SendPage(const DrawingList& page, PageOrientation orientation,
-                               const std::string& title) {
+void QtPrinters::SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) {
   if (printer_) {
     const QString complaint = calibrations_.TakeComplaint();
     if (!complaint.isEmpty() && OnComplaint) OnComplaint(complaint.toStdString());
@@ -191,7 +189,7 @@ void QtPrinterDevice::SendPage(const DrawingList& page, PageOrientation orientat
 
 // Without a correction, at the printer that the dialog shows but has not yet taken: by a printer of its own,
 // so that nothing of what the dialog edits is touched.
-void QtPrinterDevice::PrintCalibrationSheet(const QString& queue, const QPageSize& size) {
+void QtPrinters::PrintCalibrationSheet(const QString& queue, const QPageSize& size) {
   const Hourglass hourglass;
   const std::unique_ptr<QPrinter> printer = PrinterOf(queue);
   if (!printer) throw Failure("La stampante '" + queue + "' non esiste.");
@@ -204,9 +202,9 @@ void QtPrinterDevice::PrintCalibrationSheet(const QString& queue, const QPageSiz
   PrintPage(*printer, sheet, page.Drawing(), PageOrientation::Portrait, "Foglio di taratura", {});
 }
 
-void QtPrinterDevice::PrintPage(QPrinter& printer, const PrinterSheet& sheet, const DrawingList& page,
-                                PageOrientation orientation, const std::string& title,
-                                const Calibration& calibration) {
+void QtPrinters::PrintPage(QPrinter& printer, const PrinterSheet& sheet, const DrawingList& page,
+                           PageOrientation orientation, const std::string& title,
+                           const Calibration& calibration) {
   printer.setDocName(QString::fromStdString(title));
   printer.setCopyCount(1);
   KeepTrueScale(printer);

@@ -31,9 +31,9 @@ struct PrintDialogAnswer {
 
 // The machine's printers, one of them the current one. With no printer installed it is the program's own,
 // which writes each job as a PDF file of A4 without margins.
-class PrinterDevice {
+class Printers {
  public:
-  virtual ~PrinterDevice() = default;
+  virtual ~Printers() = default;
 
   // The physical sheet of the current printer in portrait; A4 until the printer has been asked. RuntimeError
   // PrinterFailure when the printer does not answer.

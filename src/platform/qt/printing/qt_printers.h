@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/drawing/printer_device.h"
+#include "platform/drawing/printers.h"
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/printing/calibration.h"
 #include "platform/qt/printing/printer_search.h"
@@ -20,10 +20,10 @@ namespace Morvane {
 // The printers of this system, through one QPrinter, which a print command makes when it first needs it.
 // Whether the print service answers, and with which sheet, is asked on a thread of its own: it can take
 // seconds, or for ever. Without any printer, and while the service is silent, each job becomes a PDF file.
-class QtPrinterDevice : public PrinterDevice {
+class QtPrinters : public Printers {
  public:
-  QtPrinterDevice();
-  ~QtPrinterDevice() override;
+  QtPrinters();
+  ~QtPrinters() override;
 
   // Called when the sheet is another than it was.
   std::function<void()> OnSheetChanged;
