@@ -427,6 +427,7 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
        Hand::Resize(s.Top(), width, w.Number());
      }}},
     {"minimise", {[](Scene& s, Words) { Hand::See(s.Top()).showMinimized(); }}},
+    {"maximise", {[](Scene& s, Words) { Hand::See(s.Top()).showMaximized(); }}},
     {"restore", {[](Scene& s, Words) { Hand::See(s.Top()).showNormal(); }}},
     {"tick", {[](Scene& s, Words w) {  // timer, times
        auto& timer = dynamic_cast<Timer&>(s.Named(w));

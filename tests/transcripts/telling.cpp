@@ -12,7 +12,7 @@ namespace {
 constexpr qsizetype kLine = 120;  // characters
 constexpr qsizetype kShort = 44;
 constexpr qsizetype kWhole = 3 * kLine;  // of rows and texts that are told again as a whole
-constexpr qsizetype kMostLines = 5;      // of what is new
+constexpr qsizetype kMostLines = 4;      // of what is new
 constexpr qsizetype kMostWords = 12;     // of a column that is told in full
 
 const QString kDetail = "    ";

@@ -171,6 +171,7 @@ void Transcript::Do(const QString& line) {
     if (ended_) throw std::logic_error("the program has ended");
     const QString name = words.Next();
     const bool isOfTheWorld = kDeedsOfTheWorld.contains(name);
+    if (!isOfTheWorld && !kDeedsOfTheHand.contains(name)) throw std::logic_error("no such deed");
     (isOfTheWorld ? kDeedsOfTheWorld : kDeedsOfTheHand).at(name)(*this, words);
     Hand::Settle();
     if (top_ != nullptr && top_->Name() == "frmAbout") WaitForPicker(*top_);

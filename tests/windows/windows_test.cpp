@@ -1,13 +1,98 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <QLineEdit>
+#include <algorithm>
+#include <chrono>
 #include <memory>
 #include <random>
+#include <thread>
 
 #include "core/number_text.h"
 #include "tests/hand/hand.h"
+#include "tests/support/test_machine.h"
+#include "windows/contents/frm_preview.h"
+#include "windows/image_picker/frm_about.h"
+#include "windows/image_picker/image_list.h"
 #include "windows/layout_editor/dialog.h"
 
 namespace Morvane {
 namespace {
+
+// The first text of each column.
+std::vector<std::string> ColumnStarts(const DrawingList& drawing) {
+  std::vector<std::string> firsts;
+  double left = 0;
+  for (const Shape& shape : drawing) {
+    const auto* text = std::get_if<TextShape>(&shape);
+    if (text == nullptr || text->left == left) continue;
+    left = text->left;
+    firsts.push_back(text->text);
+  }
+  return firsts;
+}
+
+class ContentsWindow : public ::testing::Test {
+ protected:
+  ContentsWindow() { hand.Show(window.form); }
+
+  TestMachine machine;
+  AppState state;
+  Hand hand{machine};
+  FrmPreview window{state, hand.platform, {[] {}, [] { return std::string("ok"); }}};
+};
+
+TEST_F(ContentsWindow, ColumnsBreakAsOnPaperAtAnyFontSizeInWindowsOfAnySizeOnAnySheet) {
+  for (int i = 0; i < 1500; ++i) window.List1.Add((i % 9 == 0 ? "(" : "") + std::to_string(i));
+  std::vector<float> sizes = {2.8F, 10.3F, 20.6F};  // a column is full to 0.003 mm
+  for (float size = 2; size <= 25; ++size) sizes.push_back(size);
+  for (const SheetSize& sheet : {SheetSize{11905.5, 16837.8}, {12240, 15840}}) {
+    machine.Device.Sheet = sheet;
+    for (const double height : {6750.0, 9876.0, 32000.0}) {
+      Hand::Resize(window.form, height * 4 / 3, height);
+      Hand::Press(window.Option1[2]);
+      for (const float size : sizes) {
+        state.ElencoFontSize = size;
+        state.ElencoFontItalic = static_cast<std::int16_t>(1 - state.ElencoFontItalic);
+        window.AggiornaAnteprima();
+        machine.Device.Answers.push_back({true, 1});
+        Hand::Press(window.Command3);
+        ASSERT_EQ(ColumnStarts(window.Picture1.Surface.Drawing()),
+                  ColumnStarts(machine.Device.Jobs.back().page))
+            << size << " points, " << height << " twips";
+      }
+    }
+  }
+}
+
+TEST(CleanText, BlanksLineBreaksInTheCallersOwnText) {
+  std::string text = " C:\\Foto\x1B a\r\n";
+  EXPECT_EQ(toglivbcrlf(text), "C:\\Foto  a");
+  EXPECT_EQ(text, " C:\\Foto  a  ");
+}
+
+TEST(FolderTree, OnASlowDiskAllFoldersAreSeenBeforeEachIsLookedInto) {
+  TestMachine machine;
+  for (const char* parent : {"a", "b", "c", "d", "e", "f"})
+    machine.MakeFolder("C:\\Molte\\" + std::string(parent) + "\\Dentro");
+  machine.Files->BeforeCall = [](const std::string& call, const std::string& path) {
+    if (call == "FirstSubFolder" && path.size() > 4)
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  };
+  AppState state;
+  frmAbout picker(state, machine.platform, [] {});
+  picker.form.EnsureLoaded();
+  while (picker.TimerCartelle.Running()) picker.TimerCartelle.PerformTick();
+  TreeNode& folder = *picker.tvwdirtree.Find("C:\\Molte");
+  picker.tvwdirtree.UserExpands(folder);
+  const auto& nodes = folder.Children();
+  const auto isRead = [](const TreeNode* node) { return node->Children().size() == 1; };
+  EXPECT_EQ(nodes.size(), 6);
+  EXPECT_FALSE(isRead(nodes.back()));
+  picker.tvwdirtree.UserCollapses(folder);
+  picker.tvwdirtree.UserExpands(folder);
+  while (picker.TimerCartelle.Running()) picker.TimerCartelle.PerformTick();
+  EXPECT_TRUE(std::all_of(nodes.begin(), nodes.end(), isRead));
+}
 
 constexpr int kActions = 1000;
 

@@ -1,4 +1,12 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sstream>
+
 #include "files_test.h"
+#include "platform/files/mount_table.h"
+#include "platform/files/name_order.h"
+#include "platform/text.h"
+#include "platform/utf8.h"
 #include "platform/windows_1252.h"
 #include "tests/support/held_text.h"
 
@@ -6,6 +14,40 @@ namespace Morvane {
 namespace {
 
 using ::testing::ElementsAre;
+
+TEST_F(FilesTest, EachVolumeThatAUserWouldKnowHasALetterATypeAndALabel) {
+  MountTable table{{}, disk.Path("mountinfo"), disk.Path("by-label")};
+  EXPECT_EQ(table.Find('D'), nullptr);
+  Link("sdb2", "disco");
+  ExpectCases("tests/platform/files/mounts.txt", [&](const std::string& given) {
+    std::string mounts;
+    std::istringstream lines(given);
+    for (std::string line; std::getline(lines, line);) {
+      std::istringstream words(line);
+      std::string word, label, device;
+      if (words >> word >> label >> device; word == "label") {
+        disk.MakeFolder("by-label");
+        Link("../../" + device, "by-label/" + label);
+      } else {
+        const std::size_t at = line.find("DISK");
+        mounts += (at == std::string::npos ? line : line.replace(at, 4, disk.Path())) + "\n";
+      }
+    }
+    disk.Write("mountinfo", mounts);
+    table.Refresh();
+    std::string text;
+    for (const Volume& volume : table.Volumes()) {
+      const std::map<DriveType, const char*> types = {{DriveType::Removable, "floppy"},
+                                                      {DriveType::Fixed, "fixed"},
+                                                      {DriveType::Remote, "remote"},
+                                                      {DriveType::CdRom, "disc"}};
+      EXPECT_EQ(table.Find(volume.letter), &volume);
+      text += (text.empty() ? "" : "\n") + std::string(1, volume.letter) + " " + types.at(volume.type) + " " +
+              volume.mountPoint + " \"" + table.Label(volume) + "\"";
+    }
+    return text;
+  });
+}
 
 constexpr const char* kMounts =
     "27 1 8:2 / / rw - ext4 /dev/sda2 rw\n"
@@ -78,6 +120,54 @@ TEST_F(FilesTest, APathLeadsToTheExactNameElseToTheFirstEqualWithoutCase) {
     return ReadableUtf8(name);
   });
   EXPECT_FALSE(files.FileExists(std::string("C:\\dati\\foto.txt\0x", 19)));
+}
+
+TEST(Windows1252, KeepsEachByteOnTheWayToUtf8AndBackAndAsksForWhatItLacks) {
+  std::string bytes;
+  for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
+  EXPECT_EQ(ToWindows1252(FromWindows1252(bytes)), bytes);
+  EXPECT_EQ(FromWindows1252("\x80 \x93perch\xE9\x94 \x81\x9F"), "€ “perché” \u0081Ÿ");
+  EXPECT_EQ(ToWindows1252("a日b😀c\u0100\u0080"), "a?b?c??");
+}
+
+TEST(Utf8, ReadsBackWhatItAppendsAndKeepsBytesThatAreNone) {
+  for (const char32_t character :
+       {0x00U, 0x7FU, 0x80U, 0x7FFU, 0x800U, 0xD7FFU, 0xE000U, 0xFFFFU, 0x10000U, 0x10FFFFU}) {
+    std::string text;
+    AppendUtf8(text, character);
+    const Utf8Step step = ReadUtf8(text, 0);
+    EXPECT_TRUE(step.valid);
+    EXPECT_EQ(step.character, character);
+    EXPECT_EQ(step.length, text.size());
+  }
+  // Cut short, overlong, surrogates, beyond the last character.
+  for (const std::string bad :
+       {"\xE9t\xC3", "\xC0\xAF", "\xC1\xBF", "\xE0\x80\xAF", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xED\xBF\xBF",
+        "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xE2\x82"}) {
+    EXPECT_FALSE(ReadUtf8(bad, 0).valid) << bad;
+    EXPECT_EQ(ToWindows1252(bad), bad);
+    EXPECT_EQ(ToLower(bad), bad);
+    EXPECT_EQ(ReadableUtf8(bad), FromWindows1252(bad));
+  }
+  EXPECT_FALSE(ReadUtf8(std::string_view("aè", 2), 1).valid);
+  EXPECT_EQ(ReadableUtf8("caff\xE9 perché \x80"), "caffé perché €");
+}
+
+TEST(NameOrder, IsWithoutRegardToCaseSmallLettersFirstAndOneForAnyTwoNames) {
+  const std::vector<std::string> ordered = {"",      "a",   "A",  "a1",    "a10",  "a_",   "a_b", "ab",
+                                            "aZ",    "aZb", "b",  "B",     "zeta", "Zeta", "è",   "È",
+                                            "Étage", "été", "ωm", "Ωmega", "ж",    "Ж",    "日本"};
+  std::vector<std::string> sorted(ordered.rbegin(), ordered.rend());
+  SortNames(sorted);
+  EXPECT_EQ(sorted, ordered);
+  for (std::size_t i = 0; i < ordered.size(); ++i) {
+    for (std::size_t j = 0; j < ordered.size(); ++j) EXPECT_EQ(NameIsBefore(ordered[i], ordered[j]), i < j);
+  }
+}
+
+TEST(NameOrder, TakesAccentsAndBadBytesForTheSameName) {
+  EXPECT_TRUE(IsSameName("CAFFÈ", "caffè") && IsSameName("CAFF\xC8", "caffè"));
+  EXPECT_FALSE(IsSameName("caffe", "caffè") || IsSameName("abc", "abcd") || IsSameName("abcd", "abc"));
 }
 
 }  // namespace
