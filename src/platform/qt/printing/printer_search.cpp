@@ -1,6 +1,7 @@
 #include "platform/qt/printing/printer_search.h"
 
 #include <cups/cups.h>
+#include <cups/pwg.h>
 
 #include <QByteArray>
 #include <algorithm>
@@ -54,7 +55,8 @@ PrintService AskForAWord(http_t* connection) {
   return answer ? PrintService::Answers : PrintService::Silent;
 }
 
-// The name of the sheet that a queue is set to: by the user with lpoptions, else by its administrator or maker.
+// The name of the sheet that a queue is set to: by the user with lpoptions, else by its administrator or
+// maker.
 QByteArray SheetName(http_t* connection, cups_dest_t& queue, cups_dinfo_t* info) {
   for (const char* option : {"PageSize", CUPS_MEDIA}) {
     if (const char* set = cupsGetOption(option, queue.num_options, queue.options)) return set;
@@ -63,16 +65,16 @@ QByteArray SheetName(http_t* connection, cups_dest_t& queue, cups_dinfo_t* info)
   return preset ? ippGetString(preset, 0, nullptr) : "";
 }
 
-// A4 for a queue that tells none.
+// A4 for a queue that tells none. The name is one of the standard or of the queue's description.
 SheetSize OwnSheet(http_t* connection, cups_dest_t& queue) {
   const std::unique_ptr<cups_dinfo_t, void (*)(cups_dinfo_t*)> info(cupsCopyDestInfo(connection, &queue),
                                                                     cupsFreeDestInfo);
-  if (!info) return kA4;
-  cups_size_t size{};
-  const QByteArray name = SheetName(connection, queue, info.get());
-  if (!cupsGetDestMediaByName(connection, &queue, info.get(), name, 0, &size)) return kA4;
-  return {size.width / kUnitsPerMillimetre * kTwipsPerMillimetre,
-          size.length / kUnitsPerMillimetre * kTwipsPerMillimetre};
+  const QByteArray name = info ? SheetName(connection, queue, info.get()) : QByteArray();
+  const pwg_media_t* sheet = pwgMediaForPWG(name);
+  if (sheet == nullptr) sheet = pwgMediaForPPD(name);
+  if (sheet == nullptr) return kA4;
+  return {sheet->width / kUnitsPerMillimetre * kTwipsPerMillimetre,
+          sheet->length / kUnitsPerMillimetre * kTwipsPerMillimetre};
 }
 
 FoundPrinters FindQueue(http_t* connection) {

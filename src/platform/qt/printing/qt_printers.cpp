@@ -55,10 +55,11 @@ class Hourglass {
   Hourglass& operator=(const Hourglass&) = delete;
 };
 
-// The toolkit asks the service while it makes one: half a second.
+// The toolkit asks the service while it makes one: half a second. RuntimeError when there is none of that
+// name.
 std::unique_ptr<QPrinter> PrinterOf(const QString& queue) {
   const QPrinterInfo info = QPrinterInfo::printerInfo(queue);
-  if (info.isNull()) return nullptr;
+  if (info.isNull()) throw Failure("La stampante '" + queue + "' non esiste.");
   return std::make_unique<QPrinter>(info, QPrinter::HighResolution);
 }
 
@@ -114,7 +115,6 @@ PrintService QtPrinters::FindPrinter() {
 
 void QtPrinters::MakePrinter(const QString& queue) {
   printer_ = PrinterOf(queue);
-  if (!printer_) throw Failure("La stampante '" + queue + "' non esiste.");
   chosen_ = OwnSheet(*printer_);
   TakeChosenSheet();
 }
@@ -192,7 +192,6 @@ void QtPrinters::SendPage(const DrawingList& page, PageOrientation orientation, 
 void QtPrinters::PrintCalibrationSheet(const QString& queue, const QPageSize& size) {
   const Hourglass hourglass;
   const std::unique_ptr<QPrinter> printer = PrinterOf(queue);
-  if (!printer) throw Failure("La stampante '" + queue + "' non esiste.");
   const PrinterSheet sheet = TakeSheet(*printer, size);
   const QSizeF area = sheet.size.shrunkBy(sheet.margins);
   const QtTextMetrics metrics;
