@@ -46,10 +46,11 @@ class MeasuredSheet {
   std::vector<double> DownMm(double xMm) const { return Lines(DotAt(xMm), width_, height_); }
 
  private:
+  // Commands of the printer's own may stand in front.
   static bool IsPdf(const std::string& path) {
-    std::string start(4, ' ');
-    std::ifstream(path).read(start.data(), 4);
-    return start == "%PDF";
+    std::string start(1024, ' ');
+    std::ifstream(path, std::ios::binary).read(start.data(), 1024);
+    return start.find("%PDF") != std::string::npos;
   }
 
   static constexpr int kDotsPerInch = 600;
