@@ -6,8 +6,10 @@
 #include <QBuffer>
 #include <QDragEnterEvent>
 #include <QExposeEvent>
+#include <QHelpEvent>
 #include <QKeySequence>
 #include <QMimeData>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QTest>
 #include <QToolButton>
@@ -179,6 +181,30 @@ void Slide(Scene& scene, Words words) {
   QMouseEvent move(QEvent::MouseMove, to, rows.mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
   QApplication::sendEvent(&rows, &move);
   QTest::mouseRelease(&rows, Qt::LeftButton, {}, to);
+}
+
+// What another window covered of this one, on a screen where covered windows lose what they show.
+void Uncover(Scene& scene, const QRegion& region) {
+  QPaintEvent painted(region);
+  QExposeEvent uncovered(region);
+  for (QEvent* const event : std::initializer_list<QEvent*>{&painted, &uncovered})
+    QApplication::sendEvent(Hand::See(scene.Top()).windowHandle(), event);
+}
+
+// The tool-tip comes, and goes.
+void ShowTip(Scene& scene, Words words) {
+  QWidget& control = Hand::See(scene.Named(words));
+  const QPoint below = control.mapToGlobal(control.rect().center());
+  QHelpEvent pause(QEvent::ToolTip, control.rect().center(), below);
+  QApplication::sendEvent(&control, &pause);
+  for (QWidget* const tip : QApplication::topLevelWidgets()) {
+    if (!tip->isVisible() || tip->windowType() != Qt::ToolTip) continue;
+    const QRect window = Hand::See(scene.Top()).geometry();
+    const QRect covered = (tip->geometry() & window).translated(-window.topLeft());
+    tip->hide();
+    if (!covered.isEmpty()) return Uncover(scene, covered);
+  }
+  throw std::logic_error("no tool-tip over the window");
 }
 
 void NeedMainWindow(const Scene& scene) {
@@ -409,6 +435,7 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     {"unfold", {[](Scene& s, Words w) { ClickRow(s, w, -10, Qt::LeftButton); }}},  // its triangle
     {"double", {[](Scene& s, Words w) {
        const Control& list = s.Named(w);
+       ClickRow(s, {QString::fromStdString(list.Name()) + " " + w.rest}, 5, Qt::LeftButton);
        QTest::mouseDClick(Hand::See<QAbstractItemView>(list).viewport(), Qt::LeftButton, {},
                           RowPlace(list, w.rest));
      }}},
@@ -435,9 +462,9 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
        timer.SetRunning(false);
      }}},
     {"uncover", {[](Scene& s, Words) {  // another window was over this one
-       QExposeEvent uncovered(QRegion(0, 0, 9, 9));
-       QApplication::sendEvent(Hand::See(s.Top()).windowHandle(), &uncovered);
+       Uncover(s, QRegion(0, 0, 9, 9));
      }}},
+    {"tip", {ShowTip}},
     {"close", {[](Scene& s, Words) { Hand::See(s.Top()).close(); }}},
     {"look", {[](Scene& s, Words w) { ShowAll(s, LookAt(s.Top()).at(w.rest)); }}},
     {"images", {[](Scene& s, Words w) { TellImages(s, dynamic_cast<const TreeView&>(s.Named(w)).Roots()); }}},

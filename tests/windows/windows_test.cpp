@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <QLineEdit>
+#include <QWidget>
 #include <algorithm>
 #include <chrono>
 #include <memory>
@@ -17,6 +18,10 @@
 
 namespace Morvane {
 namespace {
+
+using testing::_;
+using testing::ElementsAre;
+using testing::Pair;
 
 // The first text of each column.
 std::vector<std::string> ColumnStarts(const DrawingList& drawing) {
@@ -62,6 +67,23 @@ TEST_F(ContentsWindow, ColumnsBreakAsOnPaperAtAnyFontSizeInWindowsOfAnySizeOnAny
       }
     }
   }
+}
+
+TEST_F(ContentsWindow, SheetThatFailsIsToldOnceForEachCause) {
+  for (const char* const cause : {"Una", "Altra"}) {
+    machine.Device.BeforeCall = [=](const std::string&, ErrorNumber number) {
+      throw RuntimeError(number, cause);
+    };
+    for (const int option : {1, 2}) Hand::Press(window.Option1[static_cast<std::size_t>(option)]);
+  }
+  EXPECT_THAT(hand.windows.Read, ElementsAre(Pair(_, "Una"), Pair(_, "Altra")));
+}
+
+// Made too small by its edge, on a screen with room for it.
+TEST_F(ContentsWindow, SnapsBackWithItsWholeContent) {
+  Hand::Resize(window.form, 3000, 2000);
+  EXPECT_EQ(Hand::See(window.form).size(), QSize(550, 450));
+  EXPECT_EQ(Hand::See(window.Picture1).visibleRegion().boundingRect(), QRect(0, 0, 292, 413));
 }
 
 TEST(CleanText, BlanksLineBreaksInTheCallersOwnText) {

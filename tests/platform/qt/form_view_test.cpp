@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QScrollArea>
 #include <QTest>
 #include <QTimer>
 
@@ -92,6 +93,21 @@ TEST_F(FormViewTest, PicturesAreSharpAgainOnceTheSizeStays) {
   draw(3000);
   EXPECT_NE(seen(), large);
   EXPECT_TRUE(QTest::qWaitFor([&] { return seen() == large; }));
+}
+
+TEST_F(FormViewTest, WindowThatInsistsOnMoreThanTheScreenHasScrollsToItsEnds) {
+  Form large(
+      {.name = "Large", .caption = "Prova", .clientWidth = 60000, .clientHeight = 54000, .resizable = true});
+  large.Resize = [&] { large.SetSize(large.Width(), 54000); };
+  windows.ShowMain(large);
+  QApplication::processEvents();
+  QWidget* const window = QApplication::activeWindow();
+  window->resize(3000, 2000);  // by hand
+  QApplication::processEvents();
+  EXPECT_EQ(window->size(), QSize(3000, 2000));
+  auto& content = *window->findChild<QScrollArea*>();
+  content.ensureVisible(4000, 3600, 0, 0);
+  EXPECT_TRUE(content.widget()->visibleRegion().contains(QPoint(3999, 3599)));
 }
 
 TEST_F(FormViewTest, TimerTicksWhileItRunsAndNotWithinATick) {

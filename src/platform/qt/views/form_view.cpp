@@ -1,13 +1,16 @@
 #include "platform/qt/views/form_view.h"
 
 #include <QGuiApplication>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "platform/qt/desktop/qt_screen.h"
 #include "platform/qt/pictures/artwork.h"
@@ -33,7 +36,8 @@ FormView::FormView(Form& model, FormRole role, const ViewContext& context)
       context_(context),
       window_(nullptr, FlagsFor(model, role)),
       layout_(&window_),
-      scroll_(&window_) {
+      scroll_(&window_),
+      designedWidth_(ToPixels(model.ClientWidth())) {
   window_.setObjectName(QString::fromStdString(model.Name()));
   window_.installEventFilter(this);
   client_.installEventFilter(this);
@@ -43,7 +47,6 @@ FormView::FormView(Form& model, FormRole role, const ViewContext& context)
   scroll_.setFrameShape(QFrame::NoFrame);
   scroll_.setFocusPolicy(Qt::NoFocus);
   scroll_.setWidget(&client_);
-  scroll_.setWidgetResizable(model.Resizable());
   if (role_ == FormRole::Modal) window_.setWindowModality(Qt::ApplicationModal);
   BuildMenuBar();
   BuildViews(model_, client_);
@@ -106,25 +109,62 @@ void FormView::MirrorIcon() {
 }
 
 void FormView::MirrorGeometry() {
-  const QSize client(ToPixels(model_.ClientWidth()), ToPixels(model_.ClientHeight()));
-  FitScreen(client);
+  if (following_) return;
+  FitScreen(ClientSize());
   window_.move(Desk().topLeft() + QPoint(ToPixels(model_.Left()), ToPixels(model_.Top())));
 }
 
 // A window larger than the screen scrolls.
 void FormView::FitScreen(QSize client) {
+  client_.resize(client);
+  if (window_.isMaximized()) return;
   const int menuHeight = model_.MenuBar.empty() ? 0 : menuBar_.heightForWidth(client.width());
   const QSize whole = client + QSize(0, menuHeight);
-  const QSize available = Desk().size();
-  if (model_.Resizable()) {
-    if (!window_.isMaximized()) window_.resize(whole.boundedTo(available));
-    return;
-  }
-  client_.resize(client);
-  const int bar = window_.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  const QSize available = RoomOnScreen();
+  const int bar = ScrollBarWidth();
   const bool tooWide = whole.width() > available.width();
   const bool tooHigh = whole.height() > available.height();
-  window_.setFixedSize((whole + QSize(tooHigh ? bar : 0, tooWide ? bar : 0)).boundedTo(available));
+  const QSize size = (whole + QSize(tooHigh ? bar : 0, tooWide ? bar : 0)).boundedTo(available);
+  model_.Resizable() ? window_.resize(size) : window_.setFixedSize(size);
+}
+
+QSize FormView::ClientSize() const {
+  return {ToPixels(model_.ClientWidth()), ToPixels(model_.ClientHeight())};
+}
+
+// For a window, without the title bar that it gets.
+QSize FormView::RoomOnScreen() const {
+  return Desk().size() - QSize(0, window_.style()->pixelMetric(QStyle::PM_TitleBarHeight));
+}
+
+int FormView::ScrollBarWidth() const {
+  return window_.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+}
+
+// The form takes the size of its window. Where it insists on more the window grows, as far as the screen has
+// room, and else scrolls.
+void FormView::FollowWindow() {
+  if (!model_.Resizable() || following_) return;
+  const QScopedValueRollback<bool> following(following_, true);
+  QSize room = scroll_.maximumViewportSize();
+  const QSize spare = window_.isMaximized() ? QSize(0, 0) : RoomOnScreen() - window_.size();
+  OfferSize(room);
+  if (ClientSize().height() - room.height() > std::max(0, spare.height())) {
+    room.rwidth() -= ScrollBarWidth();
+    OfferSize(room);
+  }
+  client_.resize(ClientSize());
+  const QSize lack = (ClientSize() - room).expandedTo({0, 0});
+  window_.resize(window_.size() + QSize(lack.width() <= spare.width() ? lack.width() : 0,
+                                        lack.height() <= spare.height() ? lack.height() : 0));
+}
+
+// Forms follow the height that there is. In width none gets less than it was made for where that is for want
+// of a wider screen.
+void FormView::OfferSize(QSize room) {
+  if (Desk().width() < designedWidth_) room.setWidth(std::max(room.width(), designedWidth_));
+  if (room == ClientSize()) return;
+  context_.windows.Dispatch([&] { model_.UserResized(ToTwips(room.width()), ToTwips(room.height())); });
 }
 
 void FormView::Show(QWidget* above) {
@@ -163,6 +203,7 @@ void FormView::Activate() {
 bool FormView::eventFilter(QObject* watched, QEvent* event) {
   if (watched == &client_) return ClientEvent(*event);
   if (watched == &window_) return WindowEvent(*event);
+  if (event->type() == QEvent::Paint) uncovered_ = static_cast<const QPaintEvent&>(*event).region();
   if (event->type() == QEvent::Expose) Exposed();
   return false;
 }
@@ -176,6 +217,9 @@ bool FormView::WindowEvent(QEvent& event) {
     case QEvent::Move:
       Moved();
       return false;
+    case QEvent::Resize:
+      FollowWindow();
+      return false;
     case QEvent::WindowStateChange:
       WindowStateChanged();
       return false;
@@ -188,14 +232,6 @@ bool FormView::WindowEvent(QEvent& event) {
 
 bool FormView::ClientEvent(QEvent& event) {
   switch (event.type()) {
-    case QEvent::Resize:
-      if (!model_.Resizable() ||
-          client_.size() == QSize(ToPixels(model_.ClientWidth()), ToPixels(model_.ClientHeight()))) {
-        return false;
-      }
-      context_.windows.Dispatch(
-          [this] { model_.UserResized(ToTwips(client_.width()), ToTwips(client_.height())); });
-      return false;
     case QEvent::MouseMove: {
       const QPointF place = static_cast<const QMouseEvent&>(event).position();
       context_.windows.Dispatch([&] { model_.PerformMouseMove(ToTwips(place.x()), ToTwips(place.y())); });
@@ -222,7 +258,8 @@ void FormView::PaintBackground() {
 // handler that sets controls would else set them back whenever the user changed one. The program's first
 // window is on the screen before its icon has been drawn in all its sizes.
 void FormView::Exposed() {
-  if (!window_.windowHandle()->isExposed()) return;
+  const QRegion uncovered = std::exchange(uncovered_, {}).translated(window_.geometry().topLeft());
+  if (!window_.windowHandle()->isExposed() || lastToolTip_.Held(uncovered)) return;
   if (window_.windowIcon().isNull()) QTimer::singleShot(0, &window_, [this] { MirrorIcon(); });
   context_.windows.Dispatch([this] { model_.PerformPaint(); });
 }

@@ -14,6 +14,7 @@
 #include "platform/controls/form.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/qt/views/control_view.h"
+#include "platform/qt/views/last_tool_tip.h"
 #include "platform/qt/views/menu_builder.h"
 
 namespace Morvane {
@@ -48,6 +49,11 @@ class FormView : public QObject {
   void MirrorIcon();
   void MirrorGeometry();
   void FitScreen(QSize client);
+  QSize ClientSize() const;
+  QSize RoomOnScreen() const;
+  int ScrollBarWidth() const;
+  void FollowWindow();
+  void OfferSize(QSize room);
   bool WindowEvent(QEvent& event);
   bool ClientEvent(QEvent& event);
   void PaintBackground();
@@ -66,9 +72,13 @@ class FormView : public QObject {
   QMenuBar menuBar_;
   QScrollArea scroll_;
   QWidget client_;
+  const int designedWidth_;
+  bool following_ = false;  // the window as the user resizes it
   MenuActions menuActions_;
   std::vector<std::unique_ptr<ControlView>> views_;
   QPixmap background_;
+  QRegion uncovered_;  // told just before the window is exposed
+  const LastToolTip lastToolTip_;
   bool stale_ = false;
 };
 
