@@ -9,8 +9,7 @@
 namespace Morvane {
 
 // Between the millimetres of files and text boxes and the units of the cover tables. The order of the
-// operations is part of the result: 25 mm must come back as 25 after 15 digits, from every version of the
-// program.
+// operations is part of the result: 25 mm must come back as 25 after 15 digits.
 
 // Width and height.
 constexpr double CmFromMm(double mm) {

@@ -126,8 +126,8 @@ void Dialog::ConnectList() {
   List1.SetSorted(true);
   List1.Click = [this] { List1_Click(); };
   List1.DblClick = [this] { List1_DblClick(); };
+  List1.KeyDown = [this](int keyCode) { List1_KeyDown(keyCode); };
   OKButton.Click = [this] { OKButton_Click(); };
-  OKButton.SetDefault(true);
   CancelButton.Click = [this] { CancelButton_Click(); };
   CancelButton.SetCancel(true);
   Picture1.MouseDown = [this](MouseButton button, double x, double y) { Picture1_MouseDown(button, x, y); };
@@ -206,6 +206,12 @@ void Dialog::FillList() {
 
 void Dialog::OKButton_Click() {
   form.UnloadForm();
+}
+
+// In the list alone: elsewhere Enter would close the window over what was not saved.
+void Dialog::List1_KeyDown(int keyCode) {
+  if (keyCode == kKeyEnter) OKButton_Click();
+  if (keyCode == kKeyEscape) CancelButton_Click();
 }
 
 void Dialog::CancelButton_Click() {

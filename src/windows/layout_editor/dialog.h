@@ -87,6 +87,7 @@ class Dialog : private LayoutObserver {
   void List1_Click();
   void OKButton_Click();
   void List1_DblClick() { OKButton_Click(); }
+  void List1_KeyDown(int keyCode);
   void CancelButton_Click();
   void settacop(const std::string& a);
   int FindEntry(const std::string& name) const;
@@ -117,7 +118,7 @@ class Dialog : private LayoutObserver {
   void Command15_Click();
   double StoredValue(const MeasureRow& row) const;
   double& CellOnShow(const MeasureRow& row);
-  void ShowMillimetres(const MeasureRow& row, double mm);
+  std::string StoredText(const MeasureRow& row);
   void MarkModified();
 
   // Files.

@@ -63,13 +63,15 @@ void Dialog::StepUp(const MeasureRow& row) {
 
 // What is stored is what the box shows: with a decimal comma a fraction is lost here.
 void Dialog::TakeStep(const MeasureRow& row, double mm) {
-  ShowMillimetres(row, mm);
+  (this->*row.box).SetText(NumberToText(mm, state_.decimalSeparator));
   CellOnShow(row) = StoredValue(row);
   ripitta();
 }
 
 void Dialog::Text_LostFocus(const MeasureRow& row) {
-  if (state_.CopCorrente == 0) return;
+  // The text that shows what is stored stands for it: another number may be computed from it, in the last bit
+  // or for a decimal comma.
+  if (state_.CopCorrente == 0 || (this->*row.box).Text() == StoredText(row)) return;
   const double value = StoredValue(row);
   if (value != CellOnShow(row)) MarkModified();
   CellOnShow(row) = value;
@@ -138,8 +140,8 @@ double& Dialog::CellOnShow(const MeasureRow& row) {
   return (state_.*row.measure.table)[static_cast<std::size_t>(state_.CopCorrente)];
 }
 
-void Dialog::ShowMillimetres(const MeasureRow& row, double mm) {
-  (this->*row.box).SetText(NumberToText(mm, state_.decimalSeparator));
+std::string Dialog::StoredText(const MeasureRow& row) {
+  return NumberToText(row.measure.mm(CellOnShow(row)), state_.decimalSeparator);
 }
 
 void Dialog::MarkModified() {

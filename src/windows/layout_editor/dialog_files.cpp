@@ -99,14 +99,15 @@ void Dialog::Command1_Click() {
 bool Dialog::TakeFileName(const std::string& prompt, const std::string& defaultName) {
   const std::string name = platform_.windows.InputBox(prompt, {}, defaultName);
   if (name.empty()) return false;
-  const bool exists = platform_.files.FileExists(PathOf(name));
+  bool exists = false;
+  ResumeNext([&] { exists = platform_.files.FileExists(PathOf(name)); });
   if (exists && platform_.windows.MsgBox(
                     "Attenzione: La copertina '" + name + "' Esiste già, vuoi sovrascrivere il file?",
                     MsgBoxButtons::OkCancel) != MsgBoxAnswer::Ok) {
     return false;
   }
   state_.NomeLayout = name;
-  if (!exists) List1.AddItem(name);
+  if (!exists && FindEntry(name) < 0) List1.AddItem(name);
   return true;
 }
 

@@ -43,7 +43,7 @@ void Dialog::RiOggetta() {
   Label4.SetCaption("Ogg." + TwoDigits(state_.CopCorrente));
   const auto n = static_cast<std::size_t>(state_.CopCorrente);
   (state_.CopForma[n].value_or(0) == 0 ? Option3 : Option4).SetValue(true);
-  for (const MeasureRow& row : kMeasureRows) ShowMillimetres(row, row.measure.mm(CellOnShow(row)));
+  for (const MeasureRow& row : kMeasureRows) (this->*row.box).SetText(StoredText(row));
 }
 
 void Dialog::ShowCover(int n) {
