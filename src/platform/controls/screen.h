@@ -41,4 +41,18 @@ class Screen {
   std::string mouseIcon_;
 };
 
+// Shows that the program is at work, until the end of a scope.
+class BusyPointer {
+ public:
+  explicit BusyPointer(Screen& screen, MousePointer pointer = MousePointer::Hourglass) : screen_(screen) {
+    screen_.SetMousePointer(pointer);
+  }
+  ~BusyPointer() { screen_.SetMousePointer(MousePointer::Default); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+
+ private:
+  Screen& screen_;
+};
+
 }  // namespace Morvane

@@ -120,7 +120,7 @@ void Leggifile(AppState& state, Platform& platform, Listing& List1) {
       .pointer = [&](MousePointer pointer) { platform.screen.SetMousePointer(pointer); }};
   try {
     FindSubFolders(fold, state, platform.files, reports, List1);
-  } catch (const RuntimeError&) {
+  } catch (...) {
     platform.screen.SetMousePointer(MousePointer::Default);
     throw;
   }

@@ -112,7 +112,6 @@ void FrmPreview::Form_Activate() {
 }
 
 void FrmPreview::Form_Resize() {
-  // Two columns are what any size of the window has room for.
   state_.ElencoColonne = kFewestColumns;
   Form_Load();
   form.SetSize(std::max(form.Width(), kSmallestWidth), std::max(form.Height(), kSmallestHeight));
@@ -128,10 +127,10 @@ void FrmPreview::AggiornaAnteprima() {
     // fraction, or a column here and there breaks elsewhere.
     const double ratio = sheet.Height() / kTwipsPerMillimetre / sheet.ScaleHeight();
     PrintRoutineAAAA(sheet, ratio, state_, {List1, Text1.Text(), Check1.Value() == 1});
-    redrawFailed_ = false;
-  } catch (const RuntimeError&) {
+    redrawFailure_.clear();
+  } catch (const RuntimeError& error) {
     // Each keystroke in a title that is too long fails again; the user is told once and can shorten it.
-    if (!std::exchange(redrawFailed_, true)) throw;
+    if (std::exchange(redrawFailure_, error.what()) != error.what()) throw;
   }
 }
 
@@ -156,7 +155,7 @@ void FrmPreview::Command3_Click() {
   try {
     // After a cancel the sheet goes to the current printer.
     const PrintDialogAnswer answer = printer.ShowDialog({.restricted = false});
-    platform_.screen.SetMousePointer(MousePointer::Hourglass);
+    const BusyPointer busy(platform_.screen);
     printer.JobTitle = Text1.Text().empty() ? platform_.app.title : Text1.Text();
     const int copies = answer.accepted ? answer.copies : 1;
     for (int copy = 1; copy <= copies; ++copy) {
@@ -164,9 +163,7 @@ void FrmPreview::Command3_Click() {
       PrintRoutineAAAA(printer.Surface(), 1.0, state_, {List1, Text1.Text(), Check1.Value() == 1});
       printer.EndDoc();
     }
-    platform_.screen.SetMousePointer(MousePointer::Default);
-  } catch (const RuntimeError&) {
-    platform_.screen.SetMousePointer(MousePointer::Default);
+  } catch (...) {
     printer.Surface().Cls();
     throw;
   }

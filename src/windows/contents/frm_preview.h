@@ -44,7 +44,7 @@ class FrmPreview {
   ImageBox Picture2{form, "Picture2"};
   Listing List1;  // no control: nobody ever sees it
 
-  // Redraws the sheet. RuntimeError, once until a redraw succeeds again, when the surface refuses something.
+  // Redraws the sheet. RuntimeError when something refuses it: the same one once until a redraw succeeds.
   void AggiornaAnteprima();
 
  private:
@@ -69,7 +69,7 @@ class FrmPreview {
   AppState& state_;
   Platform& platform_;
   FrmPreviewHooks hooks_;
-  bool redrawFailed_ = false;
+  std::string redrawFailure_;  // told last
 };
 
 }  // namespace Morvane

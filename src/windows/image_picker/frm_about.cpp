@@ -116,11 +116,10 @@ void frmAbout::tvwdirtree_Expand(TreeNode& node) {
 
 // On a slow disk the folders stand there before each was looked into; those get their buttons one by one.
 void frmAbout::ReadFolders(const TreeNode& node) {
-  platform_.screen.SetMousePointer(MousePointer::ArrowHourglass);
+  const BusyPointer busy(platform_.screen, MousePointer::ArrowHourglass);
   tvwdirtree.SetRedraw(false);
   AddSubFolders(tvwdirtree, node.Key(), platform_.files, unread_);
   TimerCartelle_Tick();
-  ResetPointer();
 }
 
 void frmAbout::TimerCartelle_Tick() {
@@ -153,19 +152,16 @@ void frmAbout::tvwdirtree_Click() {
 void frmAbout::Command4_Click() {
   state_.CartellaImmagini = FolderOfLabel();
   if (!state_.CartellaImmagini.ends_with('\\')) state_.CartellaImmagini += '\\';
-  platform_.screen.SetMousePointer(MousePointer::Hourglass);
-  listing_ = true;
+  const BusyPointer busy(platform_.screen);
   CaricaListaImmagini(state_, platform_.files, List1, Label17);
-  listing_ = false;
-  ResetPointer();
+  if (TimerAnteprima.Running()) TimerAnteprima_Tick();
 }
 
 // Keys may come faster than pictures can be loaded: the row is chosen at once, its preview follows when no
 // other key waits.
 void frmAbout::List1_Click() {
   state_.ImmagineScelta = state_.CartellaImmagini + List1.Text();
-  TimerAnteprima.SetRunning(!listing_);
-  if (listing_) TimerAnteprima_Tick();
+  TimerAnteprima.SetRunning(true);
 }
 
 void frmAbout::TimerAnteprima_Tick() {
@@ -174,14 +170,13 @@ void frmAbout::TimerAnteprima_Tick() {
   Image1.SetStretch(false);
   // A file that can't be decoded leaves the picture before it in view, and is chosen all the same.
   ResumeNext([&] { Image1.SetPicture(platform_.pictures.LoadPicture(state_.ImmagineScelta)); });
-  platform_.screen.SetMousePointer(MousePointer::Hourglass);
+  const BusyPointer busy(platform_.screen);
   const PreviewSize size = ScaleToPreview(Image1.Width(), Image1.Height(), platform_.screen.TwipsPerPixelX,
                                           platform_.screen.TwipsPerPixelY);
   Image1.SetStretch(true);
   Image1.SetHeight(size.height);
   Image1.SetWidth(size.width);
   Image1.SetVisible(true);
-  ResetPointer();
 }
 
 void frmAbout::List1_KeyDown(int keyCode) {

@@ -65,7 +65,6 @@ class frmAbout {
   Platform& platform_;
   std::function<void()> loadContentsWindow_;
   std::deque<UnreadFolder> unread_;
-  bool listing_ = false;
 };
 
 }  // namespace Morvane

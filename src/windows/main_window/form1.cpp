@@ -114,7 +114,7 @@ void Form1::Form_Activate() {
 
 void Form1::PrendiCOP() {
   try {
-    if (ReadCurrentLayout(state_, platform_.files, handles_)) unreadableLayout_.clear();
+    if (ReadCurrentLayout(state_, platform_.files, handles_)) unreadableLayout_.reset();
   } catch (const RuntimeError& error) {
     // Each activation reads the file again; the user is told once.
     if (std::exchange(unreadableLayout_, state_.NomeLayout) != state_.NomeLayout) {
@@ -178,9 +178,11 @@ void Form1::Back() {
 }
 
 void Form1::Picture1_MouseDown(MouseButton button, double x, double y) {
-  // Where covers overlap, the picker opens once for each of them, in order.
+  // Where covers overlap, the picker opens once for each of them, in order, whatever the others' pictures
+  // are.
   for (int n = 1; n <= state_.NumCopertine; ++n) {
-    if (CoverHolds(state_, n, x, y) && button == MouseButton::Left) Imma(n - 1);
+    if (CoverHolds(state_, n, x, y) && button == MouseButton::Left)
+      platform_.windows.Dispatch([&] { Imma(n - 1); });
   }
 }
 

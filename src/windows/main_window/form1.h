@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -83,8 +84,8 @@ class Form1 {
   CoverSlots& slots_;
   WindowOpeners openers_;
   LayoutHandles handles_;
-  int marked_ = 0;                // the cover that a dragged picture would fall into; 0 for none
-  std::string unreadableLayout_;  // the layout whose reading failed last, so that it is told once
+  int marked_ = 0;  // the cover that a dragged picture would fall into; 0 for none
+  std::optional<std::string> unreadableLayout_;  // whose reading failed last, so that it is told once
 };
 
 }  // namespace Morvane
