@@ -15,7 +15,6 @@
 #include <cstdlib>
 #include <future>
 #include <memory>
-#include <utility>
 
 #include "platform/files/app_folder.h"
 #include "platform/files/file_system.h"
@@ -25,7 +24,6 @@
 #include "platform/qt/desktop/qt_window_system.h"
 #include "platform/qt/painting/qt_font_catalog.h"
 #include "platform/qt/painting/qt_text_metrics.h"
-#include "platform/qt/pictures/artwork.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "platform/qt/printing/qt_printers.h"
 #include "platform/qt/views/program_style.h"
@@ -111,17 +109,9 @@ int main(int argc, char** argv) {
   Platform platform{windows, screen, files, pictures, metrics, fonts, printer, launcher, http, app};
 
   Program program(platform, DecimalSeparator());
-  // Drawing the icon of the boxes in all its sizes and asking for the printers take their time; the page is
-  // on the screen first, as A4. A sheet that a print dialog brings is drawn when the print command has ended.
+  // A sheet that a print dialog brings is drawn when the print command has ended.
   device.OnSheetChanged = [&] { windows.Post([&] { program.form1.Ridisegna(); }); };
   device.OnComplaint = [&](const std::string& text) { windows.Post([&, text] { windows.MsgBox(text); }); };
-  program.form1.form.Paint = [&, asked = false]() mutable {
-    if (std::exchange(asked, true)) return;
-    QTimer::singleShot(kAfterFirstPage, &application, [&] {
-      QApplication::setWindowIcon(ArtworkIcon("morvane"));
-      device.Prepare();
-    });
-  };
   if (!folder.problem.empty()) {
     windows.Post([&] {
       windows.MsgBox(
@@ -131,5 +121,7 @@ int main(int argc, char** argv) {
     });
   }
   program.Start();
+  // Asking for the printers takes its time; the page is on the screen first, as A4.
+  QTimer::singleShot(kAfterFirstPage, &application, [&] { device.Prepare(); });
   return windows.Ended() ? EXIT_SUCCESS : QApplication::exec();
 }

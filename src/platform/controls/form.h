@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,14 +14,14 @@
 namespace Morvane {
 
 // One window as designed: measures of its client area in twips. `frameHeight` is what the window's Height
-// counts beyond the client area (title bar, menu bar), the same on every desktop, so that no layout depends
-// on one.
+// counts beyond the client area (title bar, and menu bar where there is one), the same on every desktop, so
+// that no layout depends on one.
 struct FormRow {
   std::string_view name;
   std::string_view caption;
   double clientWidth = 0;
   double clientHeight = 0;
-  double frameHeight = 0;
+  double frameHeight = 375;
   bool resizable = false;
   std::string_view backgroundKey = {};  // artwork behind the controls
 };
@@ -88,7 +89,8 @@ class Form : public Container {
   void Hide();
   void UnloadForm();
 
-  // For the window system and the view.
+  // For the window system and the view, which the form owns: made when it is first shown, gone with it.
+  std::shared_ptr<void> View;
   void BeginShow();
   void UserMoved(double left, double top);
   void UserResized(double clientWidth, double clientHeight);

@@ -18,6 +18,7 @@ constexpr FormRow kWindow = {.name = "FrmPreview",
                              .caption = "Morvane - Contenuto CD Dati Generico",
                              .clientWidth = 8400,
                              .clientHeight = 6765,
+                             .frameHeight = 0,  // its measures are those of the inside
                              .resizable = true};
 
 // clang-format off

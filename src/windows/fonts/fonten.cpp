@@ -11,11 +11,8 @@ namespace Morvane {
 
 namespace {
 
-constexpr FormRow kWindow = {.name = "fONTEN",
-                             .caption = "Scelta carattere",
-                             .clientWidth = 6405,
-                             .clientHeight = 5370,
-                             .frameHeight = 375};
+constexpr FormRow kWindow = {
+    .name = "fONTEN", .caption = "Scelta carattere", .clientWidth = 6405, .clientHeight = 5370};
 
 // clang-format off
 // name, caption, tool-tip, left, top, width, height, spoken name

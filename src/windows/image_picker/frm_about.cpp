@@ -14,11 +14,8 @@ namespace Morvane {
 
 namespace {
 
-constexpr FormRow kWindow{.name = "frmAbout",
-                          .caption = "Morvane - Scelta immagine",
-                          .clientWidth = 8850,
-                          .clientHeight = 6435,
-                          .frameHeight = 375};
+constexpr FormRow kWindow{
+    .name = "frmAbout", .caption = "Morvane - Scelta immagine", .clientWidth = 8850, .clientHeight = 6435};
 
 // name, caption, tool-tip, left, top, width, height, spoken name
 constexpr std::array kControls = {

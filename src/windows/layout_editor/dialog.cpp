@@ -11,11 +11,8 @@ namespace Morvane {
 
 namespace {
 
-constexpr FormRow kWindow{.name = "Dialog",
-                          .caption = "Apertura file copertine",
-                          .clientWidth = 8280,
-                          .clientHeight = 6420,
-                          .frameHeight = 375};
+constexpr FormRow kWindow{
+    .name = "Dialog", .caption = "Apertura file copertine", .clientWidth = 8280, .clientHeight = 6420};
 
 // name, caption, tool-tip, left, top, width, height, spoken name. The height of List1 is also the long side
 // of the sheet in the preview.

@@ -13,7 +13,6 @@ constexpr FormRow kWindow = {.name = "Form2",
                              .caption = "PDF Creator Freeware",
                              .clientWidth = 7035,
                              .clientHeight = 8265,
-                             .frameHeight = 375,
                              .backgroundKey = "form2_sfondo"};
 
 // name, caption, tool-tip, left, top, width, height, spoken name

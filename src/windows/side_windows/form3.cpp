@@ -11,7 +11,7 @@ namespace Morvane {
 namespace {
 
 constexpr FormRow kWindow = {
-    .name = "Form3", .caption = "Morvane", .clientWidth = 7185, .clientHeight = 7110, .frameHeight = 375};
+    .name = "Form3", .caption = "Morvane", .clientWidth = 7185, .clientHeight = 7110};
 
 // name, caption, tool-tip, left, top, width, height, spoken name
 constexpr std::array kControls = {

@@ -10,11 +10,8 @@ namespace Morvane {
 
 namespace {
 
-constexpr FormRow kWindow = {.name = "Form4",
-                             .caption = "Ricerca Copertine su Internet",
-                             .clientWidth = 5745,
-                             .clientHeight = 4125,
-                             .frameHeight = 375};
+constexpr FormRow kWindow = {
+    .name = "Form4", .caption = "Ricerca Copertine su Internet", .clientWidth = 5745, .clientHeight = 4125};
 
 // name, caption, tool-tip, left, top, width, height, spoken name
 constexpr std::array kControls = {

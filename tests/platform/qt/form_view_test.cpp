@@ -96,8 +96,12 @@ TEST_F(FormViewTest, PicturesAreSharpAgainOnceTheSizeStays) {
 }
 
 TEST_F(FormViewTest, WindowThatInsistsOnMoreThanTheScreenHasScrollsToItsEnds) {
-  Form large(
-      {.name = "Large", .caption = "Prova", .clientWidth = 60000, .clientHeight = 54000, .resizable = true});
+  Form large({.name = "Large",
+              .caption = "Prova",
+              .clientWidth = 60000,
+              .clientHeight = 54000,
+              .frameHeight = 0,
+              .resizable = true});
   large.Resize = [&] { large.SetSize(large.Width(), 54000); };
   windows.ShowMain(large);
   QApplication::processEvents();

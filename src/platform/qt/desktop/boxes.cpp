@@ -9,8 +9,6 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "platform/qt/pictures/artwork.h"
-
 namespace Morvane {
 namespace {
 
@@ -51,7 +49,6 @@ void NameButtons(QDialogButtonBox& buttons) {
 MsgBoxAnswer ShowMessage(QWidget* parent, const std::string& text, MsgBoxButtons buttons,
                          const std::string& title) {
   QMessageBox box(parent);
-  if (box.windowIcon().isNull()) box.setWindowIcon(ArtworkIcon("morvane"));  // before the first window
   box.setTextFormat(Qt::PlainText);
   box.setText(QString::fromStdString(text));
   box.setWindowTitle(QString::fromStdString(title));

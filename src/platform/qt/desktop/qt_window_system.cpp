@@ -6,9 +6,10 @@
 #include <QMenu>
 #include <QMetaObject>
 #include <QWindow>
-#include <algorithm>
+#include <memory>
 
 #include "platform/qt/desktop/boxes.h"
+#include "platform/qt/pictures/artwork.h"
 
 namespace Morvane {
 namespace {
@@ -19,6 +20,7 @@ constexpr const char* kProgramTitle = "Morvane";
 
 QtWindowSystem::QtWindowSystem(FileSystem& files) : files_(files) {
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(ArtworkIcon("morvane"));
   QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &events_,
                    [this](Qt::ApplicationState state) { FollowApplication(state); });
   QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &events_, [this] {
@@ -29,24 +31,13 @@ QtWindowSystem::QtWindowSystem(FileSystem& files) : files_(files) {
 QtWindowSystem::~QtWindowSystem() = default;
 
 FormView& QtWindowSystem::ViewOf(Form& form, FormRole role) {
-  DropStale();
-  std::unique_ptr<FormView>& view = views_[&form];
-  if (!view) view = std::make_unique<FormView>(form, role, ViewContext{*this, painted_});
-  return *view;
-}
-
-// A window that was unloaded while it was hidden, or has just ended its run.
-void QtWindowSystem::DropStale() {
-  std::erase_if(views_, [this](const auto& entry) {
-    const FormView* const view = entry.second.get();
-    return view->Stale() && std::find(running_.begin(), running_.end(), view) == running_.end();
-  });
+  if (!form.View) form.View = std::make_shared<FormView>(form, role, ViewContext{*this, painted_});
+  return *static_cast<FormView*>(form.View.get());
 }
 
 QWidget* QtWindowSystem::WindowOnTop() {
   if (QWidget* const active = QApplication::activeWindow()) return active;
-  const auto found = views_.find(TopForm());
-  return found == views_.end() ? nullptr : &found->second->Window();
+  return running_.empty() ? nullptr : &running_.back()->Window();
 }
 
 void QtWindowSystem::ShowFirst(Form& form) {
@@ -66,7 +57,7 @@ void QtWindowSystem::RunModal(Form& form) {
   view.OnHidden = nullptr;
   running_.pop_back();
   leftToOther_ = false;
-  DropStale();
+  if (form.Unloaded()) form.View.reset();
   if (below != nullptr && !Ended()) below->Activate();
 }
 
@@ -81,7 +72,7 @@ void QtWindowSystem::WakeUp() {
 
 // Every loop ends, those of the boxes too, without asking the windows.
 void QtWindowSystem::Quit() {
-  for (const auto& [form, view] : views_) view->Window().hide();
+  for (FormView* const view : running_) view->Window().hide();
   QCoreApplication::exit(0);
 }
 
@@ -92,11 +83,10 @@ void QtWindowSystem::FollowApplication(Qt::ApplicationState state) {
 
 // The user comes back from another program: to the window at once, to a box over it when the box is answered.
 void QtWindowSystem::ActivateAfterOther() {
-  if (!leftToOther_) return;
-  const auto top = views_.find(TopForm());
-  if (top == views_.end() || QGuiApplication::applicationState() != Qt::ApplicationActive) return;
+  if (!leftToOther_ || running_.empty() || QGuiApplication::applicationState() != Qt::ApplicationActive)
+    return;
   const QWidget* const box = QApplication::activeModalWidget();
-  if (box != nullptr && box != &top->second->Window()) return;
+  if (box != nullptr && box != &running_.back()->Window()) return;
   leftToOther_ = false;
   Dispatch([this] { TopForm()->PerformActivate(); });
 }

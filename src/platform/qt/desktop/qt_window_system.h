@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -39,14 +37,12 @@ class QtWindowSystem : public WindowSystem {
  private:
   FormView& ViewOf(Form& form, FormRole role);
   QWidget* WindowOnTop();
-  void DropStale();
   void FollowApplication(Qt::ApplicationState state);
   void ActivateAfterOther();
 
   FileSystem& files_;
   PaintCache painted_;
   QObject events_;  // receiver of the queued calls, which end with it
-  std::map<Form*, std::unique_ptr<FormView>> views_;
   std::vector<FormView*> running_;
   bool leftToOther_ = false;
 };

@@ -42,6 +42,8 @@ class ControlView : public QObject {
   void Attach();
 
  protected:
+  // What changes in the widget meanwhile comes from the control and is not fed back to it.
+  void Mirror(ViewChange change);
   virtual void MirrorGeometry();
   virtual void MirrorAppearance();
   virtual void MirrorContent() {}
@@ -63,7 +65,6 @@ class ControlView : public QObject {
   Control& Model() const { return model_; }
 
  private:
-  void Mirror(ViewChange change);
   void MirrorPalette(QWidget& widget) const;
   void MouseMoved(QWidget& part, const QMouseEvent& event);
 

@@ -7,7 +7,6 @@
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QStyle>
-#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 #include <utility>
@@ -93,7 +92,6 @@ void FormView::Mirror(ViewChange change) {
   if (change == ViewChange::Geometry) return MirrorGeometry();
   if (change == ViewChange::Content) return MirrorEnabled(menuActions_);
   MirrorAppearance();
-  if (model_.Unloaded()) stale_ = true;
   if (model_.Visible() || !window_.isVisible()) return;
   window_.hide();
   if (OnHidden) OnHidden();
@@ -101,10 +99,6 @@ void FormView::Mirror(ViewChange change) {
 
 void FormView::MirrorAppearance() {
   window_.setWindowTitle(QString::fromStdString(model_.Caption()));
-  if (role_ == FormRole::Modal || !window_.windowIcon().isNull()) MirrorIcon();
-}
-
-void FormView::MirrorIcon() {
   window_.setWindowIcon(ArtworkIcon(model_.IconKey()));
 }
 
@@ -255,12 +249,10 @@ void FormView::PaintBackground() {
 }
 
 // A window paints when the window system has uncovered some of it, not when the program changes a control: a
-// handler that sets controls would else set them back whenever the user changed one. The program's first
-// window is on the screen before its icon has been drawn in all its sizes.
+// handler that sets controls would else set them back whenever the user changed one.
 void FormView::Exposed() {
   const QRegion uncovered = std::exchange(uncovered_, {}).translated(window_.geometry().topLeft());
   if (!window_.windowHandle()->isExposed() || lastToolTip_.Held(uncovered)) return;
-  if (window_.windowIcon().isNull()) QTimer::singleShot(0, &window_, [this] { MirrorIcon(); });
   context_.windows.Dispatch([this] { model_.PerformPaint(); });
 }
 

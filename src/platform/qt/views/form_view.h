@@ -21,8 +21,8 @@ namespace Morvane {
 
 enum class FormRole { Main, Modal };
 
-// The window of a form, with the views of its controls. The destructor leaves the form alone: it may be gone
-// before its view.
+// The window of a form, with the views of its controls. The form owns it; the destructor leaves the controls
+// alone: they may be gone before.
 class FormView : public QObject {
  public:
   FormView(Form& model, FormRole role, const ViewContext& context);
@@ -34,8 +34,6 @@ class FormView : public QObject {
   QWidget& Window() { return window_; }
   void Show(QWidget* above);
   void Activate();
-  // The form has been unloaded; another may stand at its address.
-  bool Stale() const { return stale_; }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -46,7 +44,6 @@ class FormView : public QObject {
   void OrderTabs();
   void Mirror(ViewChange change);
   void MirrorAppearance();
-  void MirrorIcon();
   void MirrorGeometry();
   void FitScreen(QSize client);
   QSize ClientSize() const;
@@ -79,7 +76,6 @@ class FormView : public QObject {
   QPixmap background_;
   QRegion uncovered_;  // told just before the window is exposed
   const LastToolTip lastToolTip_;
-  bool stale_ = false;
 };
 
 }  // namespace Morvane

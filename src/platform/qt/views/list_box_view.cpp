@@ -31,7 +31,6 @@ class ListBoxView : public WidgetView<ListBox, OneSelected<QListView>> {
   QStringListModel rows_;
   QTimer refresh_;  // thousands of added rows are one change to the widget
   bool stale_ = false;
-  bool following_ = false;
   bool userSelects_ = false;
 };
 
@@ -42,7 +41,7 @@ ListBoxView::ListBoxView(ListBox& model, QWidget& parent, const ViewContext& con
   widget_.setEditTriggers(QAbstractItemView::NoEditTriggers);
   refresh_.setSingleShot(true);
   refresh_.setInterval(0);
-  connect(&refresh_, &QTimer::timeout, this, [this] { MirrorSelection(); });
+  connect(&refresh_, &QTimer::timeout, this, [this] { Mirror(ViewChange::Selection); });
   connect(widget_.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { FollowUser(); });
   Watch(*widget_.viewport());
 }
@@ -65,7 +64,6 @@ void ListBoxView::Refresh() {
 // The toolkit is in the middle of the user's selection while its handler runs: rows change after that.
 void ListBoxView::MirrorSelection() {
   if (userSelects_) return;
-  const QScopedValueRollback<bool> following(following_, true);
   if (stale_) Refresh();
   const QModelIndex selected = rows_.index(model_.ListIndex());
   if (selected.isValid()) {
@@ -79,7 +77,7 @@ void ListBoxView::MirrorSelection() {
 // none.
 void ListBoxView::FollowUser() {
   const QModelIndexList selected = widget_.selectionModel()->selectedIndexes();
-  if (following_ || selected.isEmpty() || selected.front().row() == model_.ListIndex()) return;
+  if (selected.isEmpty() || selected.front().row() == model_.ListIndex()) return;
   {
     const QScopedValueRollback<bool> selecting(userSelects_, true);
     Feed([&] { model_.UserSelects(selected.front().row()); });

@@ -4,7 +4,6 @@
 #include <QHeaderView>
 #include <QIcon>
 #include <QKeyEvent>
-#include <QScopedValueRollback>
 #include <QTimer>
 #include <QTreeView>
 #include <algorithm>
@@ -69,7 +68,6 @@ class NodeTreeView : public WidgetView<TreeView, OneSelected<QTreeView>> {
   std::set<const TreeNode*> open_;
   int nodesShown_ = 0;
   bool stale_ = false;
-  bool following_ = false;
   bool mouseDown_ = false;
 };
 
@@ -136,7 +134,7 @@ NodeTreeView::NodeTreeView(TreeView& model, QWidget& parent, const ViewContext& 
   widget_.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   refresh_.setSingleShot(true);
   refresh_.setInterval(0);
-  connect(&refresh_, &QTimer::timeout, this, [this] { MirrorSelection(); });
+  connect(&refresh_, &QTimer::timeout, this, [this] { Mirror(ViewChange::Selection); });
   connect(&widget_, &QTreeView::expanded, this, [this](const QModelIndex& at) { FollowExpansion(at, true); });
   connect(&widget_, &QTreeView::collapsed, this,
           [this](const QModelIndex& at) { FollowExpansion(at, false); });
@@ -160,7 +158,6 @@ void NodeTreeView::Refresh() {
 }
 
 void NodeTreeView::MirrorSelection() {
-  const QScopedValueRollback<bool> following(following_, true);
   if (stale_ || nodesShown_ != model_.NodeCount()) Refresh();
   MirrorOpenNodes(model_.Roots());
   const QModelIndex selected = nodes_.IndexOf(model_.Selected());
@@ -180,7 +177,6 @@ void NodeTreeView::MirrorOpenNodes(const std::vector<TreeNode*>& nodes) {
 }
 
 void NodeTreeView::FollowExpansion(const QModelIndex& index, bool open) {
-  if (following_) return;
   TreeNode* const node = TreeNodes::NodeAt(index);
   open ? static_cast<void>(open_.insert(node)) : static_cast<void>(open_.erase(node));
   Feed([&] { open ? model_.UserExpands(*node) : model_.UserCollapses(*node); });
@@ -189,7 +185,7 @@ void NodeTreeView::FollowExpansion(const QModelIndex& index, bool open) {
 // The keyboard moves the selection; of the mouse only a whole click counts.
 void NodeTreeView::FollowSelection() {
   const QModelIndexList selected = widget_.selectionModel()->selectedIndexes();
-  if (following_ || mouseDown_ || selected.isEmpty()) return;
+  if (mouseDown_ || selected.isEmpty()) return;
   Feed([&] { model_.UserClicks(*TreeNodes::NodeAt(selected.front())); });
 }
 
@@ -214,7 +210,7 @@ bool NodeTreeView::eventFilter(QObject* watched, QEvent* event) {
 bool NodeTreeView::MouseReleased(QWidget&, const QMouseEvent& event) {
   mouseDown_ = false;
   // A press that is let go elsewhere is no click: the selection goes back to where it was.
-  if (widget_.indexAt(event.position().toPoint()) != widget_.currentIndex()) MirrorSelection();
+  if (widget_.indexAt(event.position().toPoint()) != widget_.currentIndex()) Mirror(ViewChange::Selection);
   return false;
 }
 
