@@ -4,8 +4,10 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QBuffer>
+#include <QClipboard>
 #include <QDragEnterEvent>
 #include <QExposeEvent>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeySequence>
 #include <QMimeData>
@@ -420,6 +422,12 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     {"type", {[](Scene& s, Words w) {
        const Control& box = s.Named(w);
        Hand::Type(box, w.All());
+     }}},
+    {"paste", {[](Scene& s, Words w) {  // "\\t" is a tab
+       const Control& box = s.Named(w);
+       QGuiApplication::clipboard()->setText(QString::fromStdString(w.All()).replace("\\t", "\t"));
+       Hand::Type(box, "");
+       Hand::Key(QKeySequence::Paste);
      }}},
     // several are parted by commas
     {"key", {[](Scene&, Words w) { Hand::Key(w.rest); }}},

@@ -1,5 +1,6 @@
 #include "windows/side_windows/form4.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -30,8 +31,11 @@ constexpr std::array kControls = {
 
 constexpr std::array kKinds = {"AUDIO", "VIDEO", "PC", "CONSOLE"};
 
-// Nothing of the term is escaped, so that the user's words reach the site as typed.
-std::string SearchAddress(const std::string& terms, const std::string& kind) {
+// Nothing of the term is escaped, so that the user's words reach the site as typed. An address with what a
+// pasted text may hold besides words, such as a tab, opens no browser.
+std::string SearchAddress(std::string terms, const std::string& kind) {
+  std::replace_if(
+      terms.begin(), terms.end(), [](unsigned char c) { return c < ' ' || c == 0x7f; }, ' ');
   return std::string(WebAddresses::kCoverSearchRoot) + "/search.php?terms=" + ToLower(Trim(terms)) +
          "&group=" + ToLower(kind);
 }

@@ -21,10 +21,11 @@ constexpr std::pair<QDialogButtonBox::StandardButton, const char*> kButtonTexts[
     {QDialogButtonBox::No, "&No"},
 };
 
+// A box that ends without a button, as the program ends, agrees to nothing.
 MsgBoxAnswer AnswerOf(int button) {
-  if (button == QMessageBox::Cancel) return MsgBoxAnswer::Cancel;
+  if (button == QMessageBox::Ok) return MsgBoxAnswer::Ok;
   if (button == QMessageBox::Yes) return MsgBoxAnswer::Yes;
-  return button == QMessageBox::No ? MsgBoxAnswer::No : MsgBoxAnswer::Ok;
+  return button == QMessageBox::No ? MsgBoxAnswer::No : MsgBoxAnswer::Cancel;
 }
 
 QMessageBox::StandardButtons ButtonsFor(MsgBoxButtons buttons) {
