@@ -1,4 +1,6 @@
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual)
+# What a newer library would rather see called otherwise still works.
+add_compile_options(-Wno-error=deprecated -Wno-error=deprecated-declarations)
 # Pictures come from outside. A program loads the libraries that it uses, not all that those below it use.
 add_link_options(-Wl,-z,now -Wl,--as-needed)
 if(NOT MORVANE_SANITIZE)

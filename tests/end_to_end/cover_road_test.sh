@@ -5,6 +5,8 @@
 set -euo pipefail
 bin=$(cd "$1" && pwd)
 cd "$(dirname "$0")/../.."
+source tests/support/needs.sh
+needs Xvfb openbox xdotool convert pdftocairo localedef
 source tools/desktop
 
 picker="Morvane - Scelta immagine"

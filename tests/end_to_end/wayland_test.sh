@@ -4,6 +4,8 @@
 set -euo pipefail
 bin=$(cd "$1" && pwd)
 data=$(cd "$(dirname "$0")/../../data" && pwd)
+source "$data/../tests/support/needs.sh"
+needs weston weston-screenshooter convert
 
 work=$(mktemp -d)
 pids=()

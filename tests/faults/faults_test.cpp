@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "core/layout_reader.h"
 #include "session.h"
@@ -10,7 +9,7 @@ namespace Morvane {
 namespace {
 
 // A disk in memory: each session saves a dozen files, and waiting for each of them takes most of the time.
-const int kInMemory = ::setenv("TMPDIR", "/dev/shm", 1);
+const bool kInMemory = KeepInMemory();
 
 // Failures that the user must be told of, by the call that failed, with a part of the message.
 const std::vector<std::pair<std::string, std::string>> kTold = {

@@ -6,6 +6,8 @@ umask 022
 PATH="$PATH:/usr/sbin:/sbin"
 build="$(realpath "$1")"
 source="$(realpath "$(dirname "$0")/../..")"
+source "$source/tests/support/needs.sh"
+needs dpkg-shlibdeps file fakeroot lintian desktop-file-validate appstreamcli Xvfb xdotool convert pdfimages
 
 work="$(mktemp -d)"
 chmod 755 "$work"

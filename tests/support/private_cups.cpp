@@ -83,8 +83,8 @@ void PrivateCups::WriteSettings() const {
 }
 
 void PrivateCups::AddQueue(const std::string& name, Takes sheets) const {
-  const std::string printer = sheets == Takes::Raster ? RasterPath() + " -P " + kPrinters + "raster.ppd"
-                                                      : SheetPath() + " -P " + kPrinters + "uneven.ppd";
+  const std::string printer = sheets == Takes::Raster ? RasterPath() + " -P '" + kPrinters + "raster.ppd'"
+                                                      : SheetPath() + " -P '" + kPrinters + "uneven.ppd'";
   Run("lpadmin -p " + name + " -E -v file:" + printer);
 }
 

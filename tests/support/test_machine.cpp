@@ -1,6 +1,7 @@
 #include "tests/support/test_machine.h"
 
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -90,6 +91,11 @@ std::string CannedHttp::OpenUrl(const std::string& url) {
   }
   Fetched.push_back(url);
   return Body;
+}
+
+bool KeepInMemory() {
+  constexpr const char* kDisk = "/dev/shm";
+  return access(kDisk, W_OK) == 0 && setenv("TMPDIR", kDisk, 1) == 0;
 }
 
 TemporaryFolder::TemporaryFolder() {

@@ -93,6 +93,9 @@ class CannedHttp : public HttpClient, public Hooked {
   std::string OpenUrl(const std::string& url) override;
 };
 
+// Temporary folders lie in memory from now on, where the machine has a disk of that kind.
+bool KeepInMemory();
+
 // A folder in the system's temporary folder, removed with everything in it.
 class TemporaryFolder {
  public:

@@ -313,7 +313,7 @@ void DragAway(Scene& scene, Words) {
 void RunPrintProgram(Scene& scene, Words words) {
   const TemporaryFolder elsewhere;
   const std::string command = "cd '" + scene.machine.Root.Path() + "'; HOME=$PWD XDG_CACHE_HOME='" +
-                              elsewhere.Path() + "' " MORVANE_PRINT " " + words.All();
+                              elsewhere.Path() + "' '" MORVANE_PRINT "' " + words.All();
   const ProgramRun run = RunProgram("{ { " + command + "; } >&2; }", elsewhere);
   scene.Show(QString("  ends with %1").arg(run.exitCode));
   for (const QString& line : QString::fromStdString(run.errors).split('\n', Qt::SkipEmptyParts))

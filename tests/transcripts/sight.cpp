@@ -19,6 +19,7 @@
 #include "shapes.h"
 #include "telling.h"
 #include "tests/hand/hand.h"
+#include "tests/support/sheet_measure.h"
 
 namespace Morvane {
 namespace {
@@ -145,20 +146,18 @@ QStringList AnswerOf(const QString& program, const QStringList& arguments) {
   return lines;
 }
 
-// Of the first page, in tens of black pixels at 50 to the inch, and whether it lies on its side.
+// Where the first page has ink, and whether it lies on its side.
 QString InkOn(const QString& file) {
-  QProcess painter;
-  QImage page;
-  painter.start("pdftoppm", {"-r", "50", "-gray", "-png", "-f", "1", "-l", "1", file});
-  EXPECT_TRUE(painter.waitForFinished() && page.loadFromData(painter.readAllStandardOutput()));
-  double ink = 0;
-  for (int y = 0; y < page.height(); ++y) {
-    for (int x = 0; x < page.width(); ++x) ink += 255 - qGray(page.pixel(x, y));
-  }
-  return QString::number(qRound(ink / 255 / 10)) + (page.width() > page.height() ? " on its side" : "");
+  const MeasuredSheet sheet(file.toStdString());
+  const MeasuredSheet::Box box = sheet.InkMm();
+  QStringList mm;
+  for (const double corner : {box.left, box.top, box.right, box.bottom})
+    mm << QString::number(corner, 'f', 1);
+  return QString("from %1,%2 to %3,%4 mm").arg(mm[0], mm[1], mm[2], mm[3]) +
+         (sheet.WidthDots() > sheet.HeightDots() ? " on its side" : "");
 }
 
-// How much ink, how many pictures, which fonts and which texts the first page has.
+// Where ink is, how many pictures, which fonts and which texts the first page has.
 QStringList OnPaper(const QString& file) {
   constexpr int kHeadings = 2;
   constexpr int kSurelyOnPaper = 30;  // characters; what lies beyond the sheet is cut anywhere

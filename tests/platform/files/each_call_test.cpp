@@ -10,7 +10,6 @@
 #include <cerrno>
 #include <csignal>
 #include <cstddef>
-#include <cstdlib>
 
 #include "files_test.h"
 #include "platform/files/app_folder.h"
@@ -23,7 +22,7 @@ using ::testing::ElementsAre;
 using Work = std::function<void()>;
 
 // A disk in memory: waiting for a real one takes most of the time.
-const int kInMemory = ::setenv("TMPDIR", "/dev/shm", 1);
+const bool kInMemory = KeepInMemory();
 
 constexpr int kKilled = -1;
 constexpr int kOtherFailure = 255;

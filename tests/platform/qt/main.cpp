@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QStandardPaths>
+#include <iostream>
 
 #include "platform/qt/painting/qt_font_catalog.h"
 #include "tests/support/private_cups.h"
@@ -13,16 +15,27 @@ extern "C" const char* __lsan_default_suppressions() {
 }
 #endif
 
-// The tests see neither the machine's printers nor the user's folders, fonts and taste, and no screen but a
-// wide one in memory.
+// The tests see neither the machine's printers nor the user's folders, language, fonts and taste, and no
+// screen but a wide one in memory.
 int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
+#ifdef MORVANE_NEEDS
+  for (const QString& program : QString(MORVANE_NEEDS).split(' ')) {
+    const bool isHere = !QStandardPaths::findExecutable(program).isEmpty() ||
+                        !QStandardPaths::findExecutable(program, {"/usr/sbin"}).isEmpty();
+    if (isHere) continue;
+    std::cout << "Skipped: no " << program.toStdString() << " here\n";
+    return 77;
+  }
+#endif
   const Morvane::TemporaryFolder home;
   qputenv("HOME", home.Path().c_str());
   qputenv("XDG_CONFIG_HOME", home.Path().c_str());
   qputenv("XDG_RUNTIME_DIR", home.Path().c_str());
+  qputenv("LC_ALL", "C.UTF-8");
+  qunsetenv("LANGUAGE");
   qunsetenv("XDG_CACHE_HOME");
-  qputenv("FONTCONFIG_FILE", MORVANE_SOURCE_DIR "/tests/platform/qt/fonts.conf");
+  qputenv("FONTCONFIG_FILE", MORVANE_FONTS);
   for (const char* taste :
        {"QT_STYLE_OVERRIDE", "QT_FONT_DPI", "QT_SCREEN_SCALE_FACTORS", "QT_QPA_PLATFORMTHEME"}) {
     qunsetenv(taste);

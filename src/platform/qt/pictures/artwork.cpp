@@ -1,14 +1,10 @@
 #include "platform/qt/pictures/artwork.h"
 
-#include <QApplication>
 #include <QFile>
-#include <QIconEngine>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPixmapCache>
-#include <QStyle>
-#include <QStyleOption>
 #include <QSvgRenderer>
-#include <memory>
 
 namespace Morvane {
 namespace {
@@ -39,41 +35,10 @@ QPixmap Render(const QString& file, QSize devicePixels) {
   return pixmap;
 }
 
-class ArtworkIconEngine : public QIconEngine {
- public:
-  explicit ArtworkIconEngine(QString file) : file_(std::move(file)) {}
-
-  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
-    const double ratio = painter->device()->devicePixelRatioF();
-    painter->drawPixmap(rect, scaledPixmap(rect.size() * ratio, mode, state, ratio));
-  }
-
-  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    return scaledPixmap(size, mode, state, 1);
-  }
-
-  // The selected mode is drawn like the normal one: what is selected has a picture of its own where it
-  // matters.
-  QPixmap scaledPixmap(const QSize& devicePixels, QIcon::Mode mode, QIcon::State, qreal) override {
-    const QPixmap drawn = Render(file_, devicePixels);
-    if (mode != QIcon::Disabled) return drawn;
-    QStyleOption option;
-    option.palette = QApplication::palette();
-    return QApplication::style()->generatedIconPixmap(QIcon::Disabled, drawn, &option);
-  }
-
-  QIconEngine* clone() const override { return std::make_unique<ArtworkIconEngine>(file_).release(); }
-
- private:
-  const QString file_;
-};
-
 }  // namespace
 
 QIcon ArtworkIcon(const std::string& key) {
-  const QString file = ArtworkFile(key);
-  if (file.isEmpty()) return {};
-  return QIcon(std::make_unique<ArtworkIconEngine>(file).release());  // the icon owns its engine
+  return QIcon(ArtworkFile(key));
 }
 
 QPixmap ArtworkPixmap(const std::string& key, QSize size, double pixelRatio) {

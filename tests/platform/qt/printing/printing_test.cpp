@@ -29,9 +29,9 @@
 #include "platform/runtime_error.h"
 #include "platform/units.h"
 #include "render/print_job.h"
-#include "sheet_measure.h"
 #include "tests/support/held_text.h"
 #include "tests/support/private_cups.h"
+#include "tests/support/sheet_measure.h"
 
 namespace Morvane {
 namespace {
@@ -410,7 +410,7 @@ TEST_F(QueueTest, CalibratedSheetHasTheSizesAndPlacesThatThePaperThenPutsRight) 
   EXPECT_NEAR(ruler.front(), kLeft + 10, kOriginMm);
 
   const auto printed = [&](const std::string& option) {
-    EXPECT_EQ(RunProgram(MORVANE_PRINT " --printer uneven --outline 1" + option, folder_).exitCode, 0);
+    EXPECT_EQ(RunProgram("'" MORVANE_PRINT "' --printer uneven --outline 1" + option, folder_).exitCode, 0);
     cups_.WaitForJobs();
     return MeasuredSheet(cups_.SheetPath()).AcrossMm(kTop + 60).front();
   };

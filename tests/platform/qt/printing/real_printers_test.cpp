@@ -17,8 +17,8 @@
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/printing/qt_printers.h"
 #include "platform/units.h"
-#include "sheet_measure.h"
 #include "tests/support/private_cups.h"
+#include "tests/support/sheet_measure.h"
 
 namespace Morvane {
 namespace {
@@ -147,7 +147,7 @@ class RealPrinter : public testing::TestWithParam<Published> {
   // farther to the left and to the top, one to the right.
   void ExpectProgramPrintsInPlace(const Area& area) {
     constexpr double kStep = 0.009 * kMillimetresPerInch;
-    EXPECT_EQ(RunProgram(MORVANE_PRINT " --printer prova --outline 1", folder_).exitCode, 0);
+    EXPECT_EQ(RunProgram("'" MORVANE_PRINT "' --printer prova --outline 1", folder_).exitCode, 0);
     cups_.WaitForJobs();
     const MeasuredSheet sheet(cups_.SheetPath());
     ExpectEdges(sheet.AcrossMm(area.top + 60), area.left + 25 - 3 * kStep, 121 + 4 * kStep);

@@ -79,7 +79,7 @@ class SpoolerFaults : public testing::Test {
     machine_.Windows.UserEvent([&] { window.Command3.PerformClick(); });
   }
 
-  ProgramRun RunPrintProgram() { return RunProgram(MORVANE_PRINT " --printer uneven", machine_.Root); }
+  ProgramRun RunPrintProgram() { return RunProgram("'" MORVANE_PRINT "' --printer uneven", machine_.Root); }
   void ExpectProgramFails() {
     const ProgramRun outcome = RunPrintProgram();
     EXPECT_EQ(outcome.exitCode, 1);

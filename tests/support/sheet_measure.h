@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <fstream>
@@ -45,6 +46,20 @@ class MeasuredSheet {
   std::vector<double> AcrossMm(double yMm) const { return Lines(DotAt(yMm) * width_, 1, width_); }
   std::vector<double> DownMm(double xMm) const { return Lines(DotAt(xMm), width_, height_); }
 
+  // The corners of the box that holds all that is dark, in mm from the left and the top; all 0 on an empty
+  // sheet.
+  struct Box {
+    double left = 0, top = 0, right = 0, bottom = 0;
+  };
+  Box InkMm() const {
+    int left = 0, top = 0, right = width_, bottom = height_;
+    while (top < bottom && !IsInk(left, top, right, top + 1)) ++top;
+    while (top < bottom && !IsInk(left, bottom - 1, right, bottom)) --bottom;
+    while (left < right && !IsInk(left, top, left + 1, bottom)) ++left;
+    while (left < right && !IsInk(right - 1, top, right, bottom)) --right;
+    return left == right ? Box() : Box{MmAt(left), MmAt(top), MmAt(right), MmAt(bottom)};
+  }
+
  private:
   // Commands of the printer's own may stand in front.
   static bool IsPdf(const std::string& path) {
@@ -61,6 +76,16 @@ class MeasuredSheet {
     return static_cast<int>(std::lround(mm / kMillimetresPerInch * kDotsPerInch));
   }
 
+  bool IsInk(int left, int top, int right, int bottom) const {
+    for (int y = top; y < bottom; ++y)
+      for (int x = left; x < right; ++x)
+        if (kWhite - gray_[static_cast<size_t>(y) * static_cast<size_t>(width_) + static_cast<size_t>(x)] >
+            kDark)
+          return true;
+    return false;
+  }
+  static double MmAt(double dots) { return dots / kDotsPerInch * kMillimetresPerInch; }
+
   std::vector<double> Lines(int start, int step, int count) const {
     std::vector<double> middles;
     double weight = 0;
@@ -72,7 +97,7 @@ class MeasuredSheet {
       weight += ink;
       moment += ink * (dot + 0.5);
       if (ink > 0) continue;
-      if (dark) middles.push_back(moment / weight / kDotsPerInch * kMillimetresPerInch);
+      if (dark) middles.push_back(MmAt(moment / weight));
       weight = moment = 0;
       dark = false;
     }
