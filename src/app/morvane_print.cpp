@@ -1,7 +1,6 @@
 #include <QGuiApplication>
 #include <cstdio>
 #include <exception>
-#include <future>
 
 #include "app/console.h"
 #include "app/print_program.h"

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <exception>
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <system_error>
 #include <vector>

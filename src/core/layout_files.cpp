@@ -1,7 +1,6 @@
 #include "core/layout_files.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "core/layout_reader.h"
 #include "platform/runtime_error.h"

@@ -14,6 +14,11 @@
 
 namespace Morvane {
 
+// How exact a sheet must be, whatever the queue.
+inline constexpr double kSizeMm = 0.05;
+inline constexpr double kOriginMm = 0.10;
+inline constexpr double kMmPerPoint = kMillimetresPerInch / 72;
+
 // A sheet of paper as a scanner would see it.
 class MeasuredSheet {
  public:

@@ -14,7 +14,8 @@ namespace Morvane {
 namespace {
 
 // Without a slash at its end; "/" for a user without a home.
-std::string HomeFolder(std::string folder) {
+std::string HomeFolder(const std::string& given) {
+  std::string folder = std::filesystem::path(given).lexically_normal().string();
   while (folder.ends_with('/')) folder.pop_back();
   return folder.starts_with('/') ? folder : std::string("/");
 }

@@ -38,7 +38,7 @@ class MountTable {
   explicit MountTable(UserHome home, std::string mountInfoFile = "/proc/self/mountinfo",
                       std::string labelFolder = "/dev/disk/by-label");
 
-  // Reads the mounts again. Without a readable file there are C: and Z: alone.
+  // Reads the mounts again. Without a readable file there are C: and, for a user with a home, Z: alone.
   void Refresh();
 
   // In the order of the letters.

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <string_view>
 #include <utility>
@@ -106,7 +107,10 @@ std::optional<std::string> PathMapping::FindName(const std::string& folder, cons
   if (MisleadsSystem(name)) return std::nullopt;
   if (IsThere(folder + "/" + name, wanted)) return name;
   FileDescriptor descriptor(::open(OrSlash(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!descriptor.IsOpen()) return std::nullopt;
+  if (!descriptor.IsOpen()) {
+    if (errno == ENOENT || errno == ENOTDIR || errno == ELOOP) return std::nullopt;
+    throw SystemFileError(errno, name);
+  }
 
   FolderReader reader(std::move(descriptor), folder);
   std::optional<std::string> best;

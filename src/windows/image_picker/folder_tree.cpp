@@ -104,7 +104,7 @@ void AddDesktopFolder(TreeView& tree, const std::string& path, const FileSystem&
 
 std::string BuildTree(TreeView& tree, AppState& state, Screen& screen, const FileSystem& files,
                       const std::function<void()>& loadContentsWindow) {
-  screen.SetMousePointer(MousePointer::ArrowHourglass);
+  const BusyPointer busy(screen, MousePointer::ArrowHourglass);
   ResumeNext([&] { tree.Add("", "desk", "Desktop", "desk"); });
   ResumeNext([&] { tree.Add("desk", "root", GetMyComputerName(), kComputerImage); });
   const std::string firstFixed = AddDrives(tree, files);
@@ -113,7 +113,6 @@ std::string BuildTree(TreeView& tree, AppState& state, Screen& screen, const Fil
   AddDesktopFolder(tree, state.CartellaDesktop, files);
   // The first drive's placeholder, or the second drive: so all drives are in view.
   ResumeNext([&] { tree.EnsureVisible(tree.Node(4)); });
-  screen.SetMousePointer(MousePointer::Default);
   return firstFixed;
 }
 

@@ -127,7 +127,8 @@ void frmAbout::TimerCartelle_Tick() {
 }
 
 void frmAbout::tvwdirtree_NodeClick(TreeNode& node) {
-  const std::string& key = node.Key();
+  std::string key = node.Key();
+  if (key.ends_with('\\')) key.pop_back();  // the desktop folder's
   ReadOnePerClick(node);
   if (key == "root") return lblPath.SetCaption("");
   if (key == "desk") return lblPath.SetCaption(state_.CartellaDesktop);

@@ -30,15 +30,16 @@ bool IsGone(const RuntimeError& error) {
 
 // The file is tried again for as long as it can't be deleted: the user removes the cause, such as the program
 // that holds the file, and confirms the message. A file that another program took away is as good as deleted.
-void KillStubbornly(WindowSystem& windows, FileSystem& files, const std::string& folder,
+// False when the message ended without being confirmed.
+bool KillStubbornly(WindowSystem& windows, FileSystem& files, const std::string& folder,
                     const std::string& name) {
-  while (!windows.Ended()) {
+  while (true) {
     try {
       files.Kill(folder + name);
-      return;
+      return true;
     } catch (const RuntimeError& error) {
-      if (IsGone(error)) return;
-      windows.MsgBox(DeleteFailed(name));
+      if (IsGone(error)) return true;
+      if (windows.Ended() || windows.MsgBox(DeleteFailed(name)) != MsgBoxAnswer::Ok) return false;
     }
   }
 }
@@ -70,7 +71,7 @@ void CancellaImmagine(WindowSystem& windows, FileSystem& files, const AppState& 
   const std::string name = list.Text();
   if (name.empty()) return;
   if (windows.MsgBox(DeleteQuestion(name), MsgBoxButtons::OkCancel) == MsgBoxAnswer::Cancel) return;
-  KillStubbornly(windows, files, state.CartellaImmagini, name);
+  if (!KillStubbornly(windows, files, state.CartellaImmagini, name)) return;
   // No row is selected then; the count, the preview and the chosen path stay until the next selection.
   list.RemoveItem(list.ListIndex());
 }

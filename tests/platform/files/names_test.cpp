@@ -68,7 +68,7 @@ TEST_F(FilesTest, DrivesAreMappedBothWaysAsSoonAsTheyAreMounted) {
 }
 
 TEST_F(FilesTest, TheHomeIsTheFirstDriveAndTheWholeDiskTheLast) {
-  const TestMachine anna({"/home/u/", "anna"});
+  const TestMachine anna({"/home//u/.", "anna"});
   const FileSystem& hers = *anna.Files;
   anna.Root.Write("mountinfo",
                   "27 1 8:2 / / rw - ext4 /dev/sda2 rw\n"

@@ -26,9 +26,9 @@ PrinterDialog::PrinterDialog(QPrinter& printer, const QPageSize& sheet, const Pr
 }
 
 void PrinterDialog::FollowPrinter(CalibrationTab& calibration) {
+  calibration.ShowPrinter(printer()->printerName());
   const auto* const printers = findChild<QComboBox*>(ToolkitNames::kPrinters);
   if (printers == nullptr) return;
-  calibration.ShowPrinter(printers->currentText());
   connect(printers, &QComboBox::currentTextChanged, &calibration,
           [&calibration](const QString& chosen) { calibration.ShowPrinter(chosen); });
 }
@@ -50,6 +50,14 @@ void PrinterDialog::childEvent(QChildEvent* event) {
   if (!shownSizes_) return;
   const int inUse = shownSizes_->findData(QVariant::fromValue(FittingSheet(*printer(), sheet_)));
   if (inUse >= 0) shownSizes_->setCurrentIndex(inUse);
+  // Left by Cancel, they go back to what the toolkit began with: the queue's own sheet.
+  auto* const properties = qobject_cast<QDialog*>(event->child());
+  if (properties == nullptr) return;
+  connect(properties, &QDialog::finished, shownSizes_,
+          [sizes = shownSizes_.data(), kept = inUse](int result) mutable {
+            if (result == QDialog::Accepted) kept = sizes->currentIndex();
+            if (kept >= 0) sizes->setCurrentIndex(kept);
+          });
 }
 
 QPageSize PrinterDialog::Sheet() const {

@@ -77,7 +77,13 @@ SheetSize OwnSheet(http_t* connection, cups_dest_t& queue) {
           sheet->length / kUnitsPerMillimetre * kTwipsPerMillimetre};
 }
 
+QString NameOf(const cups_dest_t& queue) {
+  const QString name = QString::fromUtf8(queue.name);
+  return queue.instance ? name + '/' + QString::fromUtf8(queue.instance) : name;
+}
+
 FoundPrinters FindQueue(http_t* connection) {
+  httpSetTimeout(connection, std::chrono::duration<double>(kListLimit).count(), nullptr, nullptr);
   FoundPrinters found;
   found.service = PrintService::Answers;
   cups_dest_t* queues = nullptr;
@@ -85,8 +91,8 @@ FoundPrinters FindQueue(http_t* connection) {
   if (count > 0) {
     cups_dest_t* queue = cupsGetDest(nullptr, nullptr, count, queues);
     if (queue == nullptr) queue = queues;
-    found.queue = QString::fromUtf8(queue->name);
-    if (queue->instance) found.queue += '/' + QString::fromUtf8(queue->instance);
+    for (int i = 0; i < count; ++i) found.queues << NameOf(queues[i]);
+    found.queue = NameOf(*queue);
     found.sheet = OwnSheet(connection, *queue);
   }
   cupsFreeDests(count, queues);
@@ -99,13 +105,14 @@ void Search(std::promise<PrintService> service, std::promise<FoundPrinters> foun
   const PrintService word = connection ? AskForAWord(connection.get())
                                        : WithoutConnection(std::chrono::steady_clock::now() - start);
   service.set_value(word);
-  found.set_value(word == PrintService::Answers ? FindQueue(connection.get()) : FoundPrinters{word, {}, kA4});
+  found.set_value(word == PrintService::Answers ? FindQueue(connection.get())
+                                                : FoundPrinters{word, {}, {}, kA4});
 }
 
 }  // namespace
 
 void PrinterSearch::Begin() {
-  if (found_.valid()) return;
+  if (found_.valid() && !Ready()) return;
   std::promise<PrintService> service;
   std::promise<FoundPrinters> found;
   service_ = service.get_future();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <chrono>
 #include <future>
 
@@ -14,6 +15,7 @@ enum class PrintService { Answers, Absent, Silent };
 
 struct FoundPrinters {
   PrintService service = PrintService::Silent;
+  QStringList queues;
   QString queue;          // the default one, else the first; empty where there is none
   SheetSize sheet = kA4;  // the queue's own, upright
 };
@@ -23,7 +25,7 @@ struct FoundPrinters {
 // thread that first asks for them.
 class PrinterSearch {
  public:
-  // Goes on with a search that is under way.
+  // Goes on with a search that is under way; an answer that nobody took is old.
   void Begin();
   // Whether the answer of a search that was begun can be taken at once.
   bool Ready() const;

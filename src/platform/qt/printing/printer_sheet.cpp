@@ -28,7 +28,7 @@ QPageSize OwnSheet(const QPrinter& printer) {
 
 QPageSize FittingSheet(const QPrinter& printer, const QPageSize& wanted) {
   const QList<QPageSize> sheets = QPrinterInfo(printer).supportedPageSizes();
-  if (sheets.contains(wanted)) return wanted;
+  if (sheets.isEmpty() || sheets.contains(wanted)) return wanted;
   const auto same = std::find_if(sheets.begin(), sheets.end(),
                                  [&](const QPageSize& sheet) { return sheet.isEquivalentTo(wanted); });
   return same != sheets.end() ? *same : OwnSheet(printer);

@@ -91,7 +91,7 @@ QtPrinters::QtPrinters()
   idle_.setSingleShot(true);
   QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { painted_.pictures.Clear(); });
   QObject::connect(&found_, &QTimer::timeout, &found_, [this] {
-    if (search_.Ready()) FindPrinter();
+    if (search_.Ready()) TakeAnswer();
   });
 }
 
@@ -102,13 +102,17 @@ void QtPrinters::Prepare() {
   found_.start(kLookMs);
 }
 
-// The printer that was chosen stays while the service has any.
 PrintService QtPrinters::FindPrinter() {
-  found_.stop();
   search_.Begin();
+  return TakeAnswer();
+}
+
+// The printer that was chosen stays while the service has it.
+PrintService QtPrinters::TakeAnswer() {
+  found_.stop();
   const FoundPrinters found = search_.Answer(kPatience);
   queue_ = found.queue;
-  if (queue_.isEmpty()) printer_.reset();
+  if (printer_ && !found.queues.contains(printer_->printerName())) printer_.reset();
   if (!printer_) SetSheet(found.sheet);
   return found.service;
 }
@@ -121,8 +125,9 @@ void QtPrinters::MakePrinter(const QString& queue) {
 
 void QtPrinters::SelectPrinter(const std::string& name) {
   if (FindPrinter() != PrintService::Answers) throw Failure(SilentServiceText());
-  MakePrinter(QString::fromStdString(name));
+  QPrinterInfo::availablePrinterNames();  // the toolkit takes the question for itself when it is first used
   AskForPasswordsOnTheTerminal();
+  MakePrinter(QString::fromStdString(name));
 }
 
 void QtPrinters::TakeChosenSheet() {
@@ -183,6 +188,7 @@ void QtPrinters::SendPage(const DrawingList& page, PageOrientation orientation, 
               calibrated_ ? calibrations_.Of(printer_->printerName()) : Calibration());
     return;
   }
+  if (!queue_.isEmpty()) throw Failure("La stampante '" + queue_ + "' non esiste.");
   QDir().mkpath(pdfFolder_);
   WritePdf(FreePdfPath(pdfFolder_, title).toStdString(), page, orientation, kA4, title);
 }

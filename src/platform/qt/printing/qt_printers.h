@@ -50,6 +50,7 @@ class QtPrinters : public Printers {
 
  private:
   PrintService FindPrinter();
+  PrintService TakeAnswer();
   void MakePrinter(const QString& queue);
   void TakeChosenSheet();
   void SetSheet(SheetSize sheet);

@@ -14,8 +14,8 @@ void KeepTrueScale(QPrinter& printer);
 // itself doesn't tell.
 QString LastSpoolerFailure();
 
-// For a program without windows, once the toolkit's printer is made, which would ask in a window. Without a
-// terminal a queue that wants a login refuses.
+// For a program without windows, once the toolkit was asked for printers, which would ask in a window.
+// Without a terminal a queue that wants a login refuses.
 void AskForPasswordsOnTheTerminal();
 
 }  // namespace Morvane

@@ -40,9 +40,6 @@ using testing::AllOf;
 using testing::ContainsRegex;
 using testing::HasSubstr;
 
-constexpr double kSizeMm = 0.05;
-constexpr double kOriginMm = 0.10;
-constexpr double kMmPerPoint = kMillimetresPerInch / 72;
 // As if 180 mm across came out as 181.8 and 250 mm down as 248.75, the cross 1.5 mm too far right and 2 too
 // high.
 constexpr Calibration kMeasured{181.8, 248.75, 1.5, -2};
