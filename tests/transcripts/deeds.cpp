@@ -13,6 +13,7 @@
 #include <QMimeData>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QTest>
 #include <QToolButton>
 #include <QUrl>
@@ -338,13 +339,23 @@ void ShowAll(Scene& scene, const QStringList& lines) {
   for (const QString& line : lines) scene.Show("    " + line);
 }
 
+// In device pixels of the window's picture.
+QRegion ScrollBarsOf(const QWidget& window) {
+  QRegion bars;
+  for (const auto* bar : window.findChildren<QScrollBar*>()) {
+    if (bar->isVisible()) bars += QRect(bar->mapTo(&window, QPoint()), bar->size());
+  }
+  return QTransform::fromScale(window.devicePixelRatio(), window.devicePixelRatio()).map(bars);
+}
+
 // The window must be as its picture in the documentation.
 void TakePicture(Scene& scene, Words words) {
   QWidget& window = Hand::See(scene.Top());
   window.grab();
   Hand::Settle();  // scroll bars come and go after the first painting
   const QImage seen = window.grab().toImage();
-  ExpectPicture(words.All() + "-" + std::to_string(std::lround(seen.devicePixelRatio() * 100)), seen);
+  ExpectPicture(words.All() + "-" + std::to_string(std::lround(seen.devicePixelRatio() * 100)), seen,
+                ScrollBarsOf(window));
 }
 
 void TakeCalibrationSheet(Scene& scene, Words words) {
