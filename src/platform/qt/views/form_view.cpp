@@ -149,8 +149,16 @@ void FormView::FollowWindow() {
   }
   client_.resize(ClientSize());
   const QSize lack = (ClientSize() - room).expandedTo({0, 0});
-  window_.resize(window_.size() + QSize(lack.width() <= spare.width() ? lack.width() : 0,
-                                        lack.height() <= spare.height() ? lack.height() : 0));
+  GrowBy(lack.width() <= spare.width() ? lack.width() : 0,
+         lack.height() <= spare.height() ? lack.height() : 0);
+}
+
+// A window manager lets no program resize what a hand has hold of; it heeds the least size.
+void FormView::GrowBy(int width, int height) {
+  const QSize grown = window_.size() + QSize(width, height);
+  if (width > 0) window_.setMinimumWidth(grown.width());
+  if (height > 0) window_.setMinimumHeight(grown.height());
+  window_.resize(grown);
 }
 
 // Forms follow the height that there is. In width none gets less than it was made for where that is for want

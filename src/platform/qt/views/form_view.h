@@ -50,6 +50,7 @@ class FormView : public QObject {
   QSize RoomOnScreen() const;
   int ScrollBarWidth() const;
   void FollowWindow();
+  void GrowBy(int width, int height);
   void OfferSize(QSize room);
   bool WindowEvent(QEvent& event);
   bool ClientEvent(QEvent& event);
