@@ -8,10 +8,12 @@
 #include "tests/support/private_cups.h"
 #include "tests/support/test_machine.h"
 
+// libcups never frees the options, nor all of the names, that it makes of a printer's description.
+constexpr char kLeaks[] = "leak:cupsAddOption\nleak:_ppdCacheCreateWithPPD\n";
+
 #ifdef MORVANE_SANITIZE
-// libcups never frees the options that it makes of a printer's description.
 extern "C" const char* __lsan_default_suppressions() {
-  return "leak:cupsAddOption\n";
+  return kLeaks;
 }
 #endif
 
@@ -29,6 +31,8 @@ int main(int argc, char** argv) {
   }
 #endif
   const Morvane::TemporaryFolder home;
+  home.Write("leaks", kLeaks);  // for the programs that the tests start
+  qputenv("LSAN_OPTIONS", ("suppressions=" + home.Path() + "/leaks").c_str());
   qputenv("HOME", home.Path().c_str());
   qputenv("XDG_CONFIG_HOME", home.Path().c_str());
   qputenv("XDG_RUNTIME_DIR", home.Path().c_str());
