@@ -154,6 +154,7 @@ ExitCode PrintCovers(const PrintArguments& arguments, const FileSystem& files, c
   const bool areAllGood = LoadPictures(arguments, files, pictures, slots);
   if (!state.NomeLayout.empty()) printer.JobTitle = state.NomeLayout;
   for (int copy = 1; copy <= arguments.copies; ++copy) {
+    const PictureLibrariesSilenced silence;  // a queue's pictures are decoded once more
     DisegnaFoglio(state, slots, printer);
     printer.EndDoc();
   }
@@ -185,11 +186,13 @@ void PrintContents(const PrintArguments& arguments, const FileSystem& files, con
   if (lost > 0) Complain("righe senza posto sul foglio: " + std::to_string(lost));
 }
 
-// RuntimeError when there is no such printer.
-std::unique_ptr<Printers> OpenDevice(const PrintArguments& arguments, std::vector<PicturePtr>& undecodable) {
+// What the printers tell beside printing is put off: standard error is silent meanwhile. RuntimeError when
+// there is no such printer.
+std::unique_ptr<Printers> OpenDevice(const PrintArguments& arguments, std::vector<PicturePtr>& undecodable,
+                                     std::vector<std::string>& complaints) {
   if (!arguments.pdf.empty()) return std::make_unique<PdfFiles>(arguments.pdf, arguments.copies, undecodable);
   auto queue = std::make_unique<QtPrinters>();
-  queue->OnComplaint = Complain;
+  queue->OnComplaint = [&](const std::string& text) { complaints.push_back(text); };
   if (!arguments.calibrated) queue->LeaveOutCalibration();
   queue->SelectPrinter(arguments.printer);
   return queue;
@@ -204,11 +207,17 @@ ExitCode Print(const PrintArguments& arguments, const FileSystem& files) {
   const QtTextMetrics metrics;
   const QtFontCatalog fonts;
   std::vector<PicturePtr> undecodable;
-  const std::unique_ptr<Printers> device = OpenDevice(arguments, undecodable);
+  std::vector<std::string> complaints;
+  const std::unique_ptr<Printers> device = OpenDevice(arguments, undecodable, complaints);
   Printer printer(*device, metrics, fonts);
-  if (!arguments.contents) return PrintCovers(arguments, files, pictures, printer, undecodable);
-  PrintContents(arguments, files, fonts, printer);
-  return ExitCode::Done;
+  ExitCode code = ExitCode::Done;
+  if (arguments.contents) {
+    PrintContents(arguments, files, fonts, printer);
+  } else {
+    code = PrintCovers(arguments, files, pictures, printer, undecodable);
+  }
+  for (const std::string& complaint : complaints) Complain(complaint);
+  return code;
 }
 
 }  // namespace Morvane
