@@ -128,6 +128,14 @@ void QtPrinters::SelectPrinter(const std::string& name) {
   QPrinterInfo::availablePrinterNames();  // the toolkit takes the question for itself when it is first used
   AskForPasswordsOnTheTerminal();
   MakePrinter(QString::fromStdString(name));
+  TellIfStopped();
+}
+
+void QtPrinters::TellIfStopped() {
+  if (QPrinterInfo(*printer_).state() != QPrinter::Error || !OnComplaint) return;
+  const QString text =
+      "La stampante '" + printer_->printerName() + "' è ferma: i lavori aspettano nella coda.";
+  OnComplaint(text.toStdString());
 }
 
 void QtPrinters::TakeChosenSheet() {
@@ -163,6 +171,7 @@ PrintDialogAnswer QtPrinters::ShowPrinterDialog(const PrintDialogRequest& reques
     const bool chosen = printer_->pageLayout().orientation() == QPageLayout::Landscape;
     orientation = chosen ? PageOrientation::Landscape : PageOrientation::Portrait;
     chosen_ = dialog.Sheet();
+    TellIfStopped();
   } else {
     printer_->setPrinterName(before);  // the dialog's list had changed it already
   }

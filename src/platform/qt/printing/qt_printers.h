@@ -53,6 +53,7 @@ class QtPrinters : public Printers {
   PrintService TakeAnswer();
   void MakePrinter(const QString& queue);
   void TakeChosenSheet();
+  void TellIfStopped();
   void SetSheet(SheetSize sheet);
   PrintDialogAnswer ShowPrinterDialog(const PrintDialogRequest& request, PageOrientation& orientation);
   PrintDialogAnswer ShowPdfDialog(PrintService service);

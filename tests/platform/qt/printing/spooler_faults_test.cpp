@@ -98,14 +98,14 @@ class SpoolerFaults : public testing::Test {
   CoverSlots slots_;
 };
 
-TEST_F(SpoolerFaults, StoppedQueueHoldsTheJobsAndNobodyIsTold) {
+TEST_F(SpoolerFaults, StoppedQueueHoldsTheJobsAndTheProgramTellsSo) {
   cups_.Run("cupsdisable uneven");
   Stampa(state_, slots_, printer_);
   PrintContents();
   EXPECT_THAT(machine_.Windows.Boxes, testing::IsEmpty());
   const ProgramRun outcome = RunPrintProgram();
   EXPECT_EQ(outcome.exitCode, 0);
-  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(outcome.errors, "morvane-print: La stampante 'uneven' è ferma: i lavori aspettano nella coda.\n");
   cups_.Run("cupsenable uneven");
   cups_.WaitForJobs();
   EXPECT_TRUE(std::ifstream(cups_.SheetPath()));
