@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # package_test.sh BUILD_DIR: packs the programs of a build, installs the package below a folder of its own, uses it there
-# as two users who may write nothing but their home folders, and removes it. The machine's own system is only read.
+# first over an older one, as two users who may write nothing but their home folders, and removes it. The machine's own system
+# is only read.
 set -euo pipefail
 umask 022
 PATH="$PATH:/usr/sbin:/sbin"
@@ -67,6 +68,15 @@ Dpkg() {
   }
 }
 
+# The package with the lowest number, a layout that is shipped no more, and another that was otherwise.
+MakeOlder() {
+  dpkg-deb -R "$package" "$work/older"
+  sed -i 's/^Version: .*/Version: 0.1-1/' "$work/older/DEBIAN/control"
+  mv "$work/older/usr/share/morvane/"{"VHS - Etichette","Modello di una volta"}.mvne
+  sed -i 's/^Larg1=.*/Larg1=90\r/' "$work/older/usr/share/morvane/CD - Fronte e retro.mvne"
+  dpkg-deb --root-owner-group -b "$work/older" "$work/older.deb" >/dev/null
+}
+
 CheckFields() {
   local version
   version="$(dpkg-deb -f "$package" Version)"
@@ -118,15 +128,16 @@ StartDisplay() {
   display=":$(cat "$work/display")"
 }
 
+# Start USER FOLDER: the program, which leaves in the user's own folder what FOLDER holds.
 Start() {
-  local user="$1" program
+  local user="$1" expected="$2" program
   AsUser "$user" morvane 2>"$work/$user.err" &
   program=$!
   processes+=("$program")
   WaitFor "the window" env DISPLAY="$display" xdotool search --onlyvisible --name Morvane
   kill "$program"
   wait "$program" || true
-  diff -r "$usr/share/morvane" "$work/$user/.local/share/morvane" || Fail "the folder of $user is not filled"
+  diff -r "$expected" "$work/$user/.local/share/morvane" || Fail "the folder of $user is not as expected"
   [[ -z "$(find "$work/$user/.local/share/morvane" ! -perm -u+w)" ]] || Fail "$user may not change his own folder"
 }
 
@@ -141,22 +152,32 @@ lintian --fail-on error "$package" >"$work/lintian.out" 2>&1 &
 lintian=$!
 processes+=("$lintian")
 
-MakeRoot
-Dpkg --install "$package"
-CheckFields
-CheckContents
-# Nobody's programs can change what is installed, not even where the one who tests owns it.
-chmod -R a-w "$usr"
-
 first=64001
 second=64002
 MakeUser "$first"
 MakeUser "$second"
-Print "$first"
 StartDisplay
-Start "$first"
-rm "$work/$first/.local/share/morvane/VHS - Etichette.mvne"
-Start "$second"
+MakeRoot
+
+# What a user of the older one made and changed.
+MakeOlder
+Dpkg --install "$work/older.deb"
+Start "$first" "$usr/share/morvane"
+own="$work/$first/.local/share/morvane"
+cp "$own/CD - Fronte e retro.mvne" "$own/Mio.mvne"
+sed -i 's/^SpessoreBordo=.*/SpessoreBordo= 5 \r/' "$own/morvane.ini"
+rm "$own/Blu-ray - Custodia.mvne"
+cp -a "$own" "$work/kept"
+
+Dpkg --install "$package"
+CheckFields
+CheckContents
+[[ ! -e "$usr/share/morvane/Modello di una volta.mvne" ]] || Fail "a file of the older package is still there"
+# Nobody's programs can change what is installed, not even where the one who tests owns it.
+chmod -R a-w "$usr"
+Start "$first" "$work/kept"
+Print "$first"
+Start "$second" "$usr/share/morvane"
 
 chmod -R u+w "$usr"
 Dpkg --purge morvane
