@@ -1,23 +1,18 @@
-#include <gmock/gmock.h>
 #include <signal.h>
-#include <sys/mount.h>
+#include <sys/resource.h>
 
-#include <chrono>
-#include <fstream>
-#include <functional>
 #include <thread>
 
-#include "platform/qt/painting/qt_font_catalog.h"
-#include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/printing/pdf_file_writer.h"
-#include "platform/qt/printing/qt_printers.h"
-#include "platform/runtime_error.h"
+#include "printing_fixture.h"
 #include "render/print_job.h"
-#include "tests/support/private_cups.h"
 #include "windows/contents/frm_preview.h"
 
 namespace Morvane {
 namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
 
 // A real queue, with a user who accepts the print dialog; something may go wrong meanwhile.
 class AcceptedQueue : public QtPrinters {
@@ -30,87 +25,68 @@ class AcceptedQueue : public QtPrinters {
   }
 };
 
-using testing::HasSubstr;
+// A disk that takes files of so many bytes only is as good as full.
+constexpr rlim_t kFull = 2000;
+void LimitFiles(pid_t process, rlim_t bytes) {
+  const rlimit limit{bytes, RLIM_INFINITY};
+  ASSERT_EQ(::prlimit(process, RLIMIT_FSIZE, &limit, nullptr), 0);
+}
 
-// A full medium in the place of the spool.
-class SmallSpool {
- public:
-  explicit SmallSpool(std::string folder) : folder_(std::move(folder)) {
-    mounted_ = ::mount("tmpfs", folder_.c_str(), "tmpfs", 0, "size=64k") == 0;
-    std::ofstream fill(folder_ + "/fill");
-    while (mounted_ && fill) fill << std::string(1024, ' ') << std::flush;
-  }
-  ~SmallSpool() {
-    if (mounted_) ::umount2(folder_.c_str(), MNT_DETACH);
-  }
-  SmallSpool(const SmallSpool&) = delete;
-  SmallSpool& operator=(const SmallSpool&) = delete;
-
-  bool Mounted() const { return mounted_; }
-
- private:
-  std::string folder_;
-  bool mounted_;
-};
-
-class SpoolerFaults : public testing::Test {
+class SpoolerFaults : public PrintingTest {
  protected:
   SpoolerFaults() {
     cups_.AddQueue("uneven");
     device_.SelectPrinter("uneven");
-    state_.NumCopertine = 1;
   }
 
   // Prints the cover, the contents, and the cover by the command line program, each as `wrong` happens.
   void ExpectToldByAllButTheMainWindow(const std::function<void()>& wrong) {
     device_.Meanwhile = wrong;
-    EXPECT_NO_THROW(Stampa(state_, slots_, printer_));
-    EXPECT_THAT(printer_.Surface().Drawing(), testing::IsEmpty());
-    PrintContents();
-    ASSERT_EQ(machine_.Windows.Boxes.size(), 1U);
-    EXPECT_THAT(machine_.Windows.Boxes[0].text, HasSubstr("La stampante 'uneven'"));
+    AppState state;
+    EXPECT_NO_THROW(Stampa(state, CoverSlots{}, printer_));
+    EXPECT_THAT(printer_.Surface().Drawing(), IsEmpty());
+    ExpectContentsTold();
     EXPECT_EQ(machine_.TheScreen.Pointer(), MousePointer::Default);
     ExpectProgramFails();
   }
-
+  void ExpectContentsTold() {
+    PrintContents();
+    ASSERT_EQ(machine_.Windows.Boxes.size(), 1U);
+    EXPECT_THAT(machine_.Windows.Boxes[0].text, HasSubstr("La stampante 'uneven'"));
+    machine_.Windows.Boxes.clear();
+  }
+  void ExpectProgramFails() {
+    const ProgramRun outcome = RunPrintProgram("--printer uneven");
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.errors, testing::MatchesRegex("morvane-print: [^\n]+\n"));
+  }
   void PrintContents() {
-    FrmPreview window(state_, platform_, {[] {}, [] { return std::string(); }});
+    AppState state;
+    FrmPreview window(state, platform_, {[] {}, [] { return std::string(); }});
     window.form.BeginShow();
     machine_.Windows.UserEvent([&] { window.Command3.PerformClick(); });
   }
 
-  ProgramRun RunPrintProgram() { return RunProgram("'" MORVANE_PRINT "' --printer uneven", machine_.Root); }
-  void ExpectProgramFails() {
-    const ProgramRun outcome = RunPrintProgram();
-    EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_THAT(outcome.errors, testing::MatchesRegex("morvane-print: [^\n]+\n"));
-  }
-
+  const sighandler_t told_ = ::signal(SIGXFSZ, SIG_IGN);  // the spooler's, too
   PrivateCups cups_;
   TestMachine machine_;
-  QtTextMetrics metrics_;
-  QtFontCatalog fonts_;
   AcceptedQueue device_;
   Printer printer_{device_, metrics_, fonts_};
   Platform platform_{machine_.Windows, machine_.TheScreen, *machine_.Files,   machine_.Pictures, metrics_,
                      fonts_,           printer_,           machine_.Launches, machine_.Http,     AppInfo{}};
-  AppState state_;
-  CoverSlots slots_;
 };
 
 TEST_F(SpoolerFaults, StoppedQueueHoldsTheJobsAndTheProgramTellsSo) {
   cups_.Run("cupsdisable uneven");
-  Stampa(state_, slots_, printer_);
   PrintContents();
-  EXPECT_THAT(machine_.Windows.Boxes, testing::IsEmpty());
-  const ProgramRun outcome = RunPrintProgram();
+  EXPECT_THAT(machine_.Windows.Boxes, IsEmpty());
+  const ProgramRun outcome = RunPrintProgram("--printer uneven");
   EXPECT_EQ(outcome.exitCode, 0);
   EXPECT_EQ(outcome.errors, "morvane-print: La stampante 'uneven' è ferma: i lavori aspettano nella coda.\n");
   cups_.Run("cupsenable uneven");
   cups_.WaitForJobs();
-  EXPECT_TRUE(std::ifstream(cups_.SheetPath()));
   cups_.Stop();
-  EXPECT_EQ(cups_.JobRecords().size(), 3U);
+  EXPECT_EQ(cups_.JobRecords().size(), 2U);
 }
 
 TEST_F(SpoolerFaults, QueueDeletedBehindTheDialogIsTold) {
@@ -123,19 +99,18 @@ TEST_F(SpoolerFaults, QueueThatRejectsJobsIsTold) {
   ExpectToldByAllButTheMainWindow([&] { cups_.Run("cupsreject uneven"); });
 }
 
-TEST_F(SpoolerFaults, FullSpoolIsToldAndOnceThereIsRoomTheQueuePrints) {
-  {
-    const SmallSpool spool(cups_.SpoolFolder());
-    if (!spool.Mounted()) GTEST_SKIP() << "no mounting here";
-    const std::string sheet = cups_.SpoolFolder() + "/sheet.pdf";
-    EXPECT_THROW(WritePdf(sheet, {}, PageOrientation::Portrait, kA4, "Prova"), RuntimeError);
-    EXPECT_FALSE(std::ifstream(sheet));
-    ExpectToldByAllButTheMainWindow([] {});
-  }
-  machine_.Windows.Boxes.clear();
+TEST_F(SpoolerFaults, FullDiskIsToldAndOnceThereIsRoomTheQueuePrints) {
+  LimitFiles(0, 100);
+  EXPECT_THROW(WritePdf(folder_.Path("sheet.pdf"), {}, PageOrientation::Portrait, kA4, "Prova"),
+               RuntimeError);
+  LimitFiles(0, RLIM_INFINITY);
+  EXPECT_FALSE(std::ifstream(folder_.Path("sheet.pdf")));
+  LimitFiles(cups_.Process(), kFull);
+  ExpectToldByAllButTheMainWindow([] {});
+  LimitFiles(cups_.Process(), RLIM_INFINITY);
   PrintContents();
   cups_.WaitForJobs();
-  EXPECT_THAT(machine_.Windows.Boxes, testing::IsEmpty());
+  EXPECT_THAT(machine_.Windows.Boxes, IsEmpty());
   EXPECT_TRUE(std::ifstream(cups_.SheetPath()));
 }
 
@@ -148,10 +123,8 @@ TEST_F(SpoolerFaults, SpoolerKilledWhileItTakesTheJobIsTold) {
       kill(cups_.Process(), SIGKILL);
     });
   };
-  PrintContents();
+  ExpectContentsTold();
   killer.join();
-  ASSERT_EQ(machine_.Windows.Boxes.size(), 1U);
-  EXPECT_THAT(machine_.Windows.Boxes[0].text, HasSubstr("La stampante 'uneven'"));
   cups_.Stop();
   ExpectProgramFails();
 }
