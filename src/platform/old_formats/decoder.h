@@ -16,7 +16,7 @@ class Decoder {
  public:
   virtual ~Decoder() = default;
 
-  // The picture behind its header line: "svg WIDTH HEIGHT" in twips, or "rgba WIDTH HEIGHT" in pixels.
+  // The picture as a file of another format: an SVG that measures its natural size in twips, or a bitmap.
   // Undecodable, std::bad_alloc.
   virtual std::string Decode(const std::string& bytes) = 0;
 };

@@ -9,6 +9,8 @@ namespace Morvane {
 
 namespace {
 
+constexpr size_t kBitmapHeader = 54;  // bytes
+
 using Surface = std::unique_ptr<SDL_Surface, decltype(&SDL_FreeSurface)>;
 
 Surface Load(const std::string& bytes) {
@@ -34,21 +36,19 @@ int WidthOf(const std::string& bytes) {
 class IffDecoder : public Decoder {
  public:
   std::string Decode(const std::string& bytes) override {
-    Surface loaded = Load(bytes);
+    const Surface loaded = Load(bytes);
     // Paint programs named the background as transparent in every file; a picture is opaque all the same.
     SDL_SetColorKey(loaded.get(), SDL_FALSE, 0);
-    const Surface surface(SDL_ConvertSurfaceFormat(loaded.get(), SDL_PIXELFORMAT_RGBA32, 0),
-                          &SDL_FreeSurface);
-    if (!surface) throw Undecodable(SDL_GetError());
-    loaded.reset();
-
-    const int width = std::min(WidthOf(bytes), surface->w);
-    std::string output = "rgba " + std::to_string(width) + ' ' + std::to_string(surface->h) + '\n';
-    const size_t rowBytes = static_cast<size_t>(width) * 4;
-    output.reserve(output.size() + rowBytes * static_cast<size_t>(surface->h));
-    const char* row = static_cast<const char*>(surface->pixels);
-    for (int y = 0; y < surface->h; ++y, row += surface->pitch) output.append(row, rowBytes);
-    return output;
+    const int width = std::min(WidthOf(bytes), loaded->w);
+    const Surface shown(SDL_CreateRGBSurfaceWithFormat(0, width, loaded->h, 24, SDL_PIXELFORMAT_BGR24),
+                        &SDL_FreeSurface);
+    if (!shown || SDL_BlitSurface(loaded.get(), nullptr, shown.get(), nullptr) != 0) {
+      throw Undecodable(SDL_GetError());
+    }
+    std::string bitmap(kBitmapHeader + static_cast<size_t>(shown->pitch) * static_cast<size_t>(shown->h), 0);
+    SDL_RWops* const file = SDL_RWFromMem(bitmap.data(), static_cast<int>(bitmap.size()));
+    if (SDL_SaveBMP_RW(shown.get(), file, 1) != 0) throw Undecodable(SDL_GetError());
+    return bitmap;
   }
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace Morvane {
 
@@ -44,14 +45,12 @@ std::string XmlText(std::string_view text) {
 
 std::string SvgDocument(double widthTwips, double heightTwips, const SvgBox& viewBox,
                         std::string_view drawing) {
-  const std::string width = SvgNumber(widthTwips);
-  const std::string height = SvgNumber(heightTwips);
-  std::string text = "svg " + width + ' ' + height + '\n';
-  text +=
+  std::string text =
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" "
       "xmlns:xlink=\"http://www.w3.org/1999/xlink\" preserveAspectRatio=\"none\" width=\"";
-  text += width + "\" height=\"" + height + "\" viewBox=\"" + SvgNumber(viewBox.left) + ' ' +
-          SvgNumber(viewBox.top) + ' ' + SvgNumber(viewBox.width) + ' ' + SvgNumber(viewBox.height) + "\">\n";
+  text += SvgNumber(std::round(widthTwips)) + "\" height=\"" + SvgNumber(std::round(heightTwips)) +
+          "\" viewBox=\"" + SvgNumber(viewBox.left) + ' ' + SvgNumber(viewBox.top) + ' ' +
+          SvgNumber(viewBox.width) + ' ' + SvgNumber(viewBox.height) + "\">\n";
   const size_t start = text.size();
   text += drawing;
   std::replace_if(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), IsForbidden, ' ');

@@ -12,7 +12,7 @@ struct SvgBox {
   double height = 0;
 };
 
-// The header line and an SVG of that size in twips around the drawing; what the viewBox holds is what shows.
+// An SVG of that size, in whole twips, around the drawing; what the viewBox holds is what shows.
 std::string SvgDocument(double widthTwips, double heightTwips, const SvgBox& viewBox,
                         std::string_view drawing);
 

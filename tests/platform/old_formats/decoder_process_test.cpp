@@ -1,4 +1,4 @@
-#include "platform/qt/pictures/decoder_process.h"
+#include "platform/qt/pictures/old_formats.h"
 
 #include <gtest/gtest.h>
 

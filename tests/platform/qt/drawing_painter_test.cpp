@@ -49,10 +49,10 @@ TEST(DrawingPainterTest, ShapesMayReachBeyondAllNumbers) {
   QImage red(8, 8, QImage::Format_RGB32);
   red.fill(Qt::red);
   const double far = std::numeric_limits<double>::infinity();
-  const QImage image =
-      Painted({PictureShape{{150, 150, far, 1e300}, std::make_shared<PixelPicture>(red)},
-               LineShape{300, 300, 1e300, 300, {}}, BoxShape{{150, 600, far, far}, {}, false}},
-              80);
+  const QImage image = Painted(
+      {PictureShape{{150, 150, far, 1e300}, std::make_shared<FilePicture>(QByteArray(), red.size(), red)},
+       LineShape{300, 300, 1e300, 300, {}}, BoxShape{{150, 600, far, far}, {}, false}},
+      80);
   EXPECT_EQ(image.pixelColor(9, 9), Qt::white);
   EXPECT_EQ(image.pixelColor(10, 10), Qt::red);
   EXPECT_EQ(image.pixelColor(79, 79), Qt::red);

@@ -71,7 +71,7 @@ TEST_F(FormViewTest, PicturesAreSharpAgainOnceTheSizeStays) {
   QImage lines(400, 400, QImage::Format_RGB32);
   for (int y = 0; y < 400; ++y)
     for (int x = 0; x < 400; ++x) lines.setPixel(x, y, x % 7 < 3 ? 0xFF000000 : 0xFFFFFFFF);
-  const auto picture = std::make_shared<PixelPicture>(lines);
+  const auto picture = std::make_shared<FilePicture>(QByteArray(), lines.size(), lines);
   PictureBox box(form, "Picture1", machine.Metrics);
   box.SetPaperBackground(true);
   const auto draw = [&](double side) {

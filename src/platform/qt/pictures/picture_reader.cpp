@@ -9,16 +9,27 @@ namespace Morvane {
 namespace {
 
 // What the toolkit calls the formats that may be read.
-constexpr std::array kFormats = {"jpeg", "jpg", "bmp", "gif", "ico", "cur", "png", "tiff", "tif", "webp"};
+constexpr std::array kFormats = {"jpeg", "jpg", "bmp",  "dib", "gif", "ico",
+                                 "cur",  "png", "tiff", "tif", "webp"};
 
 bool IsKnown(const QByteArray& format) {
   return std::find(kFormats.begin(), kFormats.end(), format) != kFormats.end();
+}
+
+// A device-independent bitmap begins with the size of its header, where a bitmap file has "BM"; the toolkit
+// does not see by itself that it is one.
+bool IsBitmapWithoutFileHeader(const QByteArray& file) {
+  constexpr std::array<quint32, 3> kHeaders = {40, 108, 124};
+  if (file.size() < 40 || qFromLittleEndian<quint16>(file.constData() + 12) != 1) return false;
+  const auto header = qFromLittleEndian<quint32>(file.constData());
+  return std::find(kHeaders.begin(), kHeaders.end(), header) != kHeaders.end();
 }
 
 }  // namespace
 
 PictureReader::PictureReader(const QByteArray& file) {
   file_.setData(file);
+  if (IsBitmapWithoutFileHeader(file)) reader_.setFormat("dib");
   reader_.setDevice(&file_);
   reader_.setAutoTransform(true);
   format_ = reader_.format();
@@ -58,30 +69,6 @@ QImage PictureReader::Read(QSize size) {
   QImage image = reader_.read();
   image.convertToColorSpace(QColorSpace::SRgb);
   return image;
-}
-
-QByteArray WithFileHeader(const QByteArray& file) {
-  constexpr quint32 kFileHeader = 14;
-  constexpr quint32 kInfoHeader = 40;
-  constexpr quint32 kBitFields = 3;
-  if (file.size() < kInfoHeader) return file;
-  const auto word = [&](qsizetype at) { return qFromLittleEndian<quint16>(file.constData() + at); };
-  const auto number = [&](qsizetype at) { return qFromLittleEndian<quint32>(file.constData() + at); };
-  const quint32 header = number(0);
-  const quint16 depth = word(14);
-  constexpr std::array<quint16, 6> kDepths = {1, 4, 8, 16, 24, 32};
-  if ((header != kInfoHeader && header != 108 && header != 124) || word(12) != 1 ||
-      std::find(kDepths.begin(), kDepths.end(), depth) == kDepths.end()) {
-    return file;
-  }
-  const quint32 colours = depth <= 8 && number(32) == 0 ? 1U << depth : std::min(number(32), 256U);
-  const quint32 masks = header == kInfoHeader && number(16) == kBitFields ? 12 : 0;
-  QByteArray missing(kFileHeader, '\0');
-  missing[0] = 'B';
-  missing[1] = 'M';
-  qToLittleEndian(static_cast<quint32>(file.size()) + kFileHeader, missing.data() + 2);
-  qToLittleEndian(kFileHeader + header + masks + 4 * colours, missing.data() + 10);
-  return missing + file;
 }
 
 bool IsPictureType(const QByteArray& mimeType) {

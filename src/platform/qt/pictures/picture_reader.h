@@ -9,7 +9,8 @@
 namespace Morvane {
 
 // A picture file in memory, whatever its name says, as the toolkit reads it: JPEG, BMP (also run-length
-// encoded), GIF, ICO, CUR, PNG, TIFF, WebP. Of several sizes in an icon the largest is taken.
+// encoded, or without its file header), GIF, ICO, CUR, PNG, TIFF, WebP. Of several sizes in an icon the
+// largest is taken.
 class PictureReader {
  public:
   explicit PictureReader(const QByteArray& file);
@@ -32,9 +33,6 @@ class PictureReader {
   QImageReader reader_;
   QByteArray format_;  // the toolkit's name of it
 };
-
-// A device-independent bitmap lacks the header of a bitmap file: the same with one. Any other file as it is.
-QByteArray WithFileHeader(const QByteArray& file);
 
 // Whether files of this MIME type can be read.
 bool IsPictureType(const QByteArray& mimeType);

@@ -19,10 +19,6 @@ QSize Within(double mostPixels, QSize size) {
   return share >= 1 ? size : (QSizeF(size) * std::sqrt(share)).toSize().expandedTo(QSize(1, 1));
 }
 
-QImage Averaged(const QImage& image, QSize size) {
-  return image.size() == size ? image : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-}
-
 }  // namespace
 
 QSize FilePicture::OverviewSize(QSize size) {
@@ -40,25 +36,21 @@ double FilePicture::HeightTwips() const {
 QImage FilePicture::Decode(QSize pixels) const {
   const QSize size = pixels.boundedTo(size_);
   const bool overviewHoldsIt = size.boundedTo(overview_.size()) == size;
-  return overviewHoldsIt ? Averaged(overview_, size) : PictureReader(file_).Read(size);
+  if (!overviewHoldsIt) return PictureReader(file_).Read(size);
+  return overview_.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-double PixelPicture::WidthTwips() const {
-  return kTwipsPerPixel * image_.width();
-}
-
-double PixelPicture::HeightTwips() const {
-  return kTwipsPerPixel * image_.height();
-}
-
-QImage PixelPicture::Decode(QSize pixels) const {
-  return Averaged(image_, pixels.boundedTo(image_.size()));
-}
-
-SvgPicture::SvgPicture(std::unique_ptr<QSvgRenderer> renderer, double widthTwips, double heightTwips)
-    : renderer_(std::move(renderer)), widthTwips_(widthTwips), heightTwips_(heightTwips) {}
+SvgPicture::SvgPicture(std::unique_ptr<QSvgRenderer> renderer) : renderer_(std::move(renderer)) {}
 
 SvgPicture::~SvgPicture() = default;
+
+double SvgPicture::WidthTwips() const {
+  return renderer_->defaultSize().width();
+}
+
+double SvgPicture::HeightTwips() const {
+  return renderer_->defaultSize().height();
+}
 
 QImage SvgPicture::Decode(QSize pixels) const {
   QImage image(Within(PictureLimits::kDrawnPixels, pixels), QImage::Format_ARGB32_Premultiplied);

@@ -41,33 +41,18 @@ class FilePicture : public QtPicture {
   const QImage overview_;
 };
 
-// A picture of pixels that are already there.
-class PixelPicture : public QtPicture {
+// A picture of lines and curves, an SVG that measures its natural size in twips. One thread at a time.
+class SvgPicture : public QtPicture {
  public:
-  explicit PixelPicture(QImage image) : image_(std::move(image)) {}
+  explicit SvgPicture(std::unique_ptr<QSvgRenderer> renderer);
+  ~SvgPicture() override;
 
   double WidthTwips() const override;
   double HeightTwips() const override;
   QImage Decode(QSize pixels) const override;
 
  private:
-  const QImage image_;
-};
-
-// A picture of lines and curves. One thread at a time.
-class SvgPicture : public QtPicture {
- public:
-  SvgPicture(std::unique_ptr<QSvgRenderer> renderer, double widthTwips, double heightTwips);
-  ~SvgPicture() override;
-
-  double WidthTwips() const override { return widthTwips_; }
-  double HeightTwips() const override { return heightTwips_; }
-  QImage Decode(QSize pixels) const override;
-
- private:
   const std::unique_ptr<QSvgRenderer> renderer_;
-  const double widthTwips_;
-  const double heightTwips_;
 };
 
 }  // namespace Morvane

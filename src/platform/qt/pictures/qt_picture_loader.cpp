@@ -1,11 +1,14 @@
 #include "platform/qt/pictures/qt_picture_loader.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QStandardPaths>
 #include <QSvgRenderer>
+#include <algorithm>
 #include <system_error>
 
-#include "platform/files/program_part.h"
+#include "platform/old_formats/limits.h"
 #include "platform/qt/pictures/jpeg_extent.h"
 #include "platform/qt/pictures/old_formats.h"
 #include "platform/qt/pictures/picture_limits.h"
@@ -24,27 +27,13 @@ RuntimeError TooLarge(const std::string& name) {
   return Bad(name, "è troppo grande.");
 }
 
-// It may hold a JPEG, which the toolkit reads when it is drawn.
-PicturePtr FromSvg(const DecodedSvg& svg) {
+// It may hold a JPEG, which the toolkit reads when it is drawn. Null when it cannot be drawn.
+PicturePtr FromSvg(const QByteArray& svg) {
   auto renderer = std::make_unique<QSvgRenderer>();
-  if (!renderer->load(svg.text)) return nullptr;
-  return std::make_shared<SvgPicture>(std::move(renderer), svg.widthTwips, svg.heightTwips);
-}
-
-PicturePtr FromPixels(const DecodedPixels& pixels) {
-  const QImage rows(reinterpret_cast<const uchar*>(pixels.rgba.constData()), pixels.width, pixels.height,
-                    4 * qsizetype{pixels.width}, QImage::Format_RGBA8888);
-  QImage image = rows.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-  if (image.isNull()) return nullptr;
-  return std::make_shared<PixelPicture>(std::move(image));
-}
-
-// Null when it cannot be decoded.
-PicturePtr DecodeOld(const std::string& decoderPath, OldFormat format, const QByteArray& bytes) {
-  const auto decoded = DecodeOldFormat(decoderPath, format, bytes);
-  if (!decoded) return nullptr;
-  const auto* svg = std::get_if<DecodedSvg>(&*decoded);
-  return svg ? FromSvg(*svg) : FromPixels(std::get<DecodedPixels>(*decoded));
+  if (!renderer->load(svg)) return nullptr;
+  const QSize twips = renderer->defaultSize();
+  if (twips.isEmpty() || std::max(twips.width(), twips.height()) > DecoderLimits::kSideTwips) return nullptr;
+  return std::make_shared<SvgPicture>(std::move(renderer));
 }
 
 }  // namespace
@@ -54,7 +43,7 @@ RuntimeError DamagedPicture(const std::string& name) {
 }
 
 bool StartsPicture(const QByteArray& bytes) {
-  return FormatOf(bytes) || PictureReader(WithFileHeader(bytes)).KnowsFormat();
+  return FormatOf(bytes) || PictureReader(bytes).KnowsFormat();
 }
 
 PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes, DamageShows damage) {
@@ -102,17 +91,21 @@ PicturePtr QtPictureLoader::LoadPicture(const std::string& path) const {
 PicturePtr QtPictureLoader::Read(const std::string& path) const {
   const QByteArray bytes = QByteArray::fromStdString(files_.ReadBytes(path));
   const auto oldFormat = FormatOf(bytes);
-  if (!oldFormat) return PictureFromBytes(path, WithFileHeader(bytes), damage_);
+  if (!oldFormat) return PictureFromBytes(path, bytes, damage_);
   if (!QFileInfo(QString::fromStdString(decoderPath_)).isExecutable()) {
     throw Bad(path, "non può essere letta: manca il programma 'morvane-decode'.");
   }
-  PicturePtr picture = DecodeOld(decoderPath_, *oldFormat, bytes);
-  if (!picture) throw DamagedPicture(path);
-  return picture;
+  const auto decoded = DecodeOldFormat(decoderPath_, *oldFormat, bytes);
+  if (decoded && *oldFormat == OldFormat::Iff) return PictureFromBytes(path, *decoded, damage_);
+  PicturePtr drawing = decoded ? FromSvg(*decoded) : nullptr;
+  if (!drawing) throw DamagedPicture(path);
+  return drawing;
 }
 
 std::string OldFormatDecoderPath() {
-  return ProgramPart("morvane-decode");
+  const QString folder = QCoreApplication::applicationDirPath();
+  return QStandardPaths::findExecutable("morvane-decode", {folder, folder + "/../libexec/morvane"})
+      .toStdString();
 }
 
 }  // namespace Morvane

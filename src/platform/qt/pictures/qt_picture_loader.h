@@ -58,7 +58,8 @@ class QtPictureLoader : public PictureLoader {
   mutable LastRead last_;  // only with the mutex
 };
 
-// Where the decoder of old formats is.
+// The native path of the decoder of old formats: beside this program, as it is built, else in
+// ../libexec/morvane, as it is installed; empty when it is in neither. Needs the toolkit's application.
 std::string OldFormatDecoderPath();
 
 }  // namespace Morvane
