@@ -68,7 +68,7 @@ struct OpenWindow {
   OpenWindow() { window.form.BeginShow(); }
   void Read(const std::string& folder) {
     machine.Windows.Folders.push_back(folder);
-    window.Command2.PerformClick();
+    window.Command2.Click();
   }
 };
 

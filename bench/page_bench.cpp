@@ -149,14 +149,14 @@ void EditorStep(benchmark::State& run) {
     measure->SetText("18");
   QWidget& preview = WindowMachine::Widget(editor.form.Name(), "Picture1");
   CommandButton* const steps[] = {&editor.Command11, &editor.Command7, &editor.Command10, &editor.Command6};
-  editor.Command13.PerformClick();
+  editor.Command13.Click();
   WindowMachine::Settle(preview);
   double worst = 0;
   int step = 0;
   for (auto _ : run) {
     QElapsedTimer timer;
     timer.start();
-    steps[step++ % 4]->PerformClick();
+    steps[step++ % 4]->Click();
     preview.repaint();
     worst = std::max(worst, MillisecondsOf(timer));
   }
@@ -207,7 +207,7 @@ void TitleKeystroke(benchmark::State& run) {
   FrmPreview contents(state, desk.platform, {[] {}, [] { return std::string("ok"); }});
   desk.windows.ShowMain(contents.form);
   FindSubFolders("C:\\Disco", state, desk.platform.files, {}, contents.List1);
-  contents.Option1[5].PerformClick();
+  contents.Option1[5].UserClicks();
   QWidget& sheet = WindowMachine::Widget(contents.form.Name(), "Picture1");
   WindowMachine::Settle(sheet);
   double worst = 0;

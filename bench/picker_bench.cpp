@@ -69,7 +69,7 @@ void OpenPickerOnThem(benchmark::State& run) {
     run.ResumeTiming();
     QWidget& window = full->Show();
     full->picker->lblPath.SetCaption("C:\\Tante");
-    full->picker->Command4.PerformClick();
+    full->picker->Command4.Click();
     WindowMachine::Settle(window);
   }
 }
@@ -84,7 +84,7 @@ struct Shots {
   Shots() {
     fs::create_directory_symlink(KeptFolder("scatti", WriteShots), full.desk.machine.Root.Path("Scatti"));
     full.picker->lblPath.SetCaption("C:\\Scatti");
-    full.picker->Command4.PerformClick();
+    full.picker->Command4.Click();
     list = &WindowMachine::Widget(full.picker->form.Name(), "List1");
   }
 

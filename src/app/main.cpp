@@ -5,11 +5,9 @@
 #include <unistd.h>
 
 #include <QApplication>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QStandardPaths>
 #include <QTimer>
-#include <QTranslator>
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
@@ -84,10 +82,6 @@ int main(int argc, char** argv) {
   QApplication::setStyle(std::make_unique<ProgramStyle>().release());  // the application owns its style
   QApplication::setApplicationName("Morvane");
   QApplication::setDesktopFileName("morvane");
-  QTranslator italian;
-  if (italian.load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-    QApplication::installTranslator(&italian);
-  }
   fontRules.wait();
   InstallFontStandIns();
 

@@ -163,6 +163,10 @@ class Session {
     for (std::string deed; form.Visible() && deeds >> deed;) {
       const std::size_t end = deed.find_first_of("=!");
       const std::string value = end == std::string::npos ? "" : deed.substr(end + 1);
+      if (deed == "Timer1") {
+        windows.UserEvent(form.Timers.front()->Tick);
+        continue;
+      }
       const std::vector<Control*> controls = form.AllControls();
       Control* const control = *std::find_if(controls.begin(), controls.end(), [&](const Control* one) {
         return one->Name() == deed.substr(0, end);
@@ -184,17 +188,16 @@ class Session {
 
   void Do(Control& control, const std::string& value) {
     if (auto* const box = dynamic_cast<TextBox*>(&control)) return box->SetText(value);
-    if (auto* const timer = dynamic_cast<Timer*>(&control)) return timer->PerformTick();
-    if (auto* const button = dynamic_cast<CommandButton*>(&control)) return button->PerformClick();
+    if (auto* const button = dynamic_cast<CommandButton*>(&control)) return button->Click();
     if (dynamic_cast<ListBox*>(&control) != nullptr) {
       windows.MenuChoices = {value};
-      return control.PerformMouseDown(MouseButton::Right, 0, 0);
+      return control.MouseDown(MouseButton::Right, 0, 0);
     }
     auto& tree = dynamic_cast<TreeView&>(control);
     TreeNode* const node = tree.Find(value);
     if (node == nullptr) return;
     tree.UserExpands(*node);
-    tree.UserClicks(*node);
+    tree.UserSelects(*node);
   }
 
   void WriteKept(const std::string& path, const std::string& text) {

@@ -10,7 +10,7 @@
 #include "platform/qt/desktop/qt_screen.h"
 #include "platform/qt/desktop/qt_window_system.h"
 #include "tests/support/test_machine.h"
-#include "windows/platform.h"
+#include "windows/platform_services.h"
 
 namespace Morvane {
 

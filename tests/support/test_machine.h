@@ -10,7 +10,7 @@
 
 #include "platform/runtime_error.h"
 #include "tests/support/scripted_windows.h"
-#include "windows/platform.h"
+#include "windows/platform_services.h"
 
 namespace Morvane {
 

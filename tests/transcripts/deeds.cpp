@@ -22,6 +22,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/controls/timer.h"
 #include "platform/controls/tree_view.h"
 #include "platform/drawing/calibration_sheet.h"
 #include "platform/qt/painting/drawing_painter.h"
@@ -476,7 +477,9 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     {"maximise", {[](Scene& s, Words) { Hand::See(s.Top()).showMaximized(); }}},
     {"restore", {[](Scene& s, Words) { Hand::See(s.Top()).showNormal(); }}},
     {"tick", {[](Scene& s, Words w) {  // timer, times
-       auto& timer = dynamic_cast<Timer&>(s.Named(w));
+       const std::string name = w.Next().toStdString();
+       Timer& timer = **std::find_if(s.Top().Timers.begin(), s.Top().Timers.end(),
+                                     [&](const Timer* one) { return one->Name() == name; });
        for (int i = w.Next().toInt(); i > 0; --i) timer.Tick();
        timer.SetRunning(false);
      }}},

@@ -16,6 +16,7 @@
 #include "platform/controls/bars.h"
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
+#include "platform/controls/timer.h"
 #include "shapes.h"
 #include "telling.h"
 #include "tests/hand/hand.h"
@@ -219,10 +220,10 @@ Sight LookAt(const Form& form) {
   for (const auto* const tool : window.findChildren<QToolButton*>())
     if (!tool->toolTip().isEmpty()) sight["window tips"] << tool->toolTip();
   if (const auto* const bar = window.findChild<QMenuBar*>()) AddEntries(*bar, "", sight["window menu"]);
+  for (const Timer* const timer : form.Timers)
+    sight[QString::fromStdString(timer->Name()) + " each"] = {QString("%1 ms").arg(timer->Interval())};
   for (const Control* const control : form.AllControls()) {
     const QString name = QString::fromStdString(control->Name());
-    if (const auto* const timer = dynamic_cast<const Timer*>(control))
-      sight[name + " each"] = {QString("%1 ms").arg(timer->Interval())};
     const auto* const widget = window.findChild<QWidget*>(name);
     if (widget != nullptr && widget->isVisible()) AddControl(*control, *widget, sight);
   }

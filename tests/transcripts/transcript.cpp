@@ -42,9 +42,7 @@ Control& The(const Form& form, const std::string& name) {
 
 // Its preview is loaded and its folders are looked into when nothing else waits.
 void WaitForPicker(const Form& form) {
-  for (const Control* const control : form.AllControls()) {
-    const auto* const timer = dynamic_cast<const Timer*>(control);
-    if (timer == nullptr) continue;
+  for (const Timer* const timer : form.Timers) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !timer->Running(); })) << timer->Name();
   }
   Hand::Settle();
@@ -53,8 +51,8 @@ void WaitForPicker(const Form& form) {
 // The scrolling text and the turning disc, stopped where they come to by themselves.
 void StandStill(const Form& form) {
   constexpr double kStripTop = 925;  // twips
-  auto& scroll = dynamic_cast<Timer&>(The(form, "Timer1"));
-  auto& turn = dynamic_cast<Timer&>(The(form, "TimerAnimazione"));
+  Timer& scroll = *form.Timers.at(0);
+  Timer& turn = *form.Timers.at(1);
   while (The(form, "Picture5").Top() != kStripTop) scroll.Tick();
   while (The(form, "Picture2").ImageKey() != "form3_animazione_1") turn.Tick();
   scroll.SetRunning(false);  // reading the text anew has started it

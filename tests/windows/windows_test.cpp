@@ -103,7 +103,7 @@ TEST(FolderTree, OnASlowDiskAllFoldersAreSeenBeforeEachIsLookedInto) {
   AppState state;
   frmAbout picker(state, machine.platform, [] {});
   picker.form.EnsureLoaded();
-  while (picker.TimerCartelle.Running()) picker.TimerCartelle.PerformTick();
+  while (picker.TimerCartelle.Running()) picker.TimerCartelle.Tick();
   TreeNode& folder = *picker.tvwdirtree.Find("C:\\Molte");
   picker.tvwdirtree.UserExpands(folder);
   const auto& nodes = folder.Children();
@@ -112,7 +112,7 @@ TEST(FolderTree, OnASlowDiskAllFoldersAreSeenBeforeEachIsLookedInto) {
   EXPECT_FALSE(isRead(nodes.back()));
   picker.tvwdirtree.UserCollapses(folder);
   picker.tvwdirtree.UserExpands(folder);
-  while (picker.TimerCartelle.Running()) picker.TimerCartelle.PerformTick();
+  while (picker.TimerCartelle.Running()) picker.TimerCartelle.Tick();
   EXPECT_TRUE(std::all_of(nodes.begin(), nodes.end(), isRead));
 }
 

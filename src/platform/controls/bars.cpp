@@ -11,7 +11,7 @@ void Toolbar::SetButtonEnabled(std::string_view key, bool on) {
   if (button == Buttons.end()) throw std::logic_error("no button " + std::string(key) + " in " + Name());
   if (button->enabled == on) return;
   button->enabled = on;
-  Notify(ViewChange::Appearance);
+  OnViewChange(ViewChange::Appearance);
 }
 
 }  // namespace Morvane

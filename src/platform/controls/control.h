@@ -20,7 +20,7 @@ inline constexpr int kKeyEscape = 27;
 enum class MouseButton { Left = 1, Right = 2, Middle = 4 };
 
 // What of a control has changed, so that its view mirrors no more than that.
-enum class ViewChange { Geometry, Appearance, Content, Selection, Drawing, Focus };
+enum class ViewChange { Geometry, Appearance, Content, Selection, Focus };
 
 // One line of a window's control table. Measures are twips, relative to the control's container.
 struct ControlRow {
@@ -35,7 +35,7 @@ struct ControlRow {
 };
 
 // A control of a window: it holds its state and fires its events; a view of the back-end mirrors it and feeds
-// the user's actions back through the same setters. An event without a handler does nothing.
+// the user's actions back through the same setters.
 class Control {
  public:
   Control(Container& parent, std::string name);
@@ -43,15 +43,17 @@ class Control {
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
 
-  std::function<void(ViewChange)> OnViewChange;
+  std::function<void(ViewChange)> OnViewChange = [](ViewChange) {};
 
-  std::function<void()> Click;
-  std::function<void()> DblClick;
-  std::function<void()> LostFocus;
+  std::function<void()> Click = [] {};
+  std::function<void()> DblClick = [] {};
+  std::function<void()> LostFocus = [] {};
+  // Enter and Esc, while the control has the focus. With a handler the window has taken the key, which then
+  // presses no default or cancel button.
   std::function<void(int keyCode)> KeyDown;
   // Coordinates are twips from the control's corner; a PictureBox gives them in its surface's scale.
-  std::function<void(MouseButton button, double x, double y)> MouseDown;
-  std::function<void(double x, double y)> MouseMove;
+  std::function<void(MouseButton button, double x, double y)> MouseDown = [](MouseButton, double, double) {};
+  std::function<void(double x, double y)> MouseMove = [](double, double) {};
 
   const std::string& Name() const { return name_; }
   const std::string& Caption() const { return caption_; }
@@ -72,8 +74,8 @@ class Control {
   void SetLeft(double left) { Assign(left_, left, ViewChange::Geometry); }
   void SetTop(double top) { Assign(top_, top, ViewChange::Geometry); }
   // RuntimeError InvalidPropertyValue for a negative size.
-  void SetWidth(double width);
-  void SetHeight(double height);
+  void SetWidth(double width) { SetSide(width_, width); }
+  void SetHeight(double height) { SetSide(height_, height); }
   void SetVisible(bool on) { Assign(visible_, on, ViewChange::Appearance); }
   void SetFont(const Font& font) { Assign(font_, font, ViewChange::Appearance); }
   void SetForeColor(Color color) { Assign(foreColor_, color, ViewChange::Appearance); }
@@ -87,29 +89,21 @@ class Control {
   Container& Parent() const { return parent_; }
   void ApplyRow(const ControlRow& row);
 
-  // What the user does, fed in by the view (or by a test).
-  virtual void PerformClick();
-  void PerformMouseDown(MouseButton button, double xTwips, double yTwips);
-  void PerformMouseMove(double xTwips, double yTwips);
-  // Enter and Esc, while the control has the focus. True when the window took the key, which then presses no
-  // default or cancel button.
-  bool PerformKeyDown(int keyCode);
+  // What the user does, fed in by the view.
+  virtual void UserClicks() { Click(); }
 
  protected:
   template <typename T>
   void Assign(T& field, const T& value, ViewChange change) {
     if (field == value) return;
     field = value;
-    Notify(change);
-  }
-  void Notify(ViewChange change) {
-    if (OnViewChange) OnViewChange(change);
+    OnViewChange(change);
   }
   virtual void Resized() {}
-  virtual double EventX(double twips) const { return twips; }
-  virtual double EventY(double twips) const { return twips; }
 
  private:
+  void SetSide(double& side, double size);
+
   Container& parent_;
   std::string name_;
   std::string caption_;

@@ -28,6 +28,7 @@ Form::Form(const FormRow& row)
     : name_(row.name),
       caption_(row.caption),
       backgroundKey_(row.backgroundKey),
+      iconKey_(row.iconKey),
       resizable_(row.resizable),
       frameHeight_(row.frameHeight),
       width_(row.clientWidth),
@@ -35,18 +36,13 @@ Form::Form(const FormRow& row)
 
 void Form::SetCaption(const std::string& caption) {
   caption_ = caption;
-  Notify(ViewChange::Appearance);
-}
-
-void Form::SetIconKey(const std::string& key) {
-  iconKey_ = key;
-  Notify(ViewChange::Appearance);
+  OnViewChange(ViewChange::Appearance);
 }
 
 void Form::Move(double left, double top) {
   left_ = left;
   top_ = top;
-  Notify(ViewChange::Geometry);
+  OnViewChange(ViewChange::Geometry);
 }
 
 void Form::CentreOn(const Screen& screen) {
@@ -58,7 +54,7 @@ void Form::SetSize(double width, double height) {
   if (width == width_ && height == height_) return;
   width_ = width;
   height_ = height;
-  Notify(ViewChange::Geometry);
+  OnViewChange(ViewChange::Geometry);
   FireResize();
 }
 
@@ -72,7 +68,7 @@ void Form::SetMenuEnabled(std::string_view name, bool on) {
   MenuItem& item = Menu(name);
   if (item.enabled == on) return;
   item.enabled = on;
-  Notify(ViewChange::Content);
+  OnViewChange(ViewChange::Content);
 }
 
 void Form::LayOut(std::span<const ControlRow> table) {
@@ -103,18 +99,18 @@ std::vector<Control*> Form::AllControls() const {
 void Form::EnsureLoaded() {
   if (life_ != Life::New) return;
   life_ = Life::Loaded;
-  if (Load) Load();
+  Load();
 }
 
 void Form::Hide() {
   visible_ = false;
-  Notify(ViewChange::Appearance);
+  OnViewChange(ViewChange::Appearance);
 }
 
 void Form::UnloadForm() {
   if (life_ != Life::Loaded) return;
   life_ = Life::Unloaded;
-  if (Unload) Unload();
+  Unload();
   Hide();
 }
 
@@ -126,53 +122,41 @@ void Form::BeginShow() {
     shownBefore_ = true;
     FireResize();
   }
-  PerformActivate();
+  ActivateIfVisible();
 }
 
-void Form::UserMoved(double left, double top) {
+void Form::UserMoves(double left, double top) {
   left_ = left;
   top_ = top;
 }
 
-void Form::UserResized(double clientWidth, double clientHeight) {
+void Form::UserResizes(double clientWidth, double clientHeight) {
   if (clientWidth == ClientWidth() && clientHeight == ClientHeight()) return;
   width_ = clientWidth;
   height_ = clientHeight + frameHeight_;
   FireResize();
 }
 
-void Form::UserChangedState(WindowState state) {
+void Form::UserChangesState(WindowState state) {
   if (state_ == state) return;
   state_ = state;
   FireResize();
 }
 
-void Form::PerformActivate() {
-  if (visible_ && Activate) Activate();
-}
-
-void Form::PerformPaint() {
-  if (Paint) Paint();
-}
-
-void Form::PerformMouseMove(double x, double y) {
-  if (MouseMove) MouseMove(x, y);
+void Form::ActivateIfVisible() {
+  if (visible_) Activate();
 }
 
 void Form::MoveFocus(Control* control) {
   if (focused_ == control) return;
   Control* const previous = focused_;
   focused_ = control;
-  if (previous != nullptr && previous->LostFocus) previous->LostFocus();
-  if (control != nullptr && control->OnViewChange) control->OnViewChange(ViewChange::Focus);
-}
-
-void Form::Notify(ViewChange change) {
-  if (OnViewChange) OnViewChange(change);
+  if (previous != nullptr) previous->LostFocus();
+  if (control != nullptr) control->OnViewChange(ViewChange::Focus);
 }
 
 void Form::FireResize() {
-  if (shownBefore_ && Resize) Resize();
+  if (shownBefore_) Resize();
 }
 
 }  // namespace Morvane

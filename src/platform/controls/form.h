@@ -13,6 +13,8 @@
 
 namespace Morvane {
 
+class Timer;
+
 // One window as designed: measures of its client area in twips. `frameHeight` is what the window's Height
 // counts beyond the client area (title bar, and menu bar where there is one), the same on every desktop, so
 // that no layout depends on one.
@@ -23,6 +25,7 @@ struct FormRow {
   double clientHeight = 0;
   double frameHeight = 375;
   bool resizable = false;
+  std::string_view iconKey = {};        // artwork of the title bar's icon; the program's own without one
   std::string_view backgroundKey = {};  // artwork behind the controls
 };
 
@@ -36,14 +39,14 @@ class Form : public Container {
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
 
-  std::function<void(ViewChange)> OnViewChange;
+  std::function<void(ViewChange)> OnViewChange = [](ViewChange) {};
 
-  std::function<void()> Load;
-  std::function<void()> Activate;
-  std::function<void()> Resize;
-  std::function<void()> Paint;
-  std::function<void()> Unload;
-  std::function<void(double x, double y)> MouseMove;
+  std::function<void()> Load = [] {};
+  std::function<void()> Activate = [] {};
+  std::function<void()> Resize = [] {};
+  std::function<void()> Paint = [] {};
+  std::function<void()> Unload = [] {};
+  std::function<void(double x, double y)> MouseMove = [](double, double) {};
 
   Form& OwnerForm() override { return *this; }
 
@@ -52,9 +55,7 @@ class Form : public Container {
   void SetCaption(const std::string& caption);
   const std::string& BackgroundKey() const { return backgroundKey_; }
   bool Resizable() const { return resizable_; }
-  // Artwork of the title bar's icon.
   const std::string& IconKey() const { return iconKey_; }
-  void SetIconKey(const std::string& key);
   // The window's own font; no control takes it over.
   const Font& GetFont() const { return font_; }
   void SetFont(const Font& font) { font_ = font; }
@@ -81,6 +82,7 @@ class Form : public Container {
   void LayOut(std::span<const ControlRow> table);
   // All controls, containers before what they hold.
   std::vector<Control*> AllControls() const;
+  std::vector<Timer*> Timers;
 
   bool Loaded() const { return life_ == Life::Loaded; }
   bool Unloaded() const { return life_ == Life::Unloaded; }
@@ -92,19 +94,16 @@ class Form : public Container {
   // For the window system and the view, which the form owns: made when it is first shown, gone with it.
   std::shared_ptr<void> View;
   void BeginShow();
-  void UserMoved(double left, double top);
-  void UserResized(double clientWidth, double clientHeight);
-  void UserChangedState(WindowState state);
-  void PerformActivate();
-  void PerformPaint();
-  void PerformMouseMove(double x, double y);
+  void UserMoves(double left, double top);
+  void UserResizes(double clientWidth, double clientHeight);
+  void UserChangesState(WindowState state);
+  void ActivateIfVisible();
   void MoveFocus(Control* control);
   Control* FocusedControl() const { return focused_; }
 
  private:
   enum class Life { New, Loaded, Unloaded };
 
-  void Notify(ViewChange change);
   void FireResize();
 
   std::string name_;

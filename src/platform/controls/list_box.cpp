@@ -26,13 +26,13 @@ void ListBox::AddItem(const std::string& text) {
   const auto place = last ? rows_.end() : std::upper_bound(rows_.begin(), rows_.end(), text, ComesBefore);
   if (place - rows_.begin() <= listIndex_) ++listIndex_;
   rows_.insert(place, text);
-  Notify(ViewChange::Content);
+  OnViewChange(ViewChange::Content);
 }
 
 void ListBox::Clear() {
   rows_.clear();
   listIndex_ = -1;
-  Notify(ViewChange::Content);
+  OnViewChange(ViewChange::Content);
 }
 
 void ListBox::RemoveItem(int index) {
@@ -40,13 +40,13 @@ void ListBox::RemoveItem(int index) {
   rows_.erase(rows_.begin() + index);
   if (index == listIndex_) listIndex_ = -1;
   if (index < listIndex_) --listIndex_;
-  Notify(ViewChange::Content);
+  OnViewChange(ViewChange::Content);
 }
 
 void ListBox::SetList(int index, const std::string& text) {
   RequireRow(index);
   rows_[static_cast<std::size_t>(index)] = text;
-  Notify(ViewChange::Content);
+  OnViewChange(ViewChange::Content);
 }
 
 const std::string& ListBox::List(int index) const {
@@ -59,18 +59,14 @@ void ListBox::SetListIndex(int index) {
   if (index != -1) RequireRow(index);
   if (index == listIndex_) return;
   listIndex_ = index;
-  Notify(ViewChange::Selection);
-  if (Click) Click();
+  OnViewChange(ViewChange::Selection);
+  Click();
 }
 
 void ListBox::UserSelects(int index) {
   if (index < 0 || index >= ListCount()) return;
   if (index != listIndex_) return SetListIndex(index);
-  if (Click) Click();
-}
-
-void ListBox::PerformDblClick() {
-  if (DblClick) DblClick();
+  Click();
 }
 
 }  // namespace Morvane

@@ -34,7 +34,6 @@ class ListBox : public Control {
 
   // Fires Click for the selected row, too.
   void UserSelects(int index);
-  void PerformDblClick();
 
  private:
   void RequireRow(int index) const;

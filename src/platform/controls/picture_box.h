@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/controls/control.h"
@@ -20,21 +21,19 @@ struct DroppedPicture {
 // scale. It can hold other controls, which move within it.
 class PictureBox : public Control, public Container {
  public:
-  PictureBox(Container& parent, std::string name, const TextMetrics& metrics);
+  PictureBox(Container& parent, std::string name, const TextMetrics& metrics)
+      : Control(parent, std::move(name)), Surface(metrics) {
+    Surface.OnDrawn = [this] { OnViewChange(ViewChange::Content); };
+  }
 
   DrawingSurface Surface;
 
   // Pictures that are dragged over the box and dropped on it, in the surface's scale; none are accepted
   // without a handler. DragOver tells whether they may be dropped there; DragLeave comes at the end, before
   // Drop, too. Files come in the order of their names.
-  std::function<bool(double x, double y)> DragOver;
-  std::function<void()> DragLeave;
+  std::function<bool(double x, double y)> DragOver = [](double, double) { return false; };
+  std::function<void()> DragLeave = [] {};
   std::function<void(const std::vector<DroppedPicture>& pictures, double x, double y)> Drop;
-
-  // What the user does, fed in by the view.
-  bool PerformDragOver(double xTwips, double yTwips);
-  void PerformDragLeave();
-  void PerformDrop(const std::vector<DroppedPicture>& pictures, double xTwips, double yTwips);
 
   Form& OwnerForm() override { return Parent().OwnerForm(); }
   bool PaperBackground() const { return paperBackground_; }
@@ -43,8 +42,6 @@ class PictureBox : public Control, public Container {
 
  protected:
   void Resized() override { Surface.SetSize(Width(), Height()); }
-  double EventX(double twips) const override { return Surface.UserX(twips); }
-  double EventY(double twips) const override { return Surface.UserY(twips); }
 
  private:
   bool paperBackground_ = false;

@@ -10,41 +10,41 @@ void CheckBox::SetValue(int value) {
   }
   if (value_ == value) return;
   value_ = value;
-  Notify(ViewChange::Selection);
-  if (Click) Click();
+  OnViewChange(ViewChange::Selection);
+  Click();
 }
 
-void CheckBox::PerformClick() {
+void CheckBox::UserClicks() {
   SetValue(1 - value_);
 }
 
 void OptionButton::SetValue(bool value) {
   if (value_ == value) return;
   value_ = value;
-  Notify(ViewChange::Selection);
+  OnViewChange(ViewChange::Selection);
   if (!value) return;
   for (Control* sibling : Parent().Children()) {
     auto* other = dynamic_cast<OptionButton*>(sibling);
     if (other != nullptr && other != this) other->SetValue(false);
   }
-  if (Click) Click();
+  Click();
 }
 
-void OptionButton::PerformClick() {
+void OptionButton::UserClicks() {
   SetValue(true);
 }
 
 void TextBox::SetText(const std::string& text) {
   if (text_ == text) return;
   text_ = text;
-  Notify(ViewChange::Content);
-  if (Change) Change();
+  OnViewChange(ViewChange::Content);
+  Change();
 }
 
 void ImageBox::SetPicture(const PicturePtr& picture) {
   picture_ = picture;
   TakeNaturalSize();
-  Notify(ViewChange::Content);
+  OnViewChange(ViewChange::Content);
 }
 
 void ImageBox::SetStretch(bool on) {
@@ -56,10 +56,6 @@ void ImageBox::TakeNaturalSize() {
   if (stretch_ || !picture_) return;
   SetWidth(picture_->WidthTwips());
   SetHeight(picture_->HeightTwips());
-}
-
-void Timer::PerformTick() {
-  if (Tick) Tick();
 }
 
 }  // namespace Morvane

@@ -56,7 +56,7 @@ class CheckBox : public Control {
 
   int Value() const { return value_; }
   void SetValue(int value);
-  void PerformClick() override;
+  void UserClicks() override;
 
  private:
   int value_ = 0;
@@ -69,7 +69,7 @@ class OptionButton : public Control {
 
   bool Value() const { return value_; }
   void SetValue(bool value);
-  void PerformClick() override;
+  void UserClicks() override;
 
  private:
   bool value_ = false;
@@ -80,7 +80,7 @@ class TextBox : public Control {
  public:
   using Control::Control;
 
-  std::function<void()> Change;
+  std::function<void()> Change = [] {};
 
   const std::string& Text() const { return text_; }
   void SetText(const std::string& text);
@@ -114,24 +114,6 @@ class ImageBox : public Control {
 
   PicturePtr picture_;
   bool stretch_ = true;
-};
-
-// Fires Tick every Interval milliseconds while enabled. The interval is at least 1.
-class Timer : public Control {
- public:
-  using Control::Control;
-
-  std::function<void()> Tick;
-
-  int Interval() const { return interval_; }
-  void SetInterval(int milliseconds) { Assign(interval_, milliseconds, ViewChange::Content); }
-  bool Running() const { return running_; }
-  void SetRunning(bool on) { Assign(running_, on, ViewChange::Content); }
-  void PerformTick();
-
- private:
-  int interval_ = 1000;
-  bool running_ = false;
 };
 
 // A ruled line or an empty box, for the eye only.

@@ -35,7 +35,7 @@ TreeNode& TreeView::Add(const std::string& parentKey, const std::string& key, co
   } else {
     PlaceChild(*parent, *nodes_.back());
   }
-  if (redraw_) Notify(ViewChange::Content);
+  if (redraw_) OnViewChange(ViewChange::Content);
   return *nodes_.back();
 }
 
@@ -63,7 +63,7 @@ void TreeView::SetSorted(TreeNode& node, bool on) {
   node.sorted_ = on;
   if (!on || std::is_sorted(node.children_.begin(), node.children_.end(), ComesBefore)) return;
   std::stable_sort(node.children_.begin(), node.children_.end(), ComesBefore);
-  if (redraw_) Notify(ViewChange::Content);
+  if (redraw_) OnViewChange(ViewChange::Content);
 }
 
 void TreeView::EnsureVisible(TreeNode& node) {
@@ -74,28 +74,28 @@ void TreeView::EnsureVisible(TreeNode& node) {
 
 void TreeView::SetRedraw(bool on) {
   redraw_ = on;
-  if (on) Notify(ViewChange::Content);
+  if (on) OnViewChange(ViewChange::Content);
 }
 
-void TreeView::UserClicks(TreeNode& node) {
+void TreeView::UserSelects(TreeNode& node) {
   selected_ = &node;
-  Notify(ViewChange::Selection);
-  if (NodeClick) NodeClick(node);
-  if (Click) Click();
+  OnViewChange(ViewChange::Selection);
+  NodeClick(node);
+  Click();
 }
 
 void TreeView::UserExpands(TreeNode& node) {
   if (node.expanded_ || node.children_.empty()) return;
   node.expanded_ = true;
-  Notify(ViewChange::Selection);
-  if (Expand) Expand(node);
+  OnViewChange(ViewChange::Selection);
+  Expand(node);
 }
 
 void TreeView::UserCollapses(TreeNode& node) {
   if (!node.expanded_) return;
   node.expanded_ = false;
-  Notify(ViewChange::Selection);
-  if (Collapse) Collapse(node);
+  OnViewChange(ViewChange::Selection);
+  Collapse(node);
 }
 
 }  // namespace Morvane

@@ -44,9 +44,9 @@ class TreeView : public Control {
  public:
   using Control::Control;
 
-  std::function<void(TreeNode&)> Expand;
-  std::function<void(TreeNode&)> Collapse;
-  std::function<void(TreeNode&)> NodeClick;
+  std::function<void(TreeNode&)> Expand = [](TreeNode&) {};
+  std::function<void(TreeNode&)> Collapse = [](TreeNode&) {};
+  std::function<void(TreeNode&)> NodeClick = [](TreeNode&) {};
 
   // Adds a node under a parent, or at the top for an empty parent key. RuntimeError KeyNotUnique for a key
   // that exists, InvalidPropertyArrayIndex for an unknown parent.
@@ -68,7 +68,7 @@ class TreeView : public Control {
   void SetRedraw(bool on);
   bool Redraw() const { return redraw_; }
 
-  void UserClicks(TreeNode& node);
+  void UserSelects(TreeNode& node);
   void UserExpands(TreeNode& node);
   void UserCollapses(TreeNode& node);
 

@@ -24,7 +24,7 @@ void WindowSystem::ShowModal(Form& form) {
   shown_.erase(std::find(shown_.begin(), shown_.end(), &form));
   if (Form* const below = TopForm()) {
     Post([this, below] {
-      if (TopForm() == below) below->PerformActivate();
+      if (TopForm() == below) below->ActivateIfVisible();
     });
   }
 }

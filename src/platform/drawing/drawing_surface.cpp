@@ -151,11 +151,7 @@ void DrawingSurface::Add(Shape shape) {
   const Sheet sheet{-kMarginTwips, -kMarginTwips, widthTwips_ + kMarginTwips, heightTwips_ + kMarginTwips};
   if (!std::visit(Shows{sheet}, shape)) return;
   drawing_.push_back(std::move(shape));
-  Changed();
-}
-
-void DrawingSurface::Changed() {
-  if (!std::exchange(changed_, true) && OnDrawn) OnDrawn();
+  OnDrawn();
 }
 
 DrawingList DrawingSurface::TakeDrawing() {
@@ -168,7 +164,7 @@ void DrawingSurface::Cls() {
   drawing_.clear();
   CurrentX = 0;
   CurrentY = 0;
-  Changed();
+  OnDrawn();
 }
 
 void DrawingSurface::Line(double x1, double y1, double x2, double y2, LineStyle style,

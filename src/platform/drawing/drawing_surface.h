@@ -21,8 +21,8 @@ class DrawingSurface {
   DrawingSurface(const DrawingSurface&) = delete;
   DrawingSurface& operator=(const DrawingSurface&) = delete;
 
-  // Called once what is drawn differs from what Drawing() last gave.
-  std::function<void()> OnDrawn;
+  // Called at each change of what is drawn.
+  std::function<void()> OnDrawn = [] {};
 
   // Size in twips. A scale set by Scale() keeps its corners when the size changes.
   void SetSize(double widthTwips, double heightTwips);
@@ -76,10 +76,7 @@ class DrawingSurface {
   double TextWidth(const std::string& text) const;
   double TextHeight(const std::string& text) const;
 
-  const DrawingList& Drawing() const {
-    changed_ = false;
-    return drawing_;
-  }
+  const DrawingList& Drawing() const { return drawing_; }
   // Hands the drawing over and clears the surface.
   DrawingList TakeDrawing();
 
@@ -89,7 +86,6 @@ class DrawingSurface {
   double TwipsPerUnitX() const;
   double TwipsPerUnitY() const;
   void Add(Shape shape);
-  void Changed();
 
   const TextMetrics& metrics_;
   double widthTwips_ = 0;
@@ -101,7 +97,6 @@ class DrawingSurface {
   double userHeight_ = 1;
   Font font_;
   DrawingList drawing_;
-  mutable bool changed_ = false;  // since Drawing() was last asked
 };
 
 }  // namespace Morvane

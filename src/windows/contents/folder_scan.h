@@ -5,7 +5,7 @@
 
 #include "core/app_state.h"
 #include "windows/contents/listing.h"
-#include "windows/platform.h"
+#include "windows/platform_services.h"
 
 namespace Morvane {
 

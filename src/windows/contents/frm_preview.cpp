@@ -105,7 +105,6 @@ void FrmPreview::Form_Load() {
 }
 
 void FrmPreview::Form_Activate() {
-  form.SetIconKey("morvane");
   Picture2.SetImageKey("logo");
   Command1.SetImageKey(hooks_.pickerOkImage());
   Command2.SetImageKey("leggi");

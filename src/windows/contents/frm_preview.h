@@ -8,7 +8,7 @@
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
 #include "windows/contents/listing.h"
-#include "windows/platform.h"
+#include "windows/platform_services.h"
 
 namespace Morvane {
 

@@ -65,7 +65,6 @@ fONTEN::fONTEN(AppState& state, Platform& platform) : form(kWindow), state_(stat
 }
 
 void fONTEN::Form_Load() {
-  form.SetIconKey("morvane");
   form.CentreOn(platform_.screen);
   ElencaFonts(LstFonts, platform_.fonts);
   Label1.SetCaption("N. " + std::to_string(LstFonts.ListCount() + 1) + " Fonts installati");

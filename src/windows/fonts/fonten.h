@@ -5,7 +5,7 @@
 #include "core/app_state.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/simple_controls.h"
-#include "windows/platform.h"
+#include "windows/platform_services.h"
 
 namespace Morvane {
 

@@ -29,8 +29,6 @@ constexpr std::array kControls = {
     ControlRow{"Command2", "&Annulla", "Annulla la scelta e continua", 7590, 1020, 915, 375},
     ControlRow{"Frame1", "Anteprima immagine", "", 4590, 3060, 3915, 3075},
     ControlRow{"Image1", "", "Anteprima dell'immagine clic per selezione", 90, 270, 3435, 2655},
-    ControlRow{"TimerCartelle"},
-    ControlRow{"TimerAnteprima"},
 };
 
 constexpr Color kPaleYellow{255, 255, 192};
@@ -95,7 +93,6 @@ void frmAbout::ConnectButtons() {
 }
 
 void frmAbout::Form_Load() {
-  form.SetIconKey("morvane");
   form.CentreOn(platform_.screen);
   BuildTree(tvwdirtree, state_, platform_.screen, platform_.files, loadContentsWindow_);
   // Opening the Desktop node named its folder; no folder is current before the first click.

@@ -9,9 +9,10 @@
 #include "platform/controls/list_box.h"
 #include "platform/controls/menu.h"
 #include "platform/controls/simple_controls.h"
+#include "platform/controls/timer.h"
 #include "platform/controls/tree_view.h"
 #include "windows/image_picker/folder_tree.h"
-#include "windows/platform.h"
+#include "windows/platform_services.h"
 
 namespace Morvane {
 

@@ -11,8 +11,11 @@ namespace Morvane {
 
 namespace {
 
-constexpr FormRow kWindow{
-    .name = "Dialog", .caption = "Apertura file copertine", .clientWidth = 8280, .clientHeight = 6420};
+constexpr FormRow kWindow{.name = "Dialog",
+                          .caption = "Apertura file copertine",
+                          .clientWidth = 8280,
+                          .clientHeight = 6420,
+                          .iconKey = "dialog_icona"};
 
 // name, caption, tool-tip, left, top, width, height, spoken name. The height of List1 is also the long side
 // of the sheet in the preview.
@@ -108,7 +111,6 @@ Dialog::Dialog(AppState& state, Platform& platform, const CoverSlots& slots, Rnd
   for (int n = 1; n <= kShapes; ++n) Rulings.emplace_back(form, "Shape" + std::to_string(n));
   for (int n = 1; n <= kLines; ++n) Rulings.emplace_back(form, "Line" + std::to_string(n));
   form.LayOut(kControls);
-  form.SetIconKey("dialog_icona");
   Picture2.SetImageKey("dialog_icona");
   Picture1.SetPaperBackground(true);
   form.Load = [this] { Form_Load(); };

@@ -11,7 +11,7 @@
 #include "platform/controls/simple_controls.h"
 #include "render/cover_drawing.h"
 #include "windows/layout_editor/rnd.h"
-#include "windows/platform.h"
+#include "windows/platform_services.h"
 
 namespace Morvane {
 

@@ -57,7 +57,6 @@ Form1::Form1(AppState& state, Platform& platform, CoverSlots& slots, WindowOpene
       slots_(slots),
       openers_(std::move(openers)) {
   form.LayOut(kControls);
-  form.SetIconKey("morvane");
   Picture1.SetPaperBackground(true);
   Picture2.SetImageKey("logo");
   Picture2.SetHandPointer(true);

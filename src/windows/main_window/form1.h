@@ -12,7 +12,7 @@
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
 #include "render/cover_drawing.h"
-#include "windows/platform.h"
+#include "windows/platform_services.h"
 
 namespace Morvane {
 

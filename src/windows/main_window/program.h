@@ -9,7 +9,7 @@
 #include "windows/layout_editor/dialog.h"
 #include "windows/layout_editor/rnd.h"
 #include "windows/main_window/form1.h"
-#include "windows/platform.h"
+#include "windows/platform_services.h"
 #include "windows/side_windows/form2.h"
 #include "windows/side_windows/form3.h"
 #include "windows/side_windows/form4.h"

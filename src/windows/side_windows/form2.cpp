@@ -46,7 +46,6 @@ std::string ToolDescription() {
 
 Form2::Form2(Platform& platform) : form(kWindow), platform_(platform) {
   form.LayOut(kControls);
-  form.SetIconKey("morvane");
   form.Load = [this] { Form_Load(); };
   Text1.SetMultiLine(true);
   Text1.SetReadOnly(true);

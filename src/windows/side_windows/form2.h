@@ -2,7 +2,7 @@
 
 #include "platform/controls/form.h"
 #include "platform/controls/simple_controls.h"
-#include "windows/platform.h"
+#include "windows/platform_services.h"
 
 namespace Morvane {
 

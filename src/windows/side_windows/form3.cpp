@@ -23,8 +23,6 @@ constexpr std::array kControls = {
     ControlRow{"Label1(1)", "Made in Italy NO SPYWARE", "", 360, 2700, 1305, 390},
     ControlRow{"Picture6", "", "", 780, 4200, 480, 480, "Ombrano Kit"},
     ControlRow{"Picture7", "", "", 540, 5940, 990, 600, "Dona all'autore"},
-    ControlRow{"Timer1"},
-    ControlRow{"TimerAnimazione"},
     ControlRow{"Frame2", "", "", 2070, 120, 5055, 6930},
     ControlRow{"Picture4", "", "", 180, 630, 4605, 1935},
     ControlRow{"Picture5", "", "", 90, 60, 4455, 1815, "Testo che scorre"},
@@ -76,7 +74,6 @@ Form3::Form3(AppState& state, Platform& platform)
       state_(state),
       platform_(platform) {
   form.LayOut(kControls);
-  form.SetIconKey("morvane");
   DressLabels();
   Picture1.SetImageKey("form3_decoro");
   Picture2.SetImageKey(FrameKey(frame_));

@@ -7,7 +7,8 @@
 #include "platform/controls/form.h"
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
-#include "windows/platform.h"
+#include "platform/controls/timer.h"
+#include "windows/platform_services.h"
 
 namespace Morvane {
 
@@ -26,8 +27,8 @@ class Form3 {
   Label Label1_1{Frame1, "Label1(1)"};
   ImageBox Picture6{Frame1, "Picture6"};
   ImageBox Picture7{Frame1, "Picture7"};
-  Timer Timer1{Frame1, "Timer1"};  // moves the strip
-  Timer TimerAnimazione{Frame1, "TimerAnimazione"};
+  Timer Timer1{form, "Timer1"};  // moves the strip
+  Timer TimerAnimazione{form, "TimerAnimazione"};
   Frame Frame2{form, "Frame2"};
   PictureBox Picture4;  // the pane
   PictureBox Picture5;  // the strip

@@ -44,7 +44,6 @@ std::string SearchAddress(std::string terms, const std::string& kind) {
 
 Form4::Form4(Platform& platform) : form(kWindow), platform_(platform) {
   form.LayOut(kControls);
-  form.SetIconKey("morvane");
   form.Load = [this] { Form_Load(); };
   Picture1.SetImageKey("form4_decoro");
   Label1.SetFont({.name = "Verdana", .size = 8, .bold = true});

@@ -3,22 +3,44 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLibraryInfo>
 #include <QMenu>
+#include <QMessageBox>
 #include <QMetaObject>
 #include <QWindow>
 #include <memory>
 
-#include "platform/qt/desktop/boxes.h"
 #include "platform/qt/pictures/artwork.h"
 
 namespace Morvane {
 namespace {
 
 constexpr const char* kProgramTitle = "Morvane";
+constexpr int kPromptWidth = 420;
+
+QMessageBox::StandardButtons ButtonsFor(MsgBoxButtons buttons) {
+  if (buttons == MsgBoxButtons::YesNo) return QMessageBox::Yes | QMessageBox::No;
+  return buttons == MsgBoxButtons::OkCancel ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Ok;
+}
+
+// A box that ends without a button, as the program ends, agrees to nothing.
+MsgBoxAnswer AnswerOf(int button) {
+  if (button == QMessageBox::Ok) return MsgBoxAnswer::Ok;
+  if (button == QMessageBox::Yes) return MsgBoxAnswer::Yes;
+  return button == QMessageBox::No ? MsgBoxAnswer::No : MsgBoxAnswer::Cancel;
+}
+
+QString TitleOr(const std::string& title) {
+  return title.empty() ? kProgramTitle : QString::fromStdString(title);
+}
 
 }  // namespace
 
 QtWindowSystem::QtWindowSystem(FileSystem& files) : files_(files) {
+  if (italian_.load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QApplication::installTranslator(&italian_);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(ArtworkIcon("morvane"));
   QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &events_,
@@ -88,19 +110,32 @@ void QtWindowSystem::ActivateAfterOther() {
   const QWidget* const box = QApplication::activeModalWidget();
   if (box != nullptr && box != &running_.back()->Window()) return;
   leftToOther_ = false;
-  Dispatch([this] { TopForm()->PerformActivate(); });
+  Dispatch([this] { TopForm()->ActivateIfVisible(); });
 }
 
 MsgBoxAnswer QtWindowSystem::MsgBox(const std::string& text, MsgBoxButtons buttons,
                                     const std::string& title) {
   if (Ended()) return buttons == MsgBoxButtons::YesNo ? MsgBoxAnswer::No : MsgBoxAnswer::Cancel;
-  return ShowMessage(WindowOnTop(), text, buttons, title.empty() ? kProgramTitle : title);
+  QMessageBox box(WindowOnTop());
+  box.setTextFormat(Qt::PlainText);
+  box.setText(QString::fromStdString(text));
+  box.setWindowTitle(TitleOr(title));
+  box.setStandardButtons(ButtonsFor(buttons));
+  return AnswerOf(box.exec());
 }
 
 std::string QtWindowSystem::InputBox(const std::string& prompt, const std::string& title,
                                      const std::string& defaultText) {
   if (Ended()) return {};
-  return AskForLine(WindowOnTop(), prompt, title.empty() ? kProgramTitle : title, defaultText);
+  QInputDialog box(WindowOnTop());
+  box.setWindowTitle(TitleOr(title));
+  box.setLabelText(QString::fromStdString(prompt));
+  box.setTextValue(QString::fromStdString(defaultText));
+  box.setMinimumWidth(kPromptWidth);
+  auto& question = *box.findChild<QLabel*>();
+  question.setTextFormat(Qt::PlainText);
+  question.setWordWrap(true);
+  return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
 }
 
 void QtWindowSystem::PopupMenu(const std::vector<MenuItem>& items) {

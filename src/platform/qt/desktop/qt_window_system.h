@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTranslator>
 #include <string>
 #include <vector>
 
@@ -11,8 +12,8 @@
 
 namespace Morvane {
 
-// Windows, boxes and events of the desktop. Made after the application object and gone before it. After
-// ShowMain the caller runs the application's event loop, unless the program has already ended.
+// Windows, boxes and events of the desktop, in Italian. Made after the application object and gone before it.
+// After ShowMain the caller runs the application's event loop, unless the program has already ended.
 class QtWindowSystem : public WindowSystem {
  public:
   explicit QtWindowSystem(FileSystem& files);
@@ -41,6 +42,7 @@ class QtWindowSystem : public WindowSystem {
   void ActivateAfterOther();
 
   FileSystem& files_;
+  QTranslator italian_;
   PaintCache painted_;
   QObject events_;  // receiver of the queued calls, which end with it
   std::vector<FormView*> running_;

@@ -99,8 +99,6 @@ void ToolbarView::MirrorAppearance() {
 
 }  // namespace
 
-std::unique_ptr<ControlView> MakeToolbarView(Control& model, QWidget& parent, const ViewContext& context) {
-  return MakeFor<Toolbar, ToolbarView>(model, parent, context);
-}
+const ViewMaker kMakeToolbarView = MakeFor<Toolbar, ToolbarView>;
 
 }  // namespace Morvane

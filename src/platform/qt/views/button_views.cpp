@@ -168,7 +168,7 @@ CommandButtonView::CommandButtonView(CommandButton& model, QWidget& parent, cons
   connect(&widget_, &QPushButton::clicked, this, [this] {
     Feed([this] {
       model_.SetFocus();
-      model_.PerformClick();
+      model_.UserClicks();
     });
   });
 }
@@ -199,7 +199,7 @@ CheckBoxView::CheckBoxView(CheckBox& model, QWidget& parent, const ViewContext& 
   connect(&widget_, &QCheckBox::clicked, this, [this] {
     Feed([this] {
       model_.SetFocus();
-      model_.PerformClick();
+      model_.UserClicks();
     });
     MirrorSelection();
   });
@@ -220,7 +220,7 @@ OptionButtonView::OptionButtonView(OptionButton& model, QWidget& parent, const V
   connect(&widget_, &QRadioButton::clicked, this, [this] {
     Feed([this] {
       model_.SetFocus();
-      model_.PerformClick();
+      model_.UserClicks();
     });
     MirrorSelection();
   });
@@ -240,18 +240,8 @@ void OptionButtonView::MirrorSelection() {
 
 }  // namespace
 
-std::unique_ptr<ControlView> MakeCommandButtonView(Control& model, QWidget& parent,
-                                                   const ViewContext& context) {
-  return MakeFor<CommandButton, CommandButtonView>(model, parent, context);
-}
-
-std::unique_ptr<ControlView> MakeCheckBoxView(Control& model, QWidget& parent, const ViewContext& context) {
-  return MakeFor<CheckBox, CheckBoxView>(model, parent, context);
-}
-
-std::unique_ptr<ControlView> MakeOptionButtonView(Control& model, QWidget& parent,
-                                                  const ViewContext& context) {
-  return MakeFor<OptionButton, OptionButtonView>(model, parent, context);
-}
+const ViewMaker kMakeCommandButtonView = MakeFor<CommandButton, CommandButtonView>;
+const ViewMaker kMakeCheckBoxView = MakeFor<CheckBox, CheckBoxView>;
+const ViewMaker kMakeOptionButtonView = MakeFor<OptionButton, OptionButtonView>;
 
 }  // namespace Morvane

@@ -33,15 +33,13 @@ bool HoldsModifier(const QKeyEvent& event) {
 }
 
 void ControlView::Attach() {
-  if (QWidget* const widget = Widget()) {
-    widget->setObjectName(QString::fromStdString(model_.Name()));
-    Watch(*widget);
-  }
+  Widget().setObjectName(QString::fromStdString(model_.Name()));
+  Watch(Widget());
   model_.OnViewChange = [view = QPointer<ControlView>(this)](ViewChange change) {
     if (view) view->Mirror(change);
   };
-  for (const ViewChange change : {ViewChange::Appearance, ViewChange::Geometry, ViewChange::Content,
-                                  ViewChange::Selection, ViewChange::Drawing}) {
+  for (const ViewChange change :
+       {ViewChange::Appearance, ViewChange::Geometry, ViewChange::Content, ViewChange::Selection}) {
     Mirror(change);
   }
 }
@@ -57,33 +55,27 @@ void ControlView::Mirror(ViewChange change) {
       return MirrorContent();
     case ViewChange::Selection:
       return MirrorSelection();
-    case ViewChange::Drawing:
-      return MirrorDrawing();
     case ViewChange::Focus:
-      if (Widget() != nullptr && !Widget()->isAncestorOf(Widget()->window()->focusWidget()))
-        Widget()->setFocus();
+      if (!Widget().isAncestorOf(Widget().window()->focusWidget())) Widget().setFocus();
       return;
   }
 }
 
 void ControlView::MirrorGeometry() {
-  if (QWidget* const widget = Widget()) {
-    widget->setGeometry(ToPixels(model_.Left(), model_.Top(), model_.Width(), model_.Height()));
-  }
+  Widget().setGeometry(ToPixels(model_.Left(), model_.Top(), model_.Width(), model_.Height()));
 }
 
 void ControlView::MirrorAppearance() {
-  QWidget* const widget = Widget();
-  if (widget == nullptr) return;
-  widget->setToolTip(ToolTip(model_.ToolTipText()));
-  widget->setAccessibleName(SpokenText(model_));
-  widget->setFont(WidgetFont(model_.GetFont()));
-  MirrorPalette(*widget);
+  QWidget& widget = Widget();
+  widget.setToolTip(ToolTip(model_.ToolTipText()));
+  widget.setAccessibleName(SpokenText(model_));
+  widget.setFont(WidgetFont(model_.GetFont()));
+  MirrorPalette(widget);
   if (model_.HasHandPointer()) {
-    widget->setCursor(ArtworkPointer("hand"));
-    widget->setFocusPolicy(Qt::TabFocus);
+    widget.setCursor(ArtworkPointer("hand"));
+    widget.setFocusPolicy(Qt::TabFocus);
   }
-  widget->setVisible(model_.Visible());  // last, since it lays out what is in the widget
+  widget.setVisible(model_.Visible());  // last, since it lays out what is in the widget
 }
 
 // Black is left to the desktop's own text colour, which is light on a dark desktop.
@@ -128,28 +120,26 @@ bool ControlView::eventFilter(QObject* watched, QEvent* event) {
   }
 }
 
-// The control that has the keyboard is asked before the window's default and cancel buttons. A handler that
-// fails has taken the key, too.
+// The control that has the keyboard is asked before the window's default and cancel buttons.
 bool ControlView::KeyPressed(const QKeyEvent& event) {
-  bool taken = false;
-  if (const int keyCode = KeyCode(event)) {
-    Feed([&] {
-      taken = true;
-      taken = model_.PerformKeyDown(keyCode);
-    });
+  const int keyCode = KeyCode(event);
+  if (keyCode != 0 && model_.KeyDown) {
+    Feed([&] { model_.KeyDown(keyCode); });
+    return true;
   }
-  if (taken || !model_.HasHandPointer()) return taken;
-  if ((event.key() != Qt::Key_Space && !IsEnter(event)) || HoldsModifier(event)) return false;
-  if (!event.isAutoRepeat()) Feed([this] { model_.PerformClick(); });
+  if (!IsLink() || (event.key() != Qt::Key_Space && !IsEnter(event)) || HoldsModifier(event)) return false;
+  if (!event.isAutoRepeat()) Feed([this] { model_.UserClicks(); });
   return true;
+}
+
+QPointF ControlView::InEvents(QPointF pixels) const {
+  return {ToTwips(pixels.x()), ToTwips(pixels.y())};
 }
 
 bool ControlView::MousePressed(QWidget& part, const QMouseEvent& event) {
   pressed_ = event.button() == Qt::LeftButton && event.type() == QEvent::MouseButtonPress;
-  const QPointF place = part.mapTo(Widget(), event.position());
-  Feed([&] {
-    model_.PerformMouseDown(ToMouseButton(event.button()), ToTwips(place.x()), ToTwips(place.y()));
-  });
+  const QPointF place = InEvents(part.mapTo(&Widget(), event.position()));
+  Feed([&] { model_.MouseDown(ToMouseButton(event.button()), place.x(), place.y()); });
   return false;
 }
 
@@ -157,13 +147,13 @@ bool ControlView::MouseReleased(QWidget& part, const QMouseEvent& event) {
   const bool clicked =
       pressed_ && event.button() == Qt::LeftButton && part.rect().contains(event.position().toPoint());
   pressed_ = false;
-  if (clicked) Feed([this] { model_.PerformClick(); });
+  if (clicked) Feed([this] { model_.UserClicks(); });
   return false;
 }
 
 void ControlView::MouseMoved(QWidget& part, const QMouseEvent& event) {
-  const QPointF place = part.mapTo(Widget(), event.position());
-  Feed([&] { model_.PerformMouseMove(ToTwips(place.x()), ToTwips(place.y())); });
+  const QPointF place = InEvents(part.mapTo(&Widget(), event.position()));
+  Feed([&] { model_.MouseMove(place.x(), place.y()); });
 }
 
 }  // namespace Morvane

@@ -30,10 +30,9 @@ class ControlView : public QObject {
  public:
   ControlView(Control& model, const ViewContext& context) : model_(model), context_(context) {}
 
-  // Null for a control that is not seen.
-  virtual QWidget* Widget() = 0;
+  virtual QWidget& Widget() = 0;
   // What the Tab key stops at, in order.
-  virtual std::vector<QWidget*> FocusStops() { return {Widget()}; }
+  virtual std::vector<QWidget*> FocusStops() { return {&Widget()}; }
 
   // A picture or label to click, by Enter or Space, too, where it has the keyboard.
   bool IsLink() const { return model_.HasHandPointer(); }
@@ -48,12 +47,14 @@ class ControlView : public QObject {
   virtual void MirrorAppearance();
   virtual void MirrorContent() {}
   virtual void MirrorSelection() {}
-  virtual void MirrorDrawing() {}
 
   // What came from the user through the widget. True takes the event away from the widget.
   bool KeyPressed(const QKeyEvent& event);
   virtual bool MousePressed(QWidget& part, const QMouseEvent& event);
   virtual bool MouseReleased(QWidget& part, const QMouseEvent& event);
+
+  // A place of the widget as the control's events give it.
+  virtual QPointF InEvents(QPointF pixels) const;
 
   // Reports mouse and focus of a part of the widget too.
   void Watch(QWidget& part);
@@ -81,7 +82,7 @@ class WidgetView : public ControlView {
   WidgetView(Kind& model, QWidget& parent, const ViewContext& context)
       : ControlView(model, context), model_(model), widget_(&parent) {}
 
-  QWidget* Widget() override { return &widget_; }
+  QWidget& Widget() override { return widget_; }
 
  protected:
   Kind& model_;

@@ -5,12 +5,9 @@
 namespace Morvane {
 
 std::unique_ptr<ControlView> MakeControlView(Control& model, QWidget& parent, const ViewContext& context) {
-  static constexpr ViewMaker* kMakers[] = {
-      MakeCommandButtonView, MakeLabelView,    MakeTextBoxView, MakeCheckBoxView,   MakeOptionButtonView,
-      MakeListBoxView,       MakeNodeTreeView, MakeFrameView,   MakePictureBoxView, MakeImageBoxView,
-      MakeToolbarView,       MakeRulingView,   MakeTimerView,
-  };
-  for (ViewMaker* const make : kMakers) {
+  for (const ViewMaker make : {kMakeCommandButtonView, kMakeLabelView, kMakeTextBoxView, kMakeCheckBoxView,
+                               kMakeOptionButtonView, kMakeListBoxView, kMakeNodeTreeView, kMakeFrameView,
+                               kMakePictureBoxView, kMakeImageBoxView, kMakeToolbarView, kMakeRulingView}) {
     if (auto view = make(model, parent, context)) {
       view->Attach();
       return view;

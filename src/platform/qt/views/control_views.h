@@ -14,10 +14,11 @@ namespace Morvane {
 std::unique_ptr<ControlView> MakeControlView(Control& model, QWidget& parent, const ViewContext& context);
 
 // What the views' own sources offer: the view of one kind of control, null for another kind.
-using ViewMaker = std::unique_ptr<ControlView>(Control& model, QWidget& parent, const ViewContext& context);
-ViewMaker MakeCheckBoxView, MakeCommandButtonView, MakeFrameView, MakeImageBoxView, MakeLabelView,
-    MakeListBoxView, MakeNodeTreeView, MakeOptionButtonView, MakePictureBoxView, MakeRulingView,
-    MakeTextBoxView, MakeTimerView, MakeToolbarView;
+using ViewMaker = std::unique_ptr<ControlView> (*)(Control& model, QWidget& parent,
+                                                   const ViewContext& context);
+extern const ViewMaker kMakeCheckBoxView, kMakeCommandButtonView, kMakeFrameView, kMakeImageBoxView,
+    kMakeLabelView, kMakeListBoxView, kMakeNodeTreeView, kMakeOptionButtonView, kMakePictureBoxView,
+    kMakeRulingView, kMakeTextBoxView, kMakeToolbarView;
 
 template <typename Model, typename View>
 std::unique_ptr<ControlView> MakeFor(Control& model, QWidget& parent, const ViewContext& context) {

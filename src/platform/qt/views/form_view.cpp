@@ -50,6 +50,7 @@ FormView::FormView(Form& model, FormRole role, const ViewContext& context)
   BuildMenuBar();
   BuildViews(model_, client_);
   OrderTabs();
+  for (Timer* const timer : model_.Timers) KeepTime(*timer);
   MirrorAppearance();
   MirrorGeometry();
   model_.OnViewChange = [view = QPointer<FormView>(this)](ViewChange change) {
@@ -73,8 +74,8 @@ void FormView::BuildMenuBar() {
 void FormView::BuildViews(Container& container, QWidget& parent) {
   for (Control* const control : container.Children()) {
     views_.push_back(MakeControlView(*control, parent, context_));
-    QWidget* const widget = views_.back()->Widget();
-    if (auto* const inner = dynamic_cast<Container*>(control)) BuildViews(*inner, *widget);
+    QWidget& widget = views_.back()->Widget();
+    if (auto* const inner = dynamic_cast<Container*>(control)) BuildViews(*inner, widget);
   }
 }
 
@@ -88,6 +89,20 @@ void FormView::OrderTabs() {
   }
 }
 
+// A tick ends before the next begins, also when it shows a message.
+void FormView::KeepTime(Timer& timer) {
+  QTimer& clock = clocks_.emplace_back();
+  clock.setTimerType(Qt::PreciseTimer);
+  connect(&clock, &QTimer::timeout, this, [this, &clock, &timer] {
+    const QSignalBlocker once(clock);
+    context_.windows.Dispatch(timer.Tick);
+  });
+  timer.OnChange = [clock = QPointer<QTimer>(&clock), &timer] {
+    if (clock) timer.Running() ? clock->start(timer.Interval()) : clock->stop();
+  };
+  timer.OnChange();
+}
+
 void FormView::Mirror(ViewChange change) {
   if (change == ViewChange::Geometry) return MirrorGeometry();
   if (change == ViewChange::Content) return MirrorEnabled(menuActions_);
@@ -99,7 +114,7 @@ void FormView::Mirror(ViewChange change) {
 
 void FormView::MirrorAppearance() {
   window_.setWindowTitle(QString::fromStdString(model_.Caption()));
-  window_.setWindowIcon(ArtworkIcon(model_.IconKey()));
+  if (!model_.IconKey().empty()) window_.setWindowIcon(ArtworkIcon(model_.IconKey()));
 }
 
 void FormView::MirrorGeometry() {
@@ -166,7 +181,7 @@ void FormView::GrowBy(int width, int height) {
 void FormView::OfferSize(QSize room) {
   if (Desk().width() < designedWidth_) room.setWidth(std::max(room.width(), designedWidth_));
   if (room == ClientSize()) return;
-  context_.windows.Dispatch([&] { model_.UserResized(ToTwips(room.width()), ToTwips(room.height())); });
+  context_.windows.Dispatch([&] { model_.UserResizes(ToTwips(room.width()), ToTwips(room.height())); });
 }
 
 void FormView::Show(QWidget* above) {
@@ -175,8 +190,7 @@ void FormView::Show(QWidget* above) {
   window_.windowHandle()->installEventFilter(this);
   window_.show();
   Activate();
-  Control* const focused = model_.FocusedControl();
-  if (focused != nullptr && focused->OnViewChange) {
+  if (Control* const focused = model_.FocusedControl()) {
     focused->OnViewChange(ViewChange::Focus);
   } else if (QWidget* const first = FirstStop()) {
     first->setFocus();
@@ -236,7 +250,7 @@ bool FormView::ClientEvent(QEvent& event) {
   switch (event.type()) {
     case QEvent::MouseMove: {
       const QPointF place = static_cast<const QMouseEvent&>(event).position();
-      context_.windows.Dispatch([&] { model_.PerformMouseMove(ToTwips(place.x()), ToTwips(place.y())); });
+      context_.windows.Dispatch([&] { model_.MouseMove(ToTwips(place.x()), ToTwips(place.y())); });
       return false;
     }
     case QEvent::Paint:
@@ -261,7 +275,7 @@ void FormView::PaintBackground() {
 void FormView::Exposed() {
   const QRegion uncovered = std::exchange(uncovered_, {}).translated(window_.geometry().topLeft());
   if (!window_.windowHandle()->isExposed() || lastToolTip_.Held(uncovered)) return;
-  context_.windows.Dispatch([this] { model_.PerformPaint(); });
+  context_.windows.Dispatch(model_.Paint);
 }
 
 // The window system tells the place after the fact; one that stands for the form's own twips changes nothing.
@@ -271,14 +285,14 @@ void FormView::Moved() {
       place == QPoint(ToPixels(model_.Left()), ToPixels(model_.Top()))) {
     return;
   }
-  model_.UserMoved(ToTwips(place.x()), ToTwips(place.y()));
+  model_.UserMoves(ToTwips(place.x()), ToTwips(place.y()));
 }
 
 void FormView::WindowStateChanged() {
   const WindowState state = window_.isMinimized()   ? WindowState::Minimized
                             : window_.isMaximized() ? WindowState::Maximized
                                                     : WindowState::Normal;
-  context_.windows.Dispatch([&] { model_.UserChangedState(state); });
+  context_.windows.Dispatch([&] { model_.UserChangesState(state); });
 }
 
 // Keys that no control took.
@@ -288,7 +302,7 @@ bool FormView::KeyPressed(const QKeyEvent& event) {
   if (button == nullptr) return false;
   context_.windows.Dispatch([&] {
     button->SetFocus();
-    button->PerformClick();
+    button->UserClicks();
   });
   return true;
 }

@@ -6,13 +6,16 @@
 #include <QObject>
 #include <QPixmap>
 #include <QScrollArea>
+#include <QTimer>
 #include <QWidget>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <vector>
 
 #include "platform/controls/form.h"
 #include "platform/controls/simple_controls.h"
+#include "platform/controls/timer.h"
 #include "platform/qt/views/control_view.h"
 #include "platform/qt/views/last_tool_tip.h"
 #include "platform/qt/views/menu_builder.h"
@@ -42,6 +45,7 @@ class FormView : public QObject {
   void BuildMenuBar();
   void BuildViews(Container& container, QWidget& parent);
   void OrderTabs();
+  void KeepTime(Timer& timer);
   void Mirror(ViewChange change);
   void MirrorAppearance();
   void MirrorGeometry();
@@ -74,6 +78,7 @@ class FormView : public QObject {
   bool following_ = false;  // the window as the user resizes it
   MenuActions menuActions_;
   std::vector<std::unique_ptr<ControlView>> views_;
+  std::deque<QTimer> clocks_;
   QPixmap background_;
   QRegion uncovered_;  // told just before the window is exposed
   const LastToolTip lastToolTip_;

@@ -64,8 +64,6 @@ void LabelView::MirrorAppearance() {
 
 }  // namespace
 
-std::unique_ptr<ControlView> MakeLabelView(Control& model, QWidget& parent, const ViewContext& context) {
-  return MakeFor<Label, LabelView>(model, parent, context);
-}
+const ViewMaker kMakeLabelView = MakeFor<Label, LabelView>;
 
 }  // namespace Morvane

@@ -93,7 +93,7 @@ bool ListBoxView::MousePressed(QWidget& part, const QMouseEvent& event) {
   const QModelIndex row = widget_.indexAt(event.position().toPoint());
   if (!row.isValid() || row.row() != model_.ListIndex()) return false;
   Feed([&] {
-    event.type() == QEvent::MouseButtonDblClick ? model_.PerformDblClick() : model_.UserSelects(row.row());
+    event.type() == QEvent::MouseButtonDblClick ? model_.DblClick() : model_.UserSelects(row.row());
   });
   return true;
 }
@@ -101,15 +101,13 @@ bool ListBoxView::MousePressed(QWidget& part, const QMouseEvent& event) {
 bool ListBoxView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::ContextMenu) return ControlView::eventFilter(watched, event);
   if (static_cast<const QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
-    Feed([this] { model_.PerformMouseDown(MouseButton::Right, 0, 0); });
+    Feed([this] { model_.MouseDown(MouseButton::Right, 0, 0); });
   }
   return true;
 }
 
 }  // namespace
 
-std::unique_ptr<ControlView> MakeListBoxView(Control& model, QWidget& parent, const ViewContext& context) {
-  return MakeFor<ListBox, ListBoxView>(model, parent, context);
-}
+const ViewMaker kMakeListBoxView = MakeFor<ListBox, ListBoxView>;
 
 }  // namespace Morvane

@@ -139,7 +139,7 @@ NodeTreeView::NodeTreeView(TreeView& model, QWidget& parent, const ViewContext& 
   connect(&widget_, &QTreeView::collapsed, this,
           [this](const QModelIndex& at) { FollowExpansion(at, false); });
   connect(&widget_, &QTreeView::clicked, this,
-          [this](const QModelIndex& at) { Feed([&] { model_.UserClicks(*TreeNodes::NodeAt(at)); }); });
+          [this](const QModelIndex& at) { Feed([&] { model_.UserSelects(*TreeNodes::NodeAt(at)); }); });
   connect(widget_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this] { FollowSelection(); });
   Watch(*widget_.viewport());
@@ -186,7 +186,7 @@ void NodeTreeView::FollowExpansion(const QModelIndex& index, bool open) {
 void NodeTreeView::FollowSelection() {
   const QModelIndexList selected = widget_.selectionModel()->selectedIndexes();
   if (mouseDown_ || selected.isEmpty()) return;
-  Feed([&] { model_.UserClicks(*TreeNodes::NodeAt(selected.front())); });
+  Feed([&] { model_.UserSelects(*TreeNodes::NodeAt(selected.front())); });
 }
 
 bool NodeTreeView::MousePressed(QWidget& part, const QMouseEvent& event) {
@@ -216,8 +216,6 @@ bool NodeTreeView::MouseReleased(QWidget&, const QMouseEvent& event) {
 
 }  // namespace
 
-std::unique_ptr<ControlView> MakeNodeTreeView(Control& model, QWidget& parent, const ViewContext& context) {
-  return MakeFor<TreeView, NodeTreeView>(model, parent, context);
-}
+const ViewMaker kMakeNodeTreeView = MakeFor<TreeView, NodeTreeView>;
 
 }  // namespace Morvane

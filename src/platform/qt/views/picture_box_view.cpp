@@ -44,7 +44,8 @@ class PictureBoxView : public WidgetView<PictureBox, QWidget> {
 
  protected:
   void MirrorAppearance() override;
-  void MirrorDrawing() override;
+  void MirrorContent() override;
+  QPointF InEvents(QPointF pixels) const override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -66,7 +67,7 @@ PictureBoxView::PictureBoxView(PictureBox& model, QWidget& parent, const ViewCon
     : WidgetView(model, parent, context) {
   settled_.setSingleShot(true);
   settled_.setInterval(kSettledMilliseconds);
-  connect(&settled_, &QTimer::timeout, this, [this] { MirrorDrawing(); });
+  connect(&settled_, &QTimer::timeout, this, [this] { MirrorContent(); });
 }
 
 void PictureBoxView::MirrorAppearance() {
@@ -74,10 +75,14 @@ void PictureBoxView::MirrorAppearance() {
   widget_.setFocusPolicy(IsLink() ? Qt::StrongFocus : Qt::ClickFocus);
   widget_.setAttribute(Qt::WA_OpaquePaintEvent, model_.PaperBackground());
   widget_.setAcceptDrops(model_.Drop != nullptr);
-  MirrorDrawing();
+  MirrorContent();
 }
 
-void PictureBoxView::MirrorDrawing() {
+QPointF PictureBoxView::InEvents(QPointF pixels) const {
+  return {model_.Surface.UserX(ToTwips(pixels.x())), model_.Surface.UserY(ToTwips(pixels.y()))};
+}
+
+void PictureBoxView::MirrorContent() {
   kept_ = {};
   widget_.update();
 }
@@ -94,7 +99,7 @@ bool PictureBoxView::eventFilter(QObject* watched, QEvent* event) {
       DragMoved(static_cast<QDragMoveEvent&>(*event));
       return true;
     case QEvent::DragLeave:
-      Feed([this] { model_.PerformDragLeave(); });
+      Feed([this] { model_.DragLeave(); });
       return true;
     case QEvent::Drop:
       TakeDrop(static_cast<QDropEvent&>(*event));
@@ -115,19 +120,19 @@ void PictureBoxView::DragEntered(QDragEnterEvent& event) {
 
 void PictureBoxView::DragMoved(QDragMoveEvent& event) {
   bool welcome = false;
-  const QPointF place = event.position();
-  Feed([&] { welcome = model_.PerformDragOver(ToTwips(place.x()), ToTwips(place.y())); });
+  const QPointF place = InEvents(event.position());
+  Feed([&] { welcome = model_.DragOver(place.x(), place.y()); });
   event.setAccepted(welcome && Takes(event));
 }
 
 // The other program waits until the event has been taken, so what may ask the user comes after it.
 void PictureBoxView::TakeDrop(QDropEvent& event) {
-  Feed([this] { model_.PerformDragLeave(); });
+  Feed([this] { model_.DragLeave(); });
   if (!Takes(event)) return event.ignore();
   event.accept();
   Context().windows.Post(
-      [view = QPointer(this), pictures = PicturesIn(*event.mimeData()), place = event.position()] {
-        if (view) view->model_.PerformDrop(Dropped(pictures), ToTwips(place.x()), ToTwips(place.y()));
+      [view = QPointer(this), pictures = PicturesIn(*event.mimeData()), place = InEvents(event.position())] {
+        if (view) view->model_.Drop(Dropped(pictures), place.x(), place.y());
       });
 }
 
@@ -186,8 +191,6 @@ void PictureBoxView::DrawEdge(QPainter& painter) {
 
 }  // namespace
 
-std::unique_ptr<ControlView> MakePictureBoxView(Control& model, QWidget& parent, const ViewContext& context) {
-  return MakeFor<PictureBox, PictureBoxView>(model, parent, context);
-}
+const ViewMaker kMakePictureBoxView = MakeFor<PictureBox, PictureBoxView>;
 
 }  // namespace Morvane

@@ -2,9 +2,7 @@
 
 #include <QPainter>
 #include <QPixmap>
-#include <QScopedValueRollback>
 #include <QStyleOptionFocusRect>
-#include <QTimer>
 #include <algorithm>
 
 #include "platform/controls/simple_controls.h"
@@ -77,23 +75,6 @@ class RulingView : public WidgetView<Ruling, QWidget> {
   bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
-// Each tick ends before the next begins, also when one shows a message.
-class TimerView : public ControlView {
- public:
-  TimerView(Timer& model, QWidget& parent, const ViewContext& context);
-
-  QWidget* Widget() override { return nullptr; }
-  std::vector<QWidget*> FocusStops() override { return {}; }
-
- protected:
-  void MirrorContent() override;
-
- private:
-  Timer& model_;
-  QTimer timer_;
-  bool ticking_ = false;
-};
-
 void FrameView::MirrorAppearance() {
   ControlView::MirrorAppearance();
   widget_.setTitle(QString::fromStdString(Model().Caption()));
@@ -144,37 +125,10 @@ bool RulingView::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
-TimerView::TimerView(Timer& model, QWidget&, const ViewContext& context)
-    : ControlView(model, context), model_(model) {
-  timer_.setTimerType(Qt::PreciseTimer);
-  connect(&timer_, &QTimer::timeout, this, [this] {
-    if (ticking_) return;
-    const QScopedValueRollback<bool> once(ticking_, true);
-    Feed([this] { model_.PerformTick(); });
-  });
-}
-
-void TimerView::MirrorContent() {
-  if (!model_.Running()) return timer_.stop();
-  timer_.start(std::max(1, model_.Interval()));
-}
-
 }  // namespace
 
-std::unique_ptr<ControlView> MakeFrameView(Control& model, QWidget& parent, const ViewContext& context) {
-  return MakeFor<Frame, FrameView>(model, parent, context);
-}
-
-std::unique_ptr<ControlView> MakeImageBoxView(Control& model, QWidget& parent, const ViewContext& context) {
-  return MakeFor<ImageBox, ImageBoxView>(model, parent, context);
-}
-
-std::unique_ptr<ControlView> MakeRulingView(Control& model, QWidget& parent, const ViewContext& context) {
-  return MakeFor<Ruling, RulingView>(model, parent, context);
-}
-
-std::unique_ptr<ControlView> MakeTimerView(Control& model, QWidget& parent, const ViewContext& context) {
-  return MakeFor<Timer, TimerView>(model, parent, context);
-}
+const ViewMaker kMakeFrameView = MakeFor<Frame, FrameView>;
+const ViewMaker kMakeImageBoxView = MakeFor<ImageBox, ImageBoxView>;
+const ViewMaker kMakeRulingView = MakeFor<Ruling, RulingView>;
 
 }  // namespace Morvane

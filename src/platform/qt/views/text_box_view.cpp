@@ -74,11 +74,10 @@ void MultiLineTextBoxView::MirrorContent() {
 
 }  // namespace
 
-std::unique_ptr<ControlView> MakeTextBoxView(Control& model, QWidget& parent, const ViewContext& context) {
+const ViewMaker kMakeTextBoxView = [](Control& model, QWidget& parent, const ViewContext& context) {
   const auto* const box = dynamic_cast<TextBox*>(&model);
-  if (box == nullptr) return nullptr;
-  return box->MultiLine() ? MakeFor<TextBox, MultiLineTextBoxView>(model, parent, context)
-                          : MakeFor<TextBox, LineTextBoxView>(model, parent, context);
-}
+  return box != nullptr && box->MultiLine() ? MakeFor<TextBox, MultiLineTextBoxView>(model, parent, context)
+                                            : MakeFor<TextBox, LineTextBoxView>(model, parent, context);
+};
 
 }  // namespace Morvane

@@ -64,7 +64,7 @@ class SpoolerFaults : public PrintingTest {
     AppState state;
     FrmPreview window(state, platform_, {[] {}, [] { return std::string(); }});
     window.form.BeginShow();
-    machine_.Windows.UserEvent([&] { window.Command3.PerformClick(); });
+    machine_.Windows.UserEvent([&] { window.Command3.Click(); });
   }
 
   const sighandler_t told_ = ::signal(SIGXFSZ, SIG_IGN);  // the spooler's, too
