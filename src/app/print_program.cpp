@@ -1,14 +1,11 @@
 #include "app/print_program.h"
 
-#include <QtConcurrentMap>
 #include <algorithm>
-#include <exception>
 #include <filesystem>
 #include <memory>
 #include <system_error>
 #include <vector>
 
-#include "app/console.h"
 #include "core/default_layout.h"
 #include "core/layout_reader.h"
 #include "platform/files/file_system.h"
@@ -28,22 +25,18 @@ namespace {
 // A printer of PDF files of A4 without margins, a file a page.
 class PdfFiles : public Printers {
  public:
-  // After each page `undecodable` names the pictures that it is without.
-  PdfFiles(std::string pdf, int copies, std::vector<PicturePtr>& undecodable)
-      : pdf_(std::move(pdf)), copies_(copies), undecodable_(undecodable) {}
+  PdfFiles(std::string pdf, int copies) : pdf_(std::move(pdf)), copies_(copies) {}
 
   SheetSize PortraitSheet() override { return kA4; }
   PrintDialogAnswer ShowDialog(const PrintDialogRequest&, PageOrientation&) override { return {}; }
-  void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override {
-    const PictureLibrariesSilenced silence;
-    undecodable_ =
-        WritePdf(PdfNameOfCopy(pdf_, ++written_, copies_), page, orientation, PortraitSheet(), title);
+  std::vector<PicturePtr> SendPage(const DrawingList& page, PageOrientation orientation,
+                                   const std::string& title) override {
+    return WritePdf(PdfNameOfCopy(pdf_, ++written_, copies_), page, orientation, PortraitSheet(), title);
   }
 
  private:
   const std::string pdf_;
   const int copies_;
-  std::vector<PicturePtr>& undecodable_;
   int written_ = 0;
 };
 
@@ -82,67 +75,40 @@ void RequireCovers(const PrintArguments& arguments, const AppState& state) {
                                                                  std::to_string(state.NumCopertine) + ".");
 }
 
-struct PictureToLoad {
-  int cover = 0;
-  std::string file;  // as it was given
-  std::string path;
-  PicturePtr picture;
-  std::exception_ptr failure;
-};
-
-void Load(const PictureLoader& pictures, PictureToLoad& one) {
-  try {
-    one.picture = NamedAsGiven(one.file, one.path, [&] { return pictures.LoadPicture(one.path); });
-  } catch (...) {
-    one.failure = std::current_exception();
+// Puts each picture into its slot, but those whose files are none: then false.
+bool LoadPictures(const PrintArguments& arguments, const FileSystem& files, CoverSlots& slots,
+                  const Complain& complain) {
+  const QtPictureLoader pictures(files, OldFormatDecoderPath(), DamageShows::WhenPainted);
+  bool areAllGood = true;
+  for (const auto& [cover, file] : arguments.pictures) {
+    const std::string path = WindowsPath(files, file);
+    try {
+      slots.Image1.at(static_cast<std::size_t>(cover - 1)) =
+          NamedAsGiven(file, path, [&] { return pictures.LoadPicture(path); });
+    } catch (const RuntimeError& error) {
+      if (error.Number() != ErrorNumber::InvalidPicture) throw;
+      complain("copertina " + std::to_string(cover) + ": " + error.what());
+      areAllGood = false;
+    }
   }
-}
-
-// Puts the picture into its slot, or tells that it is a bad one: false. RuntimeError when the file is not
-// there.
-bool TakeInto(CoverSlots& slots, const PictureToLoad& one) {
-  try {
-    if (one.failure) std::rethrow_exception(one.failure);
-    slots.Image1.at(static_cast<std::size_t>(one.cover - 1)) = one.picture;
-    return true;
-  } catch (const RuntimeError& error) {
-    if (error.Number() != ErrorNumber::InvalidPicture) throw;
-    Complain("copertina " + std::to_string(one.cover) + ": " + error.what());
-    return false;
-  }
+  return areAllGood;
 }
 
 // Tells which pictures are damaged behind their heads. False when there is one.
 bool AreAllPainted(const PrintArguments& arguments, const CoverSlots& slots,
-                   const std::vector<PicturePtr>& undecodable) {
+                   const std::vector<PicturePtr>& undecodable, const Complain& complain) {
   bool areAllPainted = true;
   for (const auto& [cover, file] : arguments.pictures) {
     const PicturePtr& picture = slots.Image1.at(static_cast<std::size_t>(cover - 1));
     if (std::find(undecodable.begin(), undecodable.end(), picture) == undecodable.end()) continue;
-    Complain("copertina " + std::to_string(cover) + ": " + DamagedPicture(file).what());
+    complain("copertina " + std::to_string(cover) + ": " + DamagedPicture(file).what());
     areAllPainted = false;
   }
   return areAllPainted;
 }
 
-// On all processors at once: decoding takes most of the time. False when there was a bad picture.
-bool LoadPictures(const PrintArguments& arguments, const FileSystem& files, const PictureLoader& pictures,
-                  CoverSlots& slots) {
-  std::vector<PictureToLoad> loading;
-  for (const auto& [cover, file] : arguments.pictures) {
-    loading.push_back({cover, file, WindowsPath(files, file), nullptr, nullptr});
-  }
-  {
-    const PictureLibrariesSilenced silence;
-    QtConcurrent::blockingMap(loading, [&](PictureToLoad& one) { Load(pictures, one); });
-  }
-  bool areAllGood = true;
-  for (const PictureToLoad& one : loading) areAllGood = TakeInto(slots, one) && areAllGood;
-  return areAllGood;
-}
-
-ExitCode PrintCovers(const PrintArguments& arguments, const FileSystem& files, const PictureLoader& pictures,
-                     Printer& printer, const std::vector<PicturePtr>& undecodable) {
+ExitCode PrintCovers(const PrintArguments& arguments, const FileSystem& files, Printer& printer,
+                     const Complain& complain) {
   AppState state;
   CoverSlots slots;
   state.MaxCopertine = kMaxCovers;
@@ -151,18 +117,19 @@ ExitCode PrintCovers(const PrintArguments& arguments, const FileSystem& files, c
   if (state.NumCopertine == 0) InstallDefaultLayout(state);
   SetWorkspacePage(state);
   RequireCovers(arguments, state);
-  const bool areAllGood = LoadPictures(arguments, files, pictures, slots);
+  const bool areAllGood = LoadPictures(arguments, files, slots, complain);
   if (!state.NomeLayout.empty()) printer.JobTitle = state.NomeLayout;
+  std::vector<PicturePtr> undecodable;
   for (int copy = 1; copy <= arguments.copies; ++copy) {
-    const PictureLibrariesSilenced silence;  // a queue's pictures are decoded once more
     DisegnaFoglio(state, slots, printer);
-    printer.EndDoc();
+    undecodable = printer.EndDoc();
   }
-  return AreAllPainted(arguments, slots, undecodable) && areAllGood ? ExitCode::Done : ExitCode::NotPrinted;
+  const bool areAllPainted = AreAllPainted(arguments, slots, undecodable, complain);
+  return areAllPainted && areAllGood ? ExitCode::Done : ExitCode::NotPrinted;
 }
 
 void PrintContents(const PrintArguments& arguments, const FileSystem& files, const FontCatalog& fonts,
-                   Printer& printer) {
+                   Printer& printer, const Complain& complain) {
   const PrintArguments::Contents& contents = *arguments.contents;
   AppState state;
   state.ElencoFontName = contents.font;
@@ -174,7 +141,7 @@ void PrintContents(const PrintArguments& arguments, const FileSystem& files, con
   Listing listing;
   const std::string folder = WindowsPath(files, contents.folder);
   NamedAsGiven(contents.folder, folder,
-               [&] { FindSubFolders(folder, state, files, {.message = Complain}, listing); });
+               [&] { FindSubFolders(folder, state, files, {.message = complain}, listing); });
   state.ElencoColonne = static_cast<std::int16_t>(contents.columns);
   LineCount lost{};
   for (int copy = 1; copy <= arguments.copies; ++copy) {
@@ -183,16 +150,14 @@ void PrintContents(const PrintArguments& arguments, const FileSystem& files, con
     lost = PrintRoutineAAAA(page, 1.0, state, {listing, contents.title, contents.fullPath});
     printer.EndDoc();
   }
-  if (lost > 0) Complain("righe senza posto sul foglio: " + std::to_string(lost));
+  if (lost > 0) complain("righe senza posto sul foglio: " + std::to_string(lost));
 }
 
-// What the printers tell beside printing is put off: standard error is silent meanwhile. RuntimeError when
-// there is no such printer.
-std::unique_ptr<Printers> OpenDevice(const PrintArguments& arguments, std::vector<PicturePtr>& undecodable,
-                                     std::vector<std::string>& complaints) {
-  if (!arguments.pdf.empty()) return std::make_unique<PdfFiles>(arguments.pdf, arguments.copies, undecodable);
+// RuntimeError when there is no such printer.
+std::unique_ptr<Printers> OpenDevice(const PrintArguments& arguments, const Complain& complain) {
+  if (!arguments.pdf.empty()) return std::make_unique<PdfFiles>(arguments.pdf, arguments.copies);
   auto queue = std::make_unique<QtPrinters>();
-  queue->OnComplaint = [&](const std::string& text) { complaints.push_back(text); };
+  queue->OnComplaint = complain;
   if (!arguments.calibrated) queue->LeaveOutCalibration();
   queue->SelectPrinter(arguments.printer);
   return queue;
@@ -200,24 +165,14 @@ std::unique_ptr<Printers> OpenDevice(const PrintArguments& arguments, std::vecto
 
 }  // namespace
 
-ExitCode Print(const PrintArguments& arguments, const FileSystem& files) {
-  // A queue does not tell which pictures it went without.
-  const DamageShows damage = arguments.pdf.empty() ? DamageShows::AtLoading : DamageShows::WhenPainted;
-  const QtPictureLoader pictures(files, OldFormatDecoderPath(), damage);
+ExitCode Print(const PrintArguments& arguments, const FileSystem& files, const Complain& complain) {
   const QtTextMetrics metrics;
   const QtFontCatalog fonts;
-  std::vector<PicturePtr> undecodable;
-  std::vector<std::string> complaints;
-  const std::unique_ptr<Printers> device = OpenDevice(arguments, undecodable, complaints);
+  const std::unique_ptr<Printers> device = OpenDevice(arguments, complain);
   Printer printer(*device, metrics, fonts);
-  ExitCode code = ExitCode::Done;
-  if (arguments.contents) {
-    PrintContents(arguments, files, fonts, printer);
-  } else {
-    code = PrintCovers(arguments, files, pictures, printer, undecodable);
-  }
-  for (const std::string& complaint : complaints) Complain(complaint);
-  return code;
+  if (!arguments.contents) return PrintCovers(arguments, files, printer, complain);
+  PrintContents(arguments, files, fonts, printer, complain);
+  return ExitCode::Done;
 }
 
 }  // namespace Morvane

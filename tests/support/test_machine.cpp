@@ -61,11 +61,12 @@ PrintDialogAnswer RecordingPrinter::ShowDialog(const PrintDialogRequest& request
   return TakeFront(Answers, "print dialog");
 }
 
-void RecordingPrinter::SendPage(const DrawingList& page, PageOrientation orientation,
-                                const std::string& title) {
+std::vector<PicturePtr> RecordingPrinter::SendPage(const DrawingList& page, PageOrientation orientation,
+                                                   const std::string& title) {
   Tell("SendPage", ErrorNumber::PrinterFailure);
   if (Broken) throw RuntimeError(ErrorNumber::PrinterFailure, "La stampante non risponde.");
   Jobs.push_back({page, orientation, title});
+  return {};
 }
 
 PicturePtr TextPictures::LoadPicture(const std::string& path) const {

@@ -61,7 +61,8 @@ class RecordingPrinter : public Printers, public Hooked {
 
   SheetSize PortraitSheet() override;
   PrintDialogAnswer ShowDialog(const PrintDialogRequest& request, PageOrientation& orientation) override;
-  void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override;
+  std::vector<PicturePtr> SendPage(const DrawingList& page, PageOrientation orientation,
+                                   const std::string& title) override;
 };
 
 // A picture file of the tests is a text that begins with PICTURE; anything else cannot be decoded.

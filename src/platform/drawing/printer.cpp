@@ -34,9 +34,9 @@ PrintDialogAnswer Printer::ShowDialog(const PrintDialogRequest& request) {
   return device_.ShowDialog(request, orientation_);
 }
 
-void Printer::EndDoc() {
+std::vector<PicturePtr> Printer::EndDoc() {
   const DrawingList page = surface_.TakeDrawing();
-  device_.SendPage(page, orientation_, JobTitle);
+  return device_.SendPage(page, orientation_, JobTitle);
 }
 
 }  // namespace Morvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/drawing/drawing_surface.h"
 #include "platform/drawing/printers.h"
@@ -30,9 +31,9 @@ class Printer {
 
   PrintDialogAnswer ShowDialog(const PrintDialogRequest& request);
 
-  // Sends the page as one job and begins an empty one. RuntimeError PrinterFailure; the page is empty then,
-  // too.
-  void EndDoc();
+  // Sends the page as one job and begins an empty one; names the pictures that the sheet is without.
+  // RuntimeError PrinterFailure; the page is empty then, too.
+  std::vector<PicturePtr> EndDoc();
 
   // What the job is called in the queue.
   std::string JobTitle = "Morvane";

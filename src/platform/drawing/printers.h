@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/drawing/drawing_list.h"
 #include "platform/units.h"
@@ -44,8 +45,10 @@ class Printers {
   virtual PrintDialogAnswer ShowDialog(const PrintDialogRequest& request, PageOrientation& orientation) = 0;
 
   // Sends one page as a job of its own. Coordinates of `page` are twips from the corner of the printable
-  // area. RuntimeError PrinterFailure when the job is refused.
-  virtual void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) = 0;
+  // area. The result names the pictures that cannot be decoded, whose boxes stay empty. RuntimeError
+  // PrinterFailure when the job is refused.
+  virtual std::vector<PicturePtr> SendPage(const DrawingList& page, PageOrientation orientation,
+                                           const std::string& title) = 0;
 };
 
 }  // namespace Morvane

@@ -189,17 +189,17 @@ PrintDialogAnswer QtPrinters::ShowPdfDialog(PrintService service) {
   return {true, dialog.Copies()};
 }
 
-void QtPrinters::SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) {
+std::vector<PicturePtr> QtPrinters::SendPage(const DrawingList& page, PageOrientation orientation,
+                                             const std::string& title) {
   if (printer_) {
     const QString complaint = calibrations_.TakeComplaint();
     if (!complaint.isEmpty() && OnComplaint) OnComplaint(complaint.toStdString());
-    PrintPage(*printer_, TakeSheet(*printer_, chosen_), page, orientation, title,
-              calibrated_ ? calibrations_.Of(printer_->printerName()) : Calibration());
-    return;
+    return PrintPage(*printer_, TakeSheet(*printer_, chosen_), page, orientation, title,
+                     calibrated_ ? calibrations_.Of(printer_->printerName()) : Calibration());
   }
   if (!queue_.isEmpty()) throw Failure("La stampante '" + queue_ + "' non esiste.");
   QDir().mkpath(pdfFolder_);
-  WritePdf(FreePdfPath(pdfFolder_, title).toStdString(), page, orientation, kA4, title);
+  return WritePdf(FreePdfPath(pdfFolder_, title).toStdString(), page, orientation, kA4, title);
 }
 
 // Without a correction, at the printer that the dialog shows but has not yet taken: by a printer of its own,
@@ -216,9 +216,9 @@ void QtPrinters::PrintCalibrationSheet(const QString& queue, const QPageSize& si
   PrintPage(*printer, sheet, page.Drawing(), PageOrientation::Portrait, "Foglio di taratura", {});
 }
 
-void QtPrinters::PrintPage(QPrinter& printer, const PrinterSheet& sheet, const DrawingList& page,
-                           PageOrientation orientation, const std::string& title,
-                           const Calibration& calibration) {
+std::vector<PicturePtr> QtPrinters::PrintPage(QPrinter& printer, const PrinterSheet& sheet,
+                                              const DrawingList& page, PageOrientation orientation,
+                                              const std::string& title, const Calibration& calibration) {
   printer.setDocName(QString::fromStdString(title));
   printer.setCopyCount(1);
   KeepTrueScale(printer);
@@ -227,13 +227,13 @@ void QtPrinters::PrintPage(QPrinter& printer, const PrinterSheet& sheet, const D
     throw Failure("La stampante '" + printer.printerName() + "' non risponde.");
   }
   PlaceOnSheet(painter, printer, sheet, orientation, calibration);
-  PaintDrawing(painter, page, painted_);
+  std::vector<PicturePtr> undecodable = PaintDrawing(painter, page, painted_);
   idle_.start();
   if (!painter.end() || printer.printerState() == QPrinter::Error) {
     throw Failure("La stampante '" + printer.printerName() + "' ha interrotto il lavoro.");
   }
   const QString failure = LastSpoolerFailure();
-  if (failure.isEmpty()) return;
+  if (failure.isEmpty()) return undecodable;
   throw Failure("La stampante '" + printer.printerName() + "' ha rifiutato il lavoro: " + failure);
 }
 

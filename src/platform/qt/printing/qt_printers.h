@@ -46,7 +46,8 @@ class QtPrinters : public Printers {
 
   SheetSize PortraitSheet() override { return sheet_; }
   PrintDialogAnswer ShowDialog(const PrintDialogRequest& request, PageOrientation& orientation) override;
-  void SendPage(const DrawingList& page, PageOrientation orientation, const std::string& title) override;
+  std::vector<PicturePtr> SendPage(const DrawingList& page, PageOrientation orientation,
+                                   const std::string& title) override;
 
  private:
   PrintService FindPrinter();
@@ -58,8 +59,9 @@ class QtPrinters : public Printers {
   PrintDialogAnswer ShowPrinterDialog(const PrintDialogRequest& request, PageOrientation& orientation);
   PrintDialogAnswer ShowPdfDialog(PrintService service);
   void PrintCalibrationSheet(const QString& queue, const QPageSize& sheet);
-  void PrintPage(QPrinter& printer, const PrinterSheet& sheet, const DrawingList& page,
-                 PageOrientation orientation, const std::string& title, const Calibration& calibration);
+  std::vector<PicturePtr> PrintPage(QPrinter& printer, const PrinterSheet& sheet, const DrawingList& page,
+                                    PageOrientation orientation, const std::string& title,
+                                    const Calibration& calibration);
 
   PrinterSearch search_;
   QTimer found_;                       // looks whether the search that Prepare began has its answer
