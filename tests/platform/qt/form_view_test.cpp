@@ -1,16 +1,13 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
-#include <QScrollArea>
 #include <QTest>
 #include <QTimer>
 
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/qt/desktop/qt_window_system.h"
-#include "platform/qt/pictures/artwork.h"
 #include "platform/qt/pictures/qt_picture.h"
-#include "platform/qt/views/program_style.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
@@ -57,15 +54,6 @@ TEST_F(FormViewTest, ComingBackToAnOpenBoxActivatesTheWindowOnceTheBoxIsAnswered
   EXPECT_THAT(log, ElementsAre("Activate", "answer", "Activate"));
 }
 
-TEST(ProgramStyleTest, HasItsOwnSignForEntriesThatFindNoRoomAndForNothingElse) {
-  const auto sign = [](QStyle::StandardPixmap which) {
-    return ProgramStyle().standardIcon(which, nullptr, nullptr).pixmap(16).toImage();
-  };
-  const QImage own = ArtworkIcon("altri").pixmap(16).toImage();
-  EXPECT_EQ(sign(QStyle::SP_ToolBarHorizontalExtensionButton), own);
-  EXPECT_NE(sign(QStyle::SP_DirOpenIcon), own);
-}
-
 // While a window is resized its pictures are stretched, of whatever pixels are there.
 TEST_F(FormViewTest, PicturesAreSharpAgainOnceTheSizeStays) {
   QImage lines(400, 400, QImage::Format_RGB32);
@@ -93,25 +81,6 @@ TEST_F(FormViewTest, PicturesAreSharpAgainOnceTheSizeStays) {
   draw(3000);
   EXPECT_NE(seen(), large);
   EXPECT_TRUE(QTest::qWaitFor([&] { return seen() == large; }));
-}
-
-TEST_F(FormViewTest, WindowThatInsistsOnMoreThanTheScreenHasScrollsToItsEnds) {
-  Form large({.name = "Large",
-              .caption = "Prova",
-              .clientWidth = 60000,
-              .clientHeight = 54000,
-              .frameHeight = 0,
-              .resizable = true});
-  large.Resize = [&] { large.SetSize(large.Width(), 54000); };
-  windows.ShowMain(large);
-  QApplication::processEvents();
-  QWidget* const window = QApplication::activeWindow();
-  window->resize(3000, 2000);  // by hand
-  QApplication::processEvents();
-  EXPECT_EQ(window->size(), QSize(3000, 2000));
-  auto& content = *window->findChild<QScrollArea*>();
-  content.ensureVisible(4000, 3600, 0, 0);
-  EXPECT_TRUE(content.widget()->visibleRegion().contains(QPoint(3999, 3599)));
 }
 
 TEST_F(FormViewTest, TimerTicksWhileItRunsAndNotWithinATick) {

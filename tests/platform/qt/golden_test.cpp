@@ -5,67 +5,48 @@
 #include <QPainter>
 
 #include "platform/qt/pictures/artwork.h"
+#include "platform/qt/views/program_style.h"
 
 namespace Morvane {
 namespace {
 
-// A piece of a window: a caption, a ruling of light lines, an icon.
-struct Piece {
-  double captionLeft = 10;
-  int captionEnd = 200;
-  int missingLine = -1;
-  int iconLeft = 150;
-};
-
-QImage Painted(const Piece& piece, double ratio) {
+// A piece of a window: an icon, a caption whose end may be cut, a ruling of light lines, one of which may be
+// missing.
+QImage Piece(double ratio, double captionLeft, int captionEnd = 200, int missingLine = -1) {
   QImage image((QSizeF(200, 60) * ratio).toSize(), QImage::Format_RGB32);
   image.setDevicePixelRatio(ratio);
   image.fill(QColor(239, 239, 239));
   QPainter painter(&image);
+  ArtworkIcon("stampa").paint(&painter, 150, 30, 24, 24);
   painter.setFont(QFont("Liberation Sans", 10));
-  painter.setClipRect(QRectF(0, 0, piece.captionEnd, 60));
-  painter.drawText(QPointF(piece.captionLeft, 20), "Scelta immagine");
-  painter.setClipping(false);
+  painter.drawText(QPointF(captionLeft, 20), "Scelta immagine");
+  painter.fillRect(captionEnd, 0, 200, 25, QColor(239, 239, 239));
   painter.setPen(QColor(170, 170, 170));
   for (int line = 0; line < 30; ++line)
-    if (line != piece.missingLine) painter.drawLine(5 + 4 * line, 40, 5 + 4 * line, 50);
-  ArtworkIcon("stampa").paint(&painter, piece.iconLeft, 10, 24, 24);
+    if (line != missingLine) painter.drawLine(5 + 4 * line, 40, 5 + 4 * line, 50);
   return image;
-}
-
-// The column behind the caption's last ink.
-int EndOfCaption() {
-  const QImage image = Painted({}, 1);
-  int end = 0;
-  for (int x = 0; x < 140; ++x)
-    for (int y = 0; y < 30; ++y)
-      if (qGray(image.pixel(x, y)) < 128) end = x + 1;
-  return end;
 }
 
 TEST(GoldenTest, SeesWhatIsCutMissingOrMovedAndNotHowAnEdgeIsSmoothed) {
   for (const double ratio : {1.0, 2.0}) {
-    const QImage held = Painted({}, ratio);
-    const auto seen = [&](const Piece& piece) { return !SeenAtAGlance(held, Painted(piece, ratio)).empty(); };
-    EXPECT_FALSE(seen({}));
-    EXPECT_FALSE(seen({.captionLeft = 10.25}));
-    EXPECT_TRUE(seen({.captionLeft = 12}));
-    EXPECT_TRUE(seen({.captionEnd = EndOfCaption() - 2}));
-    EXPECT_TRUE(seen({.missingLine = 12}));
-    EXPECT_TRUE(seen({.iconLeft = 153}));
+    const QImage held = Piece(ratio, 10);
+    const auto differs = [&](const QImage& seen) { return !SeenAtAGlance(held, seen).empty(); };
+    int cut = 200;  // at the end of the caption
+    while (Piece(ratio, 10, cut) == held) --cut;
+    EXPECT_FALSE(differs(Piece(ratio, 10.25)));
+    EXPECT_TRUE(differs(Piece(ratio, 12)));
+    EXPECT_TRUE(differs(Piece(ratio, 10, 200, 12)));
+    EXPECT_TRUE(differs(Piece(ratio, 10, cut - 2)));
   }
 }
 
-TEST(ArtworkTest, IconsAreDrawnForThePixelsOfTheScreen) {
-  for (const double ratio : {1.0, 1.5, 2.0}) {
-    QImage seen((QSizeF(24, 24) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
-    seen.setDevicePixelRatio(ratio);
-    seen.fill(Qt::transparent);
-    QPainter painter(&seen);
-    ArtworkIcon("stampa").paint(&painter, 0, 0, 24, 24);
-    painter.end();
-    EXPECT_EQ(seen, ArtworkPixmap("stampa", {24, 24}, ratio).toImage()) << ratio;
-  }
+TEST(ProgramStyleTest, HasItsOwnSignForEntriesThatFindNoRoomAndForNothingElse) {
+  const auto sign = [](QStyle::StandardPixmap which) {
+    return ProgramStyle().standardIcon(which, nullptr, nullptr).pixmap(16).toImage();
+  };
+  const QImage own = ArtworkIcon("altri").pixmap(16).toImage();
+  EXPECT_EQ(sign(QStyle::SP_ToolBarHorizontalExtensionButton), own);
+  EXPECT_NE(sign(QStyle::SP_DirOpenIcon), own);
 }
 
 }  // namespace

@@ -52,15 +52,13 @@ TEST_F(QtLauncherTest, WhatIsOpenedIsOneArgumentAndADocumentLiesInTheProgramsFol
   machine_.WriteFile("C:\\Morvane\\omk.htm", "kit");
   machine_.WriteFile("C:\\Morvane\\--help", "not an option");
   const std::string folder = machine_.Root.Path() + "/Morvane/";
-  const std::string addresses[] = {"http://a.example/search?q=copertine+cd&x=1", "AZaz:/`id`$(id);'\"|&"};
-  const std::pair<std::string, std::string> cases[] = {{addresses[0], addresses[0]},
-                                                       {addresses[1], addresses[1]},
-                                                       {"omk.htm", folder + "omk.htm"},
-                                                       {"C:\\Morvane\\omk.htm", folder + "omk.htm"},
-                                                       {"--help", folder + "--help"}};
-  for (const auto& [target, argument] : cases) {
-    launcher_.ShellExecute(target);
-    EXPECT_EQ(Started(), argument + "\n/dev/null\n");
+  for (const char* address : {"http://a.example/search?q=copertine+cd&x=1", "AZaz:/`id`$(id);'\"|&"}) {
+    launcher_.ShellExecute(address);
+    EXPECT_EQ(Started(), std::string(address) + "\n/dev/null\n");
+  }
+  for (const char* name : {"omk.htm", "C:\\Morvane\\omk.htm", "--help"}) {
+    launcher_.ShellExecute(name);
+    EXPECT_EQ(Started(), folder + (name[0] == '-' ? name : "omk.htm") + "\n/dev/null\n");
   }
   for (const char* missing :
        {"", "manca.htm", "-version", "http://a.example/\nrm", "http://a.example/\r", "\x1B"})
