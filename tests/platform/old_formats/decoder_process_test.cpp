@@ -1,8 +1,9 @@
-#include "platform/qt/pictures/old_formats.h"
-
 #include <gtest/gtest.h>
 
 #include "platform/old_formats/limits.h"
+#include "platform/qt/pictures/old_formats.h"
+#include "platform/qt/pictures/svg_references.h"
+#include "tests/support/held_text.h"
 
 namespace Morvane {
 
@@ -36,6 +37,13 @@ TEST(DecoderProcess, FeedsAndCollectsMoreThanAPipeHoldsAndSurvivesWhatDoesNotRea
   EXPECT_EQ(run("/bin/true", "", kMostBytes), "");
   EXPECT_EQ(run("/bin/false", "", kMostBytes), std::nullopt);
   EXPECT_EQ(run("/nowhere/decoder", "emf", kMostBytes), std::nullopt);
+}
+
+TEST(SvgReferences, AreAcceptedOnlyWhereTheyStayInside) {
+  ExpectCases("tests/platform/old_formats/svg_references.txt", [](const std::string& given) {
+    const bool accepted = RefersOnlyToItself(QByteArray::fromStdString(given).chopped(1));
+    return accepted ? "accepted" : "refused";
+  });
 }
 
 }  // namespace
