@@ -11,8 +11,6 @@
 namespace Morvane {
 namespace {
 
-using testing::HasSubstr;
-
 constexpr const char* kPath = "C:\\Morvane\\morvane.ini";
 
 class SettingsTest : public testing::Test {
@@ -24,9 +22,8 @@ class SettingsTest : public testing::Test {
     return std::to_string(state.SpessoreBordo) + " " + state.FileFolder;
   }
   void RefuseFiles() {
-    machine.Files->BeforeCall = [](const std::string& call, const std::string& path) {
-      if (call == "OpenForInput" || call == "WriteText")
-        throw RuntimeError(ErrorNumber::PathFileAccess, path);
+    machine.Files->BeforeCall = [](const std::string&, const std::string& path) {
+      throw RuntimeError(ErrorNumber::PathFileAccess, path);
     };
   }
 
@@ -64,20 +61,15 @@ TEST_F(SettingsTest, AreWrittenByteForByteReadBackAndKeptQuietlyWhenTheyCannotBe
   RefuseFiles();
   state.SpessoreBordo = 1;
   SalvaImpostazioni(state, *machine.Files);
-  EXPECT_NE(machine.Files->ReadBytes(kPath).find("= 5 "), std::string::npos);
+  machine.Files->BeforeCall = {};
+  EXPECT_EQ(Read(), "5 C:\\Città\\");
 }
 
-TEST(VersionCheck, DropsTheLastByteComparesTheDigitsAsNumbersAndNamesThree) {
-  const AppInfo here;
-  for (const std::string body : {"261\n2.6.1", "2601\n2.6.0", "1000\n1.0.0", " 261 \n2.6.1", "3000\n3.0.0"}) {
-    const std::size_t end = body.find('\n') + 1;
-    const std::string remote = VersioneRemota(body.substr(0, end));
-    EXPECT_TRUE(IsNewer(remote, VersioneLocale(here))) << body;
-    EXPECT_THAT(NewVersionMessage(here, remote), HasSubstr("versione " + body.substr(end) + " del"));
-  }
-  for (const char* body : {"261", "260\n", "259\n", "9", "", "<html>404</html>\n"}) {
-    EXPECT_FALSE(IsNewer(VersioneRemota(body), VersioneLocale(here))) << body;
-  }
+TEST(VersionCheck, DropsTheLastByteAndComparesTheDigitsAsNumbers) {
+  for (const char* body : {"261\n", "2601\n", "1000\n", " 261 \n"})
+    EXPECT_TRUE(IsNewer(VersioneRemota(body), VersioneLocale({}))) << body;
+  for (const char* body : {"261", "260\n", "259\n", "9", "", "<html>404</html>\n"})
+    EXPECT_FALSE(IsNewer(VersioneRemota(body), VersioneLocale({}))) << body;
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include "platform/runtime_error.h"
 #include "render/page_setup.h"
-#include "render/print_job.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
@@ -14,9 +13,6 @@ namespace {
 class CoverDrawing : public ::testing::Test {
  protected:
   CoverDrawing() {
-    state.NumCopertine = 1;
-    state.SpessoreBordo = 1;
-    state.PaginaAlte = 297;
     surface.SetSize(10 * kTwipsPerInch, 10 * kTwipsPerInch);
     surface.SetScaleMode(ScaleMode::Inches);
   }
@@ -68,14 +64,6 @@ TEST_F(CoverDrawing, PageFitsTheSurfaceWithThePrintersLettersTurnedByTheLayoutAl
   machine.Device.Broken = true;
   EXPECT_THROW(ImpostaPagina(surface, state, printer), RuntimeError);
   EXPECT_EQ(surface.CurrentX, 7) << "the page in view stays";
-}
-
-TEST_F(CoverDrawing, ACancelPrintsNoneOfItsCopiesAndLeavesThePageOnTheScreen) {
-  state.SuSchermo = 1;
-  machine.Device.Answers = {{.accepted = false, .copies = 3}};
-  Stampa(state, slots, machine.ThePrinter);
-  EXPECT_TRUE(machine.Device.Jobs.empty());
-  EXPECT_EQ(state.SuSchermo, 1);
 }
 
 }  // namespace
