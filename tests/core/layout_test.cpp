@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <random>
 
 #include "core/default_layout.h"
 #include "core/layout_files.h"
@@ -114,27 +113,6 @@ TEST_F(LayoutTest, IsWrittenByteForByteAndTheCoverOnShowFromItsRawTexts) {
             head + ",5\r\nAlte1=121\r\nCopertina2=\r\nDistx2= 1.5\r\nDisty2=12,5\r\nLarg2=abc\r\nAlte2=\r\n");
   Read(ComposeLayout(state, {}));
   EXPECT_EQ(state.CopLarg[1], CmFromMm(25)) << "a comma ends the number";
-}
-
-TEST_F(LayoutTest, IsReadBackWithoutLossWhereTheCaptionNamesNoCoverOrTheHundredth) {
-  std::mt19937 random(1902);
-  std::uniform_int_distribution<int> hundredths(-5000, 60000);
-  state.NumCopertine = 100;
-  for (const char* const caption : {"Ogg.00", "Ogg.", ""}) {
-    state.Orientamento = static_cast<std::int16_t>(1 - state.Orientamento);
-    for (std::size_t n = 1; n <= 100; ++n) {
-      state.CopForma[n] = hundredths(random) % 2;
-      state.CopLarg[n] = CmFromMm(hundredths(random) / 100.0);
-      state.CopDisty[n] = InchesFromMm(hundredths(random) / 100.0);
-    }
-    const LayoutTables written = state;
-    const EditRow row{caption, "raw", "raw", "raw", "raw"};
-    const std::string text = ComposeLayout(state, row);
-    static_cast<LayoutTables&>(state) = {};
-    Read(text);
-    EXPECT_TRUE(tables == written) << caption;
-    EXPECT_EQ(ComposeLayout(state, row), text);
-  }
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <random>
 #include <sstream>
 
-#include "core/measures.h"
 #include "core/number_text.h"
 #include "platform/runtime_error.h"
 #include "tests/support/held_text.h"
@@ -38,15 +37,6 @@ TEST(NumberToText, ComesBackThroughValToFifteenDigits) {
     const double value = std::stod(text);
     EXPECT_EQ(Val(text), value);
     EXPECT_EQ(Val(NumberToText(value, '.')), value) << text;
-  }
-}
-
-TEST(Measures, BringTenthsOfMillimetresBackThroughTheTables) {
-  for (int tenths = -5000; tenths <= 50000; ++tenths) {
-    const double mm = tenths / 10.0;
-    const std::string text = NumberToText(mm, '.');
-    ASSERT_EQ(NumberToText(MmFromCm(CmFromMm(mm)), '.'), text);
-    ASSERT_EQ(NumberToText(MmFromInches(InchesFromMm(mm)), '.'), text);
   }
 }
 
