@@ -5,6 +5,7 @@
 
 #include "files_test.h"
 #include "platform/files/app_folder.h"
+#include "platform/windows_1252.h"
 #include "tests/support/held_text.h"
 
 namespace Morvane {
@@ -73,6 +74,14 @@ class Disk : public FilesTest {
     if (files.FileExists(path)) return files.FolderExists(path) ? "both" : "file";
     return files.FolderExists(path) ? "folder" : "nothing";
   }
+  std::string Where(const std::string& path) const {
+    const std::string kind = Kind(path);
+    return kind == "nothing" ? kind : kind + " " + ReadableUtf8(WithoutRoot(files.ToNative(path)));
+  }
+  std::string Type(const std::string& drive) const {
+    const DriveType type = files.TypeOfDrive(drive);
+    return type == DriveType::CdRom ? "disc" : type == DriveType::NoRoot ? "none" : "another";
+  }
   std::string Lines(const std::string& path) const {
     std::vector<std::string> lines;
     const auto file = files.OpenForInput(path);
@@ -96,6 +105,12 @@ class Disk : public FilesTest {
       {"tree", [&](auto& of, auto&) { return Readable(Everything(true, of)); }},
       {"app", [&](auto& of, auto&) { return FindApp(of); }},
       {"is", [&](auto& of, auto&) { return Kind(of); }},
+      {"where", [&](auto& of, auto&) { return Where(of); }},
+      {"told", [&](auto& of, auto&) { return files.FromNative(disk.Path() + Bytes(of)); }},
+      {"roots", [&](auto&, auto&) { return Joined(files.DriveRoots()); }},
+      {"type", [&](auto& of, auto&) { return Type(of); }},
+      {"label", [&](auto& of, auto&) { return files.VolumeLabel(of); }},
+      {"desktop", [&](auto&, auto&) { return files.DesktopFolder(); }},
       {"read", [&](auto& of, auto&) { return files.ReadBytes(of); }},
       {"open", [&](auto& of, auto&) { return Lines(of); }},
       {"list", [&](auto& of, auto&) { return Joined(files.PlainFiles(of)); }},
