@@ -89,7 +89,7 @@ int main(int argc, char** argv) {
                    QStandardPaths::writableLocation(QStandardPaths::DesktopLocation).toStdString());
   QtWindowSystem windows(files);
   Screen screen;
-  const QtScreen screenMirror(screen);
+  FollowDesktop(screen);
   QtPictureLoader pictures(files, OldFormatDecoderPath());
   const QtTextMetrics metrics;
   const QtFontCatalog fonts;

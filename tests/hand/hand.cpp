@@ -165,8 +165,9 @@ void HandWindows::RunModal(Form& form) {
 Hand::Hand(TestMachine& machine)
     : windows(*machine.Files, machine.Windows),
       platform{windows,       machine.TheScreen,  *machine.Files,   machine.Pictures, machine.Metrics,
-               machine.Fonts, machine.ThePrinter, machine.Launches, machine.Http,     machine.platform.app},
-      screen_(machine.TheScreen) {}
+               machine.Fonts, machine.ThePrinter, machine.Launches, machine.Http,     machine.platform.app} {
+  FollowDesktop(machine.TheScreen);
+}
 
 void Hand::Show(Form& form) {
   windows.ShowMain(form);

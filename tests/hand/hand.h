@@ -78,8 +78,6 @@ class Hand {
 
  private:
   static QWidget& Find(const Control& control);
-
-  const QtScreen screen_;
 };
 
 }  // namespace Morvane

@@ -35,7 +35,7 @@ struct ControlRow {
 };
 
 // A control of a window: it holds its state and fires its events; a view of the back-end mirrors it and feeds
-// the user's actions back through the same setters.
+// the user's actions back through the same setters. What has no setter is chosen before the window is shown.
 class Control {
  public:
   Control(Container& parent, std::string name);
@@ -67,7 +67,6 @@ class Control {
   const Font& GetFont() const { return font_; }
   Color ForeColor() const { return foreColor_; }
   const std::string& ImageKey() const { return imageKey_; }
-  bool HasHandPointer() const { return handPointer_; }
 
   void SetCaption(const std::string& caption) { Assign(caption_, caption, ViewChange::Appearance); }
   void SetToolTipText(const std::string& text) { Assign(toolTip_, text, ViewChange::Appearance); }
@@ -81,7 +80,8 @@ class Control {
   void SetForeColor(Color color) { Assign(foreColor_, color, ViewChange::Appearance); }
   // Names a drawing of the program's own artwork (data/images), without extension; empty for none.
   void SetImageKey(const std::string& key) { Assign(imageKey_, key, ViewChange::Appearance); }
-  void SetHandPointer(bool on) { Assign(handPointer_, on, ViewChange::Appearance); }
+  // The pointer over it, of a picture or label to click.
+  bool HandPointer = false;
 
   // Moves the keyboard here; LostFocus of the control that had it comes first.
   void SetFocus();
@@ -117,7 +117,6 @@ class Control {
   Font font_{.name = "Verdana", .size = 8};
   Color foreColor_;
   std::string imageKey_;
-  bool handPointer_ = false;
 };
 
 // What holds controls: a form, a frame, a picture box. The order of its children is the tab order.

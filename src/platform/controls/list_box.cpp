@@ -22,7 +22,7 @@ void ListBox::RequireRow(int index) const {
 
 // Names mostly come in their order; then there is nothing to look for.
 void ListBox::AddItem(const std::string& text) {
-  const bool last = !sorted_ || rows_.empty() || !ComesBefore(text, rows_.back());
+  const bool last = !Sorted || rows_.empty() || !ComesBefore(text, rows_.back());
   const auto place = last ? rows_.end() : std::upper_bound(rows_.begin(), rows_.end(), text, ComesBefore);
   if (place - rows_.begin() <= listIndex_) ++listIndex_;
   rows_.insert(place, text);

@@ -14,7 +14,7 @@ class ListBox : public Control {
  public:
   using Control::Control;
 
-  void SetSorted(bool on) { sorted_ = on; }
+  bool Sorted = false;
   void AddItem(const std::string& text);
   void Clear();
   // RuntimeError InvalidPropertyArrayIndex outside 0 to ListCount - 1.
@@ -38,7 +38,6 @@ class ListBox : public Control {
  private:
   void RequireRow(int index) const;
 
-  bool sorted_ = false;
   std::vector<std::string> rows_;
   int listIndex_ = -1;
 };

@@ -36,15 +36,11 @@ class PictureBox : public Control, public Container {
   std::function<void(const std::vector<DroppedPicture>& pictures, double x, double y)> Drop;
 
   Form& OwnerForm() override { return Parent().OwnerForm(); }
-  bool PaperBackground() const { return paperBackground_; }
   // A white sheet behind the drawing; otherwise the window shows through.
-  void SetPaperBackground(bool on) { Assign(paperBackground_, on, ViewChange::Appearance); }
+  bool PaperBackground = false;
 
  protected:
   void Resized() override { Surface.SetSize(Width(), Height()); }
-
- private:
-  bool paperBackground_ = false;
 };
 
 }  // namespace Morvane

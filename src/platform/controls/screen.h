@@ -17,7 +17,7 @@ struct ScreenSize {
 // The screen that windows stand on. The back-end tells the size and mirrors the pointer.
 class Screen {
  public:
-  std::function<void()> OnPointerChange;
+  std::function<void()> OnPointerChange = [] {};
   // What windows may cover now.
   std::function<ScreenSize()> Measure = [] {
     return ScreenSize{1024 * kTwipsPerPixel, 768 * kTwipsPerPixel};
@@ -30,7 +30,7 @@ class Screen {
   void SetMousePointer(MousePointer pointer) {
     if (pointer_ == pointer) return;
     pointer_ = pointer;
-    if (OnPointerChange) OnPointerChange();
+    OnPointerChange();
   }
   // Artwork of the custom pointer.
   const std::string& MouseIcon() const { return mouseIcon_; }

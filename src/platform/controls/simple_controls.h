@@ -16,14 +16,8 @@ class Label : public Control {
  public:
   using Control::Control;
 
-  Alignment TextAlignment() const { return alignment_; }
-  void SetAlignment(Alignment alignment) { Assign(alignment_, alignment, ViewChange::Appearance); }
-  std::optional<Color> BackColor() const { return backColor_; }
-  void SetBackColor(Color color) { Assign(backColor_, std::optional(color), ViewChange::Appearance); }
-
- private:
-  Alignment alignment_ = Alignment::Left;
-  std::optional<Color> backColor_;
+  Alignment TextAlignment = Alignment::Left;
+  std::optional<Color> BackColor;
 };
 
 class CommandButton : public Control {
@@ -31,14 +25,8 @@ class CommandButton : public Control {
   using Control::Control;
 
   // Pressed by Enter or Esc wherever the focus is, unless the focused control takes the key.
-  bool IsDefault() const { return default_; }
-  void SetDefault(bool on) { Assign(default_, on, ViewChange::Appearance); }
-  bool IsCancel() const { return cancel_; }
-  void SetCancel(bool on) { Assign(cancel_, on, ViewChange::Appearance); }
-
- private:
-  bool default_ = false;
-  bool cancel_ = false;
+  bool Default = false;
+  bool Cancel = false;
 };
 
 // A box with a caption that holds other controls; the option buttons directly in it are one group.
@@ -84,18 +72,13 @@ class TextBox : public Control {
 
   const std::string& Text() const { return text_; }
   void SetText(const std::string& text);
-  bool MultiLine() const { return multiLine_; }
-  void SetMultiLine(bool on) { Assign(multiLine_, on, ViewChange::Appearance); }
-  bool ReadOnly() const { return readOnly_; }
-  void SetReadOnly(bool on) { Assign(readOnly_, on, ViewChange::Appearance); }
-  Alignment TextAlignment() const { return alignment_; }
-  void SetAlignment(Alignment alignment) { Assign(alignment_, alignment, ViewChange::Appearance); }
+
+  bool MultiLine = false;
+  bool ReadOnly = false;
+  Alignment TextAlignment = Alignment::Left;
 
  private:
   std::string text_;
-  bool multiLine_ = false;
-  bool readOnly_ = false;
-  Alignment alignment_ = Alignment::Left;
 };
 
 // Shows a picture, or a drawing of the program's artwork. With Stretch off the control takes the picture's

@@ -60,15 +60,15 @@ FrmPreview::FrmPreview(AppState& state, Platform& platform, FrmPreviewHooks hook
       platform_(platform),
       hooks_(std::move(hooks)) {
   form.LayOut(kControls);
-  Command1.SetCancel(true);
+  Command1.Cancel = true;
   Command3.SetImageKey("stampa");
   Command4.SetImageKey("font");
   Option1.front().SetValue(true);
-  Label1.SetAlignment(Alignment::Centre);
+  Label1.TextAlignment = Alignment::Centre;
   Label1.SetFont({.name = "MS Sans Serif", .size = 7});  // it begins left of the window
   Text1.SetText("Titolo CD");
-  Picture1.SetPaperBackground(true);
-  Picture2.SetHandPointer(true);
+  Picture1.PaperBackground = true;
+  Picture2.HandPointer = true;
   Connect();
 }
 

@@ -47,13 +47,13 @@ void ElencaFonts(ListBox& list, const FontCatalog& fonts) {
 
 fONTEN::fONTEN(AppState& state, Platform& platform) : form(kWindow), state_(state), platform_(platform) {
   form.LayOut(kControls);
-  LstFonts.SetSorted(true);
+  LstFonts.Sorted = true;
   LstFonts.SetFont({.name = "MS Sans Serif", .size = 8});
   Text1.SetText("8");
   cmdCancel.SetImageKey("annulla");
   cmdOK.SetImageKey("ok");
-  cmdOK.SetDefault(true);
-  cmdCancel.SetCancel(true);
+  cmdOK.Default = true;
+  cmdCancel.Cancel = true;
 
   form.Load = [this] { Form_Load(); };
   form.Paint = [this] { Form_Paint(); };

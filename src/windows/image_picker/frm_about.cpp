@@ -46,7 +46,7 @@ frmAbout::frmAbout(AppState& state, Platform& platform, std::function<void()> lo
   form.Activate = [this] { TimerCartelle.SetRunning(!unread_.empty()); };
   form.MouseMove = [this](double, double) { ResetPointer(); };
   Frame1.MouseMove = [this](double, double) { ResetPointer(); };
-  lblPath.SetBackColor(kPaleYellow);
+  lblPath.BackColor = kPaleYellow;
   ConnectTree();
   ConnectList();
   ConnectButtons();
@@ -63,7 +63,7 @@ void frmAbout::ConnectTree() {
 }
 
 void frmAbout::ConnectList() {
-  List1.SetSorted(true);
+  List1.Sorted = true;
   List1.Click = [this] { List1_Click(); };
   List1.DblClick = [this] { Command1_Click(); };
   List1.KeyDown = [this](int keyCode) { List1_KeyDown(keyCode); };

@@ -112,7 +112,7 @@ Dialog::Dialog(AppState& state, Platform& platform, const CoverSlots& slots, Rnd
   for (int n = 1; n <= kLines; ++n) Rulings.emplace_back(form, "Line" + std::to_string(n));
   form.LayOut(kControls);
   Picture2.SetImageKey("dialog_icona");
-  Picture1.SetPaperBackground(true);
+  Picture1.PaperBackground = true;
   form.Load = [this] { Form_Load(); };
   form.Unload = [this] { Form_Unload(); };
   ConnectList();
@@ -122,13 +122,13 @@ Dialog::Dialog(AppState& state, Platform& platform, const CoverSlots& slots, Rnd
 }
 
 void Dialog::ConnectList() {
-  List1.SetSorted(true);
+  List1.Sorted = true;
   List1.Click = [this] { List1_Click(); };
   List1.DblClick = [this] { List1_DblClick(); };
   List1.KeyDown = [this](int keyCode) { List1_KeyDown(keyCode); };
   OKButton.Click = [this] { OKButton_Click(); };
   CancelButton.Click = [this] { CancelButton_Click(); };
-  CancelButton.SetCancel(true);
+  CancelButton.Cancel = true;
   Picture1.MouseDown = [this](MouseButton button, double x, double y) { Picture1_MouseDown(button, x, y); };
   Picture1.MouseMove = [this](double x, double y) { Picture1_MouseMove(x, y); };
 }
@@ -161,12 +161,12 @@ void Dialog::ConnectEditing() {
 
 void Dialog::DressEditTable() {
   for (Label* heading : {&Label1, &Label2, &Label3, &Label4, &Label5, &Label6}) {
-    heading->SetAlignment(Alignment::Centre);
+    heading->TextAlignment = Alignment::Centre;
   }
   for (const MeasureRow& row : kMeasureRows) {
     TextBox& box = this->*row.box;
     box.SetFont({.name = "Verdana", .size = 12, .bold = true});
-    box.SetAlignment(Alignment::Centre);
+    box.TextAlignment = Alignment::Centre;
     box.SetText("0");
   }
 }

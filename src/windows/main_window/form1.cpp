@@ -57,11 +57,11 @@ Form1::Form1(AppState& state, Platform& platform, CoverSlots& slots, WindowOpene
       slots_(slots),
       openers_(std::move(openers)) {
   form.LayOut(kControls);
-  Picture1.SetPaperBackground(true);
+  Picture1.PaperBackground = true;
   Picture2.SetImageKey("logo");
-  Picture2.SetHandPointer(true);
+  Picture2.HandPointer = true;
   Picture7.SetImageKey("donazione");
-  Picture7.SetHandPointer(true);
+  Picture7.HandPointer = true;
   Check1.SetVisible(false);
   Check1.SetValue(1);
   Command1.SetVisible(false);

@@ -47,20 +47,20 @@ std::string ToolDescription() {
 Form2::Form2(Platform& platform) : form(kWindow), platform_(platform) {
   form.LayOut(kControls);
   form.Load = [this] { Form_Load(); };
-  Text1.SetMultiLine(true);
-  Text1.SetReadOnly(true);
+  Text1.MultiLine = true;
+  Text1.ReadOnly = true;
   Text1.SetText(ToolDescription());
   Label1.SetFont({.name = "Verdana", .size = 8, .underline = true});
   Label1.SetForeColor(kLinkBlue);
   Label1.Click = [this] { Label1_Click(); };
-  Command1.SetDefault(true);
-  Command1.SetCancel(true);
+  Command1.Default = true;
+  Command1.Cancel = true;
   Command1.Click = [this] { Command1_Click(); };
 }
 
 void Form2::Form_Load() {
   form.CentreOn(platform_.screen);
-  Label1.SetHandPointer(true);
+  Label1.HandPointer = true;
 }
 
 void Form2::Label1_Click() {

@@ -57,8 +57,8 @@ constexpr Color kNamePlate{15, 68, 104};
 void ShowBold(Label& label, double size, Color ink, Color plate) {
   label.SetFont({.name = "Verdana", .size = size, .bold = true});
   label.SetForeColor(ink);
-  label.SetBackColor(plate);
-  label.SetAlignment(Alignment::Centre);
+  label.BackColor = plate;
+  label.TextAlignment = Alignment::Centre;
 }
 
 std::string FrameKey(int frame) {
@@ -79,13 +79,13 @@ Form3::Form3(AppState& state, Platform& platform)
   Picture2.SetImageKey(FrameKey(frame_));
   Picture6.SetImageKey("form3_lettere");
   Picture7.SetImageKey("donazione");
-  for (ImageBox* link : {&Picture3, &Picture6, &Picture7}) link->SetHandPointer(true);
-  Picture4.SetPaperBackground(true);
-  Picture5.SetPaperBackground(true);
+  for (ImageBox* link : {&Picture3, &Picture6, &Picture7}) link->HandPointer = true;
+  Picture4.PaperBackground = true;
+  Picture5.PaperBackground = true;
   Timer1.SetInterval(kDesignInterval);
   TimerAnimazione.SetInterval(kFrameInterval);
-  Command3d1.SetDefault(true);
-  Command3d1.SetCancel(true);
+  Command3d1.Default = true;
+  Command3d1.Cancel = true;
   ConnectEvents();
 }
 
@@ -93,7 +93,7 @@ void Form3::DressLabels() {
   ShowBold(Label2, 14, kGreen, kNamePlate);
   ShowBold(Label3, 14, kWhite, kNamePlate);
   ShowBold(lblVersion, 9, kRed, kWhite);
-  Label1_1.SetAlignment(Alignment::Centre);
+  Label1_1.TextAlignment = Alignment::Centre;
 }
 
 void Form3::ConnectEvents() {

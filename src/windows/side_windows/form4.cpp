@@ -47,9 +47,9 @@ Form4::Form4(Platform& platform) : form(kWindow), platform_(platform) {
   form.Load = [this] { Form_Load(); };
   Picture1.SetImageKey("form4_decoro");
   Label1.SetFont({.name = "Verdana", .size = 8, .bold = true});
-  Command1.SetDefault(true);
+  Command1.Default = true;
   Command1.Click = [this] { Command1_Click(); };
-  Command2.SetCancel(true);
+  Command2.Cancel = true;
   Command2.Click = [this] { Command2_Click(); };
 }
 

@@ -61,7 +61,7 @@ TEST_F(FormViewTest, PicturesAreSharpAgainOnceTheSizeStays) {
     for (int x = 0; x < 400; ++x) lines.setPixel(x, y, x % 7 < 3 ? 0xFF000000 : 0xFFFFFFFF);
   const auto picture = std::make_shared<FilePicture>(QByteArray(), lines.size(), lines);
   PictureBox box(form, "Picture1", machine.Metrics);
-  box.SetPaperBackground(true);
+  box.PaperBackground = true;
   const auto draw = [&](double side) {
     box.SetWidth(side);
     box.SetHeight(side);

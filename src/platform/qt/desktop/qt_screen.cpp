@@ -21,19 +21,12 @@ QRect Desk() {
   return QGuiApplication::primaryScreen()->availableGeometry();
 }
 
-QtScreen::QtScreen(Screen& screen) : screen_(screen) {
-  screen_.Measure = [] { return ScreenSize{ToTwips(Desk().width()), ToTwips(Desk().height())}; };
-  screen_.OnPointerChange = [this] { MirrorPointer(); };
-}
-
-QtScreen::~QtScreen() {
-  screen_.OnPointerChange = nullptr;
-}
-
-void QtScreen::MirrorPointer() {
-  if (overridden_) QGuiApplication::restoreOverrideCursor();
-  overridden_ = screen_.Pointer() != MousePointer::Default;
-  if (overridden_) QGuiApplication::setOverrideCursor(CursorFor(screen_));
+void FollowDesktop(Screen& screen) {
+  screen.Measure = [] { return ScreenSize{ToTwips(Desk().width()), ToTwips(Desk().height())}; };
+  screen.OnPointerChange = [&screen] {
+    QGuiApplication::restoreOverrideCursor();
+    if (screen.Pointer() != MousePointer::Default) QGuiApplication::setOverrideCursor(CursorFor(screen));
+  };
 }
 
 }  // namespace Morvane

@@ -41,11 +41,6 @@ void DrawChoice(QAbstractButton& button, QStylePainter& painter, QStyleOptionBut
   PaintKeyboardFocus(button, painter, room);
 }
 
-void MirrorCaption(QAbstractButton& button, const Control& model) {
-  const QString caption = QString::fromStdString(model.Caption());
-  if (button.text() != caption) button.setText(caption);
-}
-
 // The options directly in `parent`. Left alone, the toolkit counts those of the frames within to them.
 QButtonGroup& OptionsOf(QWidget& parent) {
   auto* group = parent.findChild<QButtonGroup*>(QString(), Qt::FindDirectChildrenOnly);
@@ -67,52 +62,77 @@ class WrappedButton : public QPushButton {
   QRect DrawIconBeside(QPainter& painter, const QRect& room) const;
 };
 
-class CommandButtonView : public WidgetView<CommandButton, WrappedButton> {
+// A check box or option button whose caption may take several lines; the whole box can be clicked.
+template <typename Button, QStyle::PrimitiveElement kIndicator, QStyle::PixelMetric kSide>
+class WrappedChoice : public Button {
  public:
-  CommandButtonView(CommandButton& model, QWidget& parent, const ViewContext& context);
+  using Button::Button;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    this->initStyleOption(&option);
+    DrawChoice(*this, painter, option, kIndicator, kSide);
+  }
+  bool hitButton(const QPoint& place) const override { return this->rect().contains(place); }
+};
+
+using WrappedCheckBox = WrappedChoice<QCheckBox, QStyle::PE_IndicatorCheckBox, QStyle::PM_IndicatorWidth>;
+using WrappedRadioButton =
+    WrappedChoice<QRadioButton, QStyle::PE_IndicatorRadioButton, QStyle::PM_ExclusiveIndicatorWidth>;
+
+// What is pressed by a click, an access key, the space bar or as the default button.
+template <typename Kind, typename Button>
+class ButtonView : public WidgetView<Kind, Button> {
+ public:
+  ButtonView(Kind& model, QWidget& parent, const ViewContext& context)
+      : WidgetView<Kind, Button>(model, parent, context) {
+    this->connect(&this->widget_, &Button::clicked, this, [this] { Pressed(); });
+  }
+
+ protected:
+  void MirrorAppearance() override {
+    ControlView::MirrorAppearance();
+    const QString caption = QString::fromStdString(this->model_.Caption());
+    if (this->widget_.text() != caption) this->widget_.setText(caption);
+  }
+  bool MouseReleased(QWidget&, const QMouseEvent&) override { return false; }
+
+ private:
+  // Not every press comes with a click: the control that had the focus loses it first all the same, so that
+  // what was typed there counts. The toolkit has toggled the button, which may not be what the control did.
+  void Pressed() {
+    this->Feed([this] {
+      this->model_.SetFocus();
+      this->model_.UserClicks();
+    });
+    this->MirrorSelection();
+  }
+};
+
+class CommandButtonView : public ButtonView<CommandButton, WrappedButton> {
+ public:
+  using ButtonView::ButtonView;
 
  protected:
   void MirrorAppearance() override;
-  bool MouseReleased(QWidget&, const QMouseEvent&) override { return false; }
 };
 
-// Check boxes and option buttons whose caption may take several lines; the whole box can be clicked.
-class WrappedCheckBox : public QCheckBox {
+class CheckBoxView : public ButtonView<CheckBox, WrappedCheckBox> {
  public:
-  using QCheckBox::QCheckBox;
+  using ButtonView::ButtonView;
 
  protected:
-  void paintEvent(QPaintEvent* event) override;
-  bool hitButton(const QPoint& place) const override { return rect().contains(place); }
+  void MirrorSelection() override { widget_.setChecked(model_.Value() != 0); }
 };
 
-class WrappedRadioButton : public QRadioButton {
- public:
-  using QRadioButton::QRadioButton;
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-  bool hitButton(const QPoint& place) const override { return rect().contains(place); }
-};
-
-class CheckBoxView : public WidgetView<CheckBox, WrappedCheckBox> {
- public:
-  CheckBoxView(CheckBox& model, QWidget& parent, const ViewContext& context);
-
- protected:
-  void MirrorAppearance() override;
-  void MirrorSelection() override;
-  bool MouseReleased(QWidget&, const QMouseEvent&) override { return false; }
-};
-
-class OptionButtonView : public WidgetView<OptionButton, WrappedRadioButton> {
+class OptionButtonView : public ButtonView<OptionButton, WrappedRadioButton> {
  public:
   OptionButtonView(OptionButton& model, QWidget& parent, const ViewContext& context);
 
  protected:
-  void MirrorAppearance() override;
   void MirrorSelection() override;
-  bool MouseReleased(QWidget&, const QMouseEvent&) override { return false; }
 
  private:
   QButtonGroup& group_;
@@ -161,74 +181,15 @@ QRect WrappedButton::DrawIcon(QPainter& painter, const QRect& room) const {
   return room.adjusted(0, top + side - room.top(), 0, 0);
 }
 
-CommandButtonView::CommandButtonView(CommandButton& model, QWidget& parent, const ViewContext& context)
-    : WidgetView(model, parent, context) {
-  // An access key or the default button gets here without a click: the control that had the focus loses it
-  // first all the same, so that what was typed there counts.
-  connect(&widget_, &QPushButton::clicked, this, [this] {
-    Feed([this] {
-      model_.SetFocus();
-      model_.UserClicks();
-    });
-  });
-}
-
 void CommandButtonView::MirrorAppearance() {
-  ControlView::MirrorAppearance();
-  MirrorCaption(widget_, model_);
+  ButtonView::MirrorAppearance();
   widget_.setIcon(ArtworkIcon(model_.ImageKey()));
-  widget_.setDefault(model_.IsDefault());
-}
-
-void WrappedCheckBox::paintEvent(QPaintEvent*) {
-  QStylePainter painter(this);
-  QStyleOptionButton option;
-  initStyleOption(&option);
-  DrawChoice(*this, painter, option, QStyle::PE_IndicatorCheckBox, QStyle::PM_IndicatorWidth);
-}
-
-void WrappedRadioButton::paintEvent(QPaintEvent*) {
-  QStylePainter painter(this);
-  QStyleOptionButton option;
-  initStyleOption(&option);
-  DrawChoice(*this, painter, option, QStyle::PE_IndicatorRadioButton, QStyle::PM_ExclusiveIndicatorWidth);
-}
-
-CheckBoxView::CheckBoxView(CheckBox& model, QWidget& parent, const ViewContext& context)
-    : WidgetView(model, parent, context) {
-  connect(&widget_, &QCheckBox::clicked, this, [this] {
-    Feed([this] {
-      model_.SetFocus();
-      model_.UserClicks();
-    });
-    MirrorSelection();
-  });
-}
-
-void CheckBoxView::MirrorAppearance() {
-  ControlView::MirrorAppearance();
-  MirrorCaption(widget_, model_);
-}
-
-void CheckBoxView::MirrorSelection() {
-  widget_.setChecked(model_.Value() != 0);
+  widget_.setDefault(model_.Default);
 }
 
 OptionButtonView::OptionButtonView(OptionButton& model, QWidget& parent, const ViewContext& context)
-    : WidgetView(model, parent, context), group_(OptionsOf(parent)) {
+    : ButtonView(model, parent, context), group_(OptionsOf(parent)) {
   group_.addButton(&widget_);
-  connect(&widget_, &QRadioButton::clicked, this, [this] {
-    Feed([this] {
-      model_.SetFocus();
-      model_.UserClicks();
-    });
-    MirrorSelection();
-  });
-}
-
-void OptionButtonView::MirrorAppearance() {
-  ControlView::MirrorAppearance();
-  MirrorCaption(widget_, model_);
 }
 
 // The toolkit refuses to clear the last option of a group; the program may.

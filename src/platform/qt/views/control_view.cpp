@@ -71,7 +71,7 @@ void ControlView::MirrorAppearance() {
   widget.setAccessibleName(SpokenText(model_));
   widget.setFont(WidgetFont(model_.GetFont()));
   MirrorPalette(widget);
-  if (model_.HasHandPointer()) {
+  if (model_.HandPointer) {
     widget.setCursor(ArtworkPointer("hand"));
     widget.setFocusPolicy(Qt::TabFocus);
   }

@@ -35,7 +35,7 @@ class ControlView : public QObject {
   virtual std::vector<QWidget*> FocusStops() { return {&Widget()}; }
 
   // A picture or label to click, by Enter or Space, too, where it has the keyboard.
-  bool IsLink() const { return model_.HasHandPointer(); }
+  bool IsLink() const { return model_.HandPointer; }
 
   // Shows the control as it is and follows its changes. Called once, after construction.
   void Attach();

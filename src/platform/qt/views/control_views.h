@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QGroupBox>
 #include <memory>
 
 #include "platform/qt/views/control_view.h"
@@ -26,16 +25,6 @@ std::unique_ptr<ControlView> MakeFor(Control& model, QWidget& parent, const View
   if (known == nullptr) return nullptr;
   return std::make_unique<View>(*known, parent, context);
 }
-
-// A group box drawn as it was designed: a line around, the caption in its upper side, room from corner to
-// corner.
-class TitledFrame : public QGroupBox {
- public:
-  using QGroupBox::QGroupBox;
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-};
 
 // The dotted rectangle within a widget, where it has the keyboard.
 void PaintKeyboardFocus(QWidget& widget, QPainter& painter, const QRect& around);

@@ -263,11 +263,8 @@ bool FormView::ClientEvent(QEvent& event) {
 
 void FormView::PaintBackground() {
   if (model_.BackgroundKey().empty()) return;
-  const double ratio = client_.devicePixelRatioF();
-  if (background_.deviceIndependentSize() != client_.size() || background_.devicePixelRatio() != ratio) {
-    background_ = ArtworkPixmap(model_.BackgroundKey(), client_.size(), ratio);
-  }
-  QPainter(&client_).drawPixmap(0, 0, background_);
+  QPainter(&client_).drawPixmap(
+      0, 0, ArtworkPixmap(model_.BackgroundKey(), client_.size(), client_.devicePixelRatioF()));
 }
 
 // A window paints when the window system has uncovered some of it, not when the program changes a control: a
@@ -315,7 +312,7 @@ CommandButton* FormView::ButtonFor(const QKeyEvent& event) const {
   for (Control* const control : model_.AllControls()) {
     auto* const button = dynamic_cast<CommandButton*>(control);
     if (button == nullptr || !button->Visible()) continue;
-    if (enter ? button->IsDefault() : button->IsCancel()) return button;
+    if (enter ? button->Default : button->Cancel) return button;
   }
   return nullptr;
 }

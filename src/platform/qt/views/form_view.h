@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QObject>
-#include <QPixmap>
 #include <QScrollArea>
 #include <QTimer>
 #include <QWidget>
@@ -79,7 +78,6 @@ class FormView : public QObject {
   MenuActions menuActions_;
   std::vector<std::unique_ptr<ControlView>> views_;
   std::deque<QTimer> clocks_;
-  QPixmap background_;
   QRegion uncovered_;  // told just before the window is exposed
   const LastToolTip lastToolTip_;
 };

@@ -10,11 +10,6 @@
 namespace Morvane {
 namespace {
 
-Qt::Alignment ToQt(Alignment alignment) {
-  if (alignment == Alignment::Centre) return Qt::AlignHCenter | Qt::AlignTop;
-  return (alignment == Alignment::Right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignTop;
-}
-
 // A label that breaks between words and, for a long path, within one.
 class WrappedLabel : public QLabel {
  public:
@@ -51,8 +46,8 @@ LabelView::LabelView(Label& model, QWidget& parent, const ViewContext& context)
 void LabelView::MirrorAppearance() {
   ControlView::MirrorAppearance();
   widget_.setText(QString::fromStdString(model_.Caption()));
-  widget_.setAlignment(ToQt(model_.TextAlignment()));
-  if (const auto back = model_.BackColor()) {
+  widget_.setAlignment(ToQt(model_.TextAlignment) | Qt::AlignTop);
+  if (const auto back = model_.BackColor) {
     QPalette palette = widget_.palette();
     palette.setColor(QPalette::Window, ToQColor(*back));
     // Dark text on the colour that the designer chose, on a dark desktop too.

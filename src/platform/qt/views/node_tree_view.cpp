@@ -1,14 +1,12 @@
 #include "platform/qt/views/control_views.h"
 
-#include <QAbstractItemModel>
 #include <QHeaderView>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QTimer>
-#include <QTreeView>
-#include <algorithm>
+#include <QTreeWidget>
 #include <map>
-#include <set>
+#include <memory>
 #include <string>
 
 #include "platform/controls/tree_view.h"
@@ -21,32 +19,13 @@ namespace {
 constexpr int kNodeIcon = 16;
 constexpr int kIndentation = 18;
 
-// The nodes of a tree, read where they are. Nodes are only ever added, so an index stays valid by its node.
-class TreeNodes : public QAbstractItemModel {
- public:
-  explicit TreeNodes(const TreeView& tree) : tree_(tree) {}
+struct NodeItem : QTreeWidgetItem {
+  explicit NodeItem(TreeNode& itsNode) : node(itsNode) {}
 
-  QModelIndex IndexOf(const TreeNode* node) const;
-  static TreeNode* NodeAt(const QModelIndex& index) {
-    return static_cast<TreeNode*>(index.internalPointer());
-  }
-
-  QModelIndex index(int row, int column, const QModelIndex& parent) const override;
-  QModelIndex parent(const QModelIndex& child) const override;
-  int rowCount(const QModelIndex& parent) const override;
-  int columnCount(const QModelIndex&) const override { return 1; }
-  QVariant data(const QModelIndex& index, int role) const override;
-  void Refresh();
-
- private:
-  const std::vector<TreeNode*>& ChildrenOf(const QModelIndex& parent) const;
-  const QIcon& Artwork(const std::string& key) const;
-
-  const TreeView& tree_;
-  mutable std::map<std::string, QIcon> artwork_;
+  TreeNode& node;
 };
 
-class NodeTreeView : public WidgetView<TreeView, OneSelected<QTreeView>> {
+class NodeTreeView : public WidgetView<TreeView, OneSelected<QTreeWidget>> {
  public:
   NodeTreeView(TreeView& model, QWidget& parent, const ViewContext& context);
 
@@ -58,75 +37,26 @@ class NodeTreeView : public WidgetView<TreeView, OneSelected<QTreeView>> {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void Refresh();
-  void MirrorOpenNodes(const std::vector<TreeNode*>& nodes);
+  void MirrorNodes(QTreeWidgetItem& parent, const std::vector<TreeNode*>& nodes);
+  NodeItem& MirrorNode(QTreeWidgetItem& parent, int row, TreeNode& node);
+  const QIcon& Artwork(const std::string& key);
   void FollowSelection();
-  void FollowExpansion(const QModelIndex& index, bool open);
 
-  TreeNodes nodes_;
-  QTimer refresh_;
-  std::set<const TreeNode*> open_;
-  int nodesShown_ = 0;
-  bool stale_ = false;
+  QTimer refresh_;  // thousands of added nodes are one change to the widget
+  std::map<const TreeNode*, NodeItem*> items_;
+  std::map<std::string, QIcon> artwork_;
+  NodeItem* selected_ = nullptr;
   bool mouseDown_ = false;
 };
 
-const std::vector<TreeNode*>& TreeNodes::ChildrenOf(const QModelIndex& parent) const {
-  return parent.isValid() ? NodeAt(parent)->Children() : tree_.Roots();
-}
-
-QModelIndex TreeNodes::IndexOf(const TreeNode* node) const {
-  if (node == nullptr) return {};
-  const std::vector<TreeNode*>& siblings = node->Parent() ? node->Parent()->Children() : tree_.Roots();
-  const auto found = std::find(siblings.begin(), siblings.end(), node);
-  if (found == siblings.end()) return {};
-  return createIndex(static_cast<int>(found - siblings.begin()), 0, *found);
-}
-
-QModelIndex TreeNodes::index(int row, int column, const QModelIndex& parent) const {
-  const std::vector<TreeNode*>& children = ChildrenOf(parent);
-  if (column != 0 || row < 0 || row >= static_cast<int>(children.size())) return {};
-  return createIndex(row, 0, children[static_cast<std::size_t>(row)]);
-}
-
-QModelIndex TreeNodes::parent(const QModelIndex& child) const {
-  return child.isValid() ? IndexOf(NodeAt(child)->Parent()) : QModelIndex();
-}
-
-int TreeNodes::rowCount(const QModelIndex& parent) const {
-  return static_cast<int>(ChildrenOf(parent).size());
-}
-
-QVariant TreeNodes::data(const QModelIndex& index, int role) const {
-  if (!index.isValid()) return {};
-  const TreeNode& node = *NodeAt(index);
-  if (role == Qt::DisplayRole) return QString::fromStdString(node.Text());
-  if (role != Qt::DecorationRole) return {};
-  return Artwork(&node == tree_.Selected() ? node.SelectedImage() : node.Image());
-}
-
-const QIcon& TreeNodes::Artwork(const std::string& key) const {
-  const auto [icon, added] = artwork_.try_emplace(key);
-  if (added) icon->second = ArtworkIcon(key);
-  return icon->second;
-}
-
-void TreeNodes::Refresh() {
-  layoutAboutToBeChanged();
-  const QModelIndexList kept = persistentIndexList();
-  QModelIndexList moved;
-  moved.reserve(kept.size());
-  for (const QModelIndex& index : kept) moved.push_back(IndexOf(NodeAt(index)));
-  changePersistentIndexList(kept, moved);
-  layoutChanged();
+TreeNode& NodeOf(QTreeWidgetItem* item) {
+  return static_cast<NodeItem*>(item)->node;
 }
 
 NodeTreeView::NodeTreeView(TreeView& model, QWidget& parent, const ViewContext& context)
-    : WidgetView(model, parent, context), nodes_(model) {
-  widget_.setModel(&nodes_);
+    : WidgetView(model, parent, context) {
   widget_.setHeaderHidden(true);
   widget_.setUniformRowHeights(true);
-  widget_.setEditTriggers(QAbstractItemView::NoEditTriggers);
   widget_.setIconSize({kNodeIcon, kNodeIcon});
   widget_.setIndentation(kIndentation);
   widget_.header()->setStretchLastSection(false);
@@ -135,58 +65,64 @@ NodeTreeView::NodeTreeView(TreeView& model, QWidget& parent, const ViewContext& 
   refresh_.setSingleShot(true);
   refresh_.setInterval(0);
   connect(&refresh_, &QTimer::timeout, this, [this] { Mirror(ViewChange::Selection); });
-  connect(&widget_, &QTreeView::expanded, this, [this](const QModelIndex& at) { FollowExpansion(at, true); });
-  connect(&widget_, &QTreeView::collapsed, this,
-          [this](const QModelIndex& at) { FollowExpansion(at, false); });
-  connect(&widget_, &QTreeView::clicked, this,
-          [this](const QModelIndex& at) { Feed([&] { model_.UserSelects(*TreeNodes::NodeAt(at)); }); });
-  connect(widget_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          [this] { FollowSelection(); });
+  connect(&widget_, &QTreeWidget::itemExpanded, this,
+          [this](QTreeWidgetItem* item) { Feed([&] { model_.UserExpands(NodeOf(item)); }); });
+  connect(&widget_, &QTreeWidget::itemCollapsed, this,
+          [this](QTreeWidgetItem* item) { Feed([&] { model_.UserCollapses(NodeOf(item)); }); });
+  connect(&widget_, &QTreeWidget::itemClicked, this,
+          [this](QTreeWidgetItem* item) { Feed([&] { model_.UserSelects(NodeOf(item)); }); });
+  connect(&widget_, &QTreeWidget::itemSelectionChanged, this, [this] { FollowSelection(); });
   Watch(*widget_.viewport());
 }
 
 void NodeTreeView::MirrorContent() {
-  if (!model_.Redraw()) return;
-  stale_ = true;
-  refresh_.start();
-}
-
-void NodeTreeView::Refresh() {
-  stale_ = false;
-  nodesShown_ = model_.NodeCount();
-  nodes_.Refresh();
+  if (model_.Redraw()) refresh_.start();
 }
 
 void NodeTreeView::MirrorSelection() {
-  if (stale_ || nodesShown_ != model_.NodeCount()) Refresh();
-  MirrorOpenNodes(model_.Roots());
-  const QModelIndex selected = nodes_.IndexOf(model_.Selected());
-  if (selected != widget_.currentIndex() || !widget_.selectionModel()->isSelected(selected))
-    widget_.setCurrentIndex(selected);
-  widget_.viewport()->update();
+  MirrorNodes(*widget_.invisibleRootItem(), model_.Roots());
+  if (selected_ != nullptr) selected_->setIcon(0, Artwork(selected_->node.Image()));
+  selected_ = model_.Selected() == nullptr ? nullptr : items_.at(model_.Selected());
+  if (selected_ != nullptr) selected_->setIcon(0, Artwork(selected_->node.SelectedImage()));
+  widget_.setCurrentItem(selected_);
 }
 
-void NodeTreeView::MirrorOpenNodes(const std::vector<TreeNode*>& nodes) {
-  for (const TreeNode* node : nodes) {
-    if (node->Expanded() != open_.contains(node)) {
-      node->Expanded() ? static_cast<void>(open_.insert(node)) : static_cast<void>(open_.erase(node));
-      widget_.setExpanded(nodes_.IndexOf(node), node->Expanded());
-    }
-    if (node->Expanded()) MirrorOpenNodes(node->Children());
+void NodeTreeView::MirrorNodes(QTreeWidgetItem& parent, const std::vector<TreeNode*>& nodes) {
+  int row = 0;
+  for (TreeNode* const node : nodes) {
+    NodeItem& item = MirrorNode(parent, row++, *node);
+    MirrorNodes(item, node->Children());
+    if (item.isExpanded() != node->Expanded()) item.setExpanded(node->Expanded());
   }
 }
 
-void NodeTreeView::FollowExpansion(const QModelIndex& index, bool open) {
-  TreeNode* const node = TreeNodes::NodeAt(index);
-  open ? static_cast<void>(open_.insert(node)) : static_cast<void>(open_.erase(node));
-  Feed([&] { open ? model_.UserExpands(*node) : model_.UserCollapses(*node); });
+// The item of a node at its place, where it may be new or have been elsewhere.
+NodeItem& NodeTreeView::MirrorNode(QTreeWidgetItem& parent, int row, TreeNode& node) {
+  if (row < parent.childCount() && &NodeOf(parent.child(row)) == &node)
+    return static_cast<NodeItem&>(*parent.child(row));
+  NodeItem*& item = items_[&node];
+  if (item != nullptr) {
+    parent.removeChild(item);
+  } else {
+    item = std::make_unique<NodeItem>(node).release();  // the tree's from here
+    item->setText(0, QString::fromStdString(node.Text()));
+    item->setIcon(0, Artwork(node.Image()));
+  }
+  parent.insertChild(row, item);
+  return *item;
+}
+
+const QIcon& NodeTreeView::Artwork(const std::string& key) {
+  const auto [icon, added] = artwork_.try_emplace(key);
+  if (added) icon->second = ArtworkIcon(key);
+  return icon->second;
 }
 
 // The keyboard moves the selection; of the mouse only a whole click counts.
 void NodeTreeView::FollowSelection() {
-  const QModelIndexList selected = widget_.selectionModel()->selectedIndexes();
+  const QList<QTreeWidgetItem*> selected = widget_.selectedItems();
   if (mouseDown_ || selected.isEmpty()) return;
-  Feed([&] { model_.UserSelects(*TreeNodes::NodeAt(selected.front())); });
+  Feed([&] { model_.UserSelects(NodeOf(selected.front())); });
 }
 
 bool NodeTreeView::MousePressed(QWidget& part, const QMouseEvent& event) {
@@ -200,7 +136,7 @@ bool NodeTreeView::MousePressed(QWidget& part, const QMouseEvent& event) {
 // circles. A mouse that slides with its button down selects nothing.
 bool NodeTreeView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(*event).key() == Qt::Key_Asterisk) {
-    widget_.expand(widget_.currentIndex());
+    widget_.expandItem(widget_.currentItem());
     return true;
   }
   const bool taken = ControlView::eventFilter(watched, event);
@@ -210,7 +146,7 @@ bool NodeTreeView::eventFilter(QObject* watched, QEvent* event) {
 bool NodeTreeView::MouseReleased(QWidget&, const QMouseEvent& event) {
   mouseDown_ = false;
   // A press that is let go elsewhere is no click: the selection goes back to where it was.
-  if (widget_.indexAt(event.position().toPoint()) != widget_.currentIndex()) Mirror(ViewChange::Selection);
+  if (widget_.itemAt(event.position().toPoint()) != widget_.currentItem()) Mirror(ViewChange::Selection);
   return false;
 }
 

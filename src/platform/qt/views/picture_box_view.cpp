@@ -73,7 +73,7 @@ PictureBoxView::PictureBoxView(PictureBox& model, QWidget& parent, const ViewCon
 void PictureBoxView::MirrorAppearance() {
   ControlView::MirrorAppearance();
   widget_.setFocusPolicy(IsLink() ? Qt::StrongFocus : Qt::ClickFocus);
-  widget_.setAttribute(Qt::WA_OpaquePaintEvent, model_.PaperBackground());
+  widget_.setAttribute(Qt::WA_OpaquePaintEvent, model_.PaperBackground);
   widget_.setAcceptDrops(model_.Drop != nullptr);
   MirrorContent();
 }
@@ -172,7 +172,7 @@ Pixels PictureBoxView::PixelsFor(QSize painted) {
 }
 
 void PictureBoxView::Draw(QPainter& painter) {
-  if (model_.PaperBackground()) painter.fillRect(widget_.rect(), Qt::white);
+  if (model_.PaperBackground) painter.fillRect(widget_.rect(), Qt::white);
   if (!model_.ImageKey().empty()) {
     painter.drawPixmap(0, 0, ArtworkPixmap(model_.ImageKey(), widget_.size(), widget_.devicePixelRatioF()));
   }
@@ -180,7 +180,7 @@ void PictureBoxView::Draw(QPainter& painter) {
   painter.scale(1 / ToTwips(1), 1 / ToTwips(1));
   PaintDrawing(painter, model_.Surface.Drawing(), Context().painted, PixelsFor(widget_.size()));
   painter.restore();
-  if (model_.PaperBackground()) DrawEdge(painter);
+  if (model_.PaperBackground) DrawEdge(painter);
 }
 
 void PictureBoxView::DrawEdge(QPainter& painter) {

@@ -1,5 +1,6 @@
 #include "platform/qt/views/control_views.h"
 
+#include <QGroupBox>
 #include <QPainter>
 #include <QPixmap>
 #include <QStyleOptionFocusRect>
@@ -11,12 +12,6 @@
 #include "platform/qt/views/view_text.h"
 
 namespace Morvane {
-namespace {
-
-constexpr int kCaptionIndent = 4;
-constexpr int kCaptionGap = 2;
-
-}  // namespace
 
 void PaintKeyboardFocus(QWidget& widget, QPainter& painter, const QRect& around) {
   if (!widget.hasFocus()) return;
@@ -26,24 +21,20 @@ void PaintKeyboardFocus(QWidget& widget, QPainter& painter, const QRect& around)
   widget.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, &widget);
 }
 
-void TitledFrame::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  const int room = width() - 2 * (kCaptionIndent + kCaptionGap);
-  painter.setFont(FittingFont(font(), title(), QSize(room, height()), Qt::TextShowMnemonic));
-  const QFontMetrics metrics = painter.fontMetrics();
-  const int lineTop = title().isEmpty() ? 0 : metrics.height() / 2;
-  if (!title().isEmpty()) {
-    const int captionWidth = std::min(room, metrics.size(Qt::TextShowMnemonic, title()).width());
-    const QRect caption(kCaptionIndent + kCaptionGap, 0, captionWidth, metrics.height());
-    style()->drawItemText(&painter, caption, Qt::AlignLeft | Qt::TextShowMnemonic, palette(), isEnabled(),
-                          title(), QPalette::WindowText);
-    painter.setClipRegion(QRegion(rect()) - caption.adjusted(-kCaptionGap, 0, kCaptionGap, 0));
-  }
-  painter.setPen(palette().color(QPalette::Mid));
-  painter.drawRect(QRectF(0.5, lineTop + 0.5, width() - 1, height() - lineTop - 1));
-}
-
 namespace {
+
+constexpr int kCaptionIndent = 4;
+constexpr int kCaptionGap = 2;
+
+// A group box drawn as it was designed: a line around, the caption in its upper side, room from corner to
+// corner.
+class TitledFrame : public QGroupBox {
+ public:
+  using QGroupBox::QGroupBox;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
 
 class FrameView : public WidgetView<Frame, TitledFrame> {
  public:
@@ -74,6 +65,23 @@ class RulingView : public WidgetView<Ruling, QWidget> {
   void MirrorGeometry() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 };
+
+void TitledFrame::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const int room = width() - 2 * (kCaptionIndent + kCaptionGap);
+  painter.setFont(FittingFont(font(), title(), QSize(room, height()), Qt::TextShowMnemonic));
+  const QFontMetrics metrics = painter.fontMetrics();
+  const int lineTop = title().isEmpty() ? 0 : metrics.height() / 2;
+  if (!title().isEmpty()) {
+    const int captionWidth = std::min(room, metrics.size(Qt::TextShowMnemonic, title()).width());
+    const QRect caption(kCaptionIndent + kCaptionGap, 0, captionWidth, metrics.height());
+    style()->drawItemText(&painter, caption, Qt::AlignLeft | Qt::TextShowMnemonic, palette(), isEnabled(),
+                          title(), QPalette::WindowText);
+    painter.setClipRegion(QRegion(rect()) - caption.adjusted(-kCaptionGap, 0, kCaptionGap, 0));
+  }
+  painter.setPen(palette().color(QPalette::Mid));
+  painter.drawRect(QRectF(0.5, lineTop + 0.5, width() - 1, height() - lineTop - 1));
+}
 
 void FrameView::MirrorAppearance() {
   ControlView::MirrorAppearance();

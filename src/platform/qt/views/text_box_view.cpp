@@ -4,18 +4,10 @@
 #include <QPlainTextEdit>
 
 #include "platform/controls/simple_controls.h"
+#include "platform/qt/views/view_text.h"
 
 namespace Morvane {
 namespace {
-
-Qt::Alignment ToQt(Alignment alignment) {
-  if (alignment == Alignment::Centre) return Qt::AlignHCenter | Qt::AlignVCenter;
-  return (alignment == Alignment::Right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
-}
-
-QString WithLineFeeds(const std::string& text) {
-  return QString::fromStdString(text).replace("\r\n", "\n");
-}
 
 class LineTextBoxView : public WidgetView<TextBox, QLineEdit> {
  public:
@@ -44,8 +36,8 @@ LineTextBoxView::LineTextBoxView(TextBox& model, QWidget& parent, const ViewCont
 
 void LineTextBoxView::MirrorAppearance() {
   ControlView::MirrorAppearance();
-  widget_.setReadOnly(model_.ReadOnly());
-  widget_.setAlignment(ToQt(model_.TextAlignment()));
+  widget_.setReadOnly(model_.ReadOnly);
+  widget_.setAlignment(ToQt(model_.TextAlignment) | Qt::AlignVCenter);
 }
 
 // The same text again would take the cursor to its end while the user types.
@@ -64,11 +56,11 @@ MultiLineTextBoxView::MultiLineTextBoxView(TextBox& model, QWidget& parent, cons
 
 void MultiLineTextBoxView::MirrorAppearance() {
   ControlView::MirrorAppearance();
-  widget_.setReadOnly(model_.ReadOnly());
+  widget_.setReadOnly(model_.ReadOnly);
 }
 
 void MultiLineTextBoxView::MirrorContent() {
-  const QString text = WithLineFeeds(model_.Text());
+  const QString text = QString::fromStdString(model_.Text()).replace("\r\n", "\n");
   if (widget_.toPlainText() != text) widget_.setPlainText(text);
 }
 
@@ -76,8 +68,8 @@ void MultiLineTextBoxView::MirrorContent() {
 
 const ViewMaker kMakeTextBoxView = [](Control& model, QWidget& parent, const ViewContext& context) {
   const auto* const box = dynamic_cast<TextBox*>(&model);
-  return box != nullptr && box->MultiLine() ? MakeFor<TextBox, MultiLineTextBoxView>(model, parent, context)
-                                            : MakeFor<TextBox, LineTextBoxView>(model, parent, context);
+  return box != nullptr && box->MultiLine ? MakeFor<TextBox, MultiLineTextBoxView>(model, parent, context)
+                                          : MakeFor<TextBox, LineTextBoxView>(model, parent, context);
 };
 
 }  // namespace Morvane

@@ -34,6 +34,11 @@ QColor ToQColor(Color color) {
   return {color.red, color.green, color.blue};
 }
 
+Qt::Alignment ToQt(Alignment alignment) {
+  if (alignment == Alignment::Centre) return Qt::AlignHCenter;
+  return alignment == Alignment::Right ? Qt::AlignRight : Qt::AlignLeft;
+}
+
 QFont WidgetFont(const Font& font) {
   QFont widgetFont(QString::fromStdString(font.name));
   widgetFont.setPixelSize(std::max(1, ToPixels(font.size * kTwipsPerPoint)));

@@ -6,7 +6,7 @@
 #include <QString>
 
 #include "platform/color.h"
-#include "platform/controls/control.h"
+#include "platform/controls/simple_controls.h"
 #include "platform/font.h"
 
 namespace Morvane {
@@ -17,6 +17,7 @@ QRect ToPixels(double left, double top, double width, double height);
 double ToTwips(double pixels);
 
 QColor ToQColor(Color color);
+Qt::Alignment ToQt(Alignment alignment);
 
 // The font as the windows were designed: points at 96 pixels to the inch; the toolkit scales the whole.
 QFont WidgetFont(const Font& font);
