@@ -6,7 +6,7 @@ set -euo pipefail
 bin=$(cd "$1" && pwd)
 cd "$(dirname "$0")/../.."
 source tests/support/needs.sh
-needs Xvfb openbox xdotool convert pdftocairo localedef
+needs Xvfb openbox xdotool convert pdftocairo /usr/share/i18n/locales/it_IT
 source tools/desktop
 
 picker="Morvane - Scelta immagine"
