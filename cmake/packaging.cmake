@@ -69,7 +69,7 @@ The program's texts are Italian.")
 # other breaks; without the translations the toolkit's own dialogs would speak English, without the SVG plugins there were no icons.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
-  "fonts-dejavu-core, fonts-liberation, qt6-svg-plugins | libqt6svg6 (<< 6.7.2-5~), qt6-translations-l10n")
+  "fonts-dejavu-core, fonts-liberation | fonts-liberation2, qt6-svg-plugins | libqt6svg6 (<< 6.7.2-5~), qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-image-formats-plugins, qt6-wayland, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cups")
 include(CPack)
