@@ -400,6 +400,11 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     {"screen", {[](Scene& s, Words w) {
        s.machine.TheScreen.Measure = [height = w.Number()] { return ScreenSize{height, height}; };
      }}},
+    {"dark", {[](Scene&, Words) {  // as a desktop that the user has made dark
+       QPalette dark(QColor(50, 50, 50), QColor(42, 42, 42));
+       dark.setColor(QPalette::Highlight, QColor(48, 140, 198));
+       QApplication::setPalette(dark);
+     }}},
     {"launches", {[](Scene& s, Words w) { s.machine.Launches.ShellFails = w.rest == "fail"; }}},
     {"printer", {[](Scene& s, Words w) {
        s.machine.Device.DialogFails = w.rest == "dialog-fails";

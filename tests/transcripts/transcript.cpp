@@ -82,6 +82,7 @@ Transcript::Transcript()
       fonts(GetParam().starts_with("pictures/") ? static_cast<const FontCatalog&>(installed)
                                                 : machine.Fonts) {
   QApplication::setCursorFlashTime(0);
+  QApplication::setPalette(QPalette());
   if (GetParam() != kFirstSights) LearnWhatIsUsual();
 }
 
