@@ -158,7 +158,7 @@ QString InkOn(const QString& file) {
          (sheet.WidthDots() > sheet.HeightDots() ? " on its side" : "");
 }
 
-// Where ink is, how many pictures, which fonts and which texts the first page has.
+// Where ink is, how many pictures, which fonts of which sizes and which texts the first page has.
 QStringList OnPaper(const QString& file) {
   constexpr int kHeadings = 2;
   constexpr int kSurelyOnPaper = 30;  // characters; what lies beyond the sheet is cut anywhere
@@ -168,6 +168,11 @@ QStringList OnPaper(const QString& file) {
   lines << QString("pictures %1").arg(AnswerOf("pdfimages", {"-list", file}).size() - kHeadings);
   for (const QString& font : AnswerOf("pdffonts", {file}).mid(kHeadings))
     lines << font.section(' ', 0, 0).section('+', -1);
+  QStringList points;  // in thirds, as fine as the program tells them
+  for (const QString& line : AnswerOf("pdftohtml", {"-xml", "-stdout", "-i", "-l", "1", "-zoom", "3", file}))
+    if (const int thirds = line.section("size=\"", 1).section('"', 0, 0).toInt(); thirds > 0)
+      points << QString::number(thirds / 3.0, 'f', 1);
+  if (points.removeDuplicates(); points.size() > 1) lines << "points " + points.join(' ');
   return lines + texts;
 }
 

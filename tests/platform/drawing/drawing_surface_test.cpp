@@ -47,6 +47,9 @@ TEST(Surface, TurnsOverWithItsScaleAndRefusesWhatCannotBeDrawn) {
   EXPECT_THROW(surface.Circle(0, 0, 1, {}, -1), RuntimeError);
   EXPECT_THROW(surface.Scale(1, 1, 1, 2), RuntimeError);
   EXPECT_TRUE(surface.Drawing().empty() && surface.GetFont().size > 0);
+  surface.CurrentX = 15;
+  surface.Print("");
+  EXPECT_EQ(surface.CurrentX, 10) << "a line ends at the left edge";
   surface.Circle(15, 15, 2, {}, 2);
   EXPECT_EQ(std::get<EllipseShape>(surface.Drawing().at(0)).box, (TwipsBox{1152, 1008, 576, -576}));
 }
