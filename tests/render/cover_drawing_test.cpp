@@ -40,11 +40,13 @@ TEST_F(CoverDrawing, ThickestOutlinesOfAllCoversEndAtTheSheet) {
 TEST_F(CoverDrawing, PageIsTurnedByTheLayoutAloneHasThePrintersLettersAndStaysWhenThePrinterFails) {
   Printer& printer = machine.ThePrinter;
   printer.Surface().SetFontName("Verdana");
+  printer.Surface().SetFontSize(40);
   for (const auto& [layout, left, landscape] :
        {std::tuple(short{1}, 0, true), {1, 1, false}, {2, 0, false}}) {
     state.Orientamento = layout;
     printer.SetOrientation(left == 1 ? PageOrientation::Landscape : PageOrientation::Portrait);
-    ImpostaPagina(surface, state, printer);
+    const double ratio = ImpostaPagina(surface, state, printer);
+    EXPECT_NEAR(surface.GetFont().size, 40 * ratio, 1e-6);
     EXPECT_EQ(surface.ScaleWidth() > surface.ScaleHeight(), landscape) << layout << left;
   }
   EXPECT_EQ(surface.GetFont().name, "Verdana");

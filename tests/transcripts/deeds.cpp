@@ -411,7 +411,7 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
        s.machine.Device.Broken = w.rest == "broken";
      }}},
     {"copies", {[](Scene& s, Words w) {
-       s.machine.Device.Answers.push_back({w.rest != "none", w.rest.toInt()});
+       s.machine.Device.Answers.push_back({w.rest != "none", std::max(w.rest.toInt(), 1)});
      }}},
     {"answer", {[](Scene& s, Words w) { s.machine.Windows.Answers.push_back(kAnswers.at(w.rest)); }}},
     {"input", {[](Scene& s, Words w) { s.machine.Windows.Inputs.push_back(w.All()); }}},

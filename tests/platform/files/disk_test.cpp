@@ -43,7 +43,10 @@ std::string Readable(const std::string& bytes) {
 // What is done on the disk, by names from its root, and what the program's calls give, by their paths.
 class Disk : public FilesTest {
  protected:
-  Disk() { ::umask(022); }
+  Disk() {
+    ::umask(022);
+    std::signal(SIGXFSZ, SIG_IGN);
+  }
 
   using Call = std::function<std::string(const std::string& of, const std::string& with)>;
   template <typename Deed>
@@ -58,6 +61,13 @@ class Disk : public FilesTest {
     for (std::size_t at = 0; (at = text.find(disk.Path())) != std::string::npos;)
       text.erase(at, disk.Path().size());
     return text;
+  }
+  // A disk that takes files of so many bytes only is as good as full.
+  static void LimitFiles(const std::string& bytes) {
+    rlimit limit{};
+    ::getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = bytes.empty() ? limit.rlim_max : std::stoul(bytes);
+    ::setrlimit(RLIMIT_FSIZE, &limit);
   }
   // Executable's folder, data folder, home, what is shipped.
   std::string FindApp(const std::string& of) const {
@@ -102,6 +112,7 @@ class Disk : public FilesTest {
       {"mode",
        Silent([&](auto& of, auto& with) { ::chmod(disk.Path(of).c_str(), std::stoi(with, nullptr, 8)); })},
       {"remove", Silent([&](auto& of, auto&) { fs::remove_all(disk.Path(of)); })},
+      {"full", Silent([&](auto& of, auto&) { LimitFiles(of); })},
       {"tree", [&](auto& of, auto&) { return Readable(Everything(true, of)); }},
       {"app", [&](auto& of, auto&) { return FindApp(of); }},
       {"is", [&](auto& of, auto&) { return Kind(of); }},
@@ -172,28 +183,14 @@ TEST_F(Disk, LinesAndBytesAreWholeWhereverTheBufferEnds) {
   }
 }
 
-// While it is there, no more than so many may be had of what is limited.
-class Limit {
- public:
-  Limit(__rlimit_resource what, rlim_t most) : what_(what) {
-    ::getrlimit(what, &before_);
-    const rlimit tight{most, before_.rlim_max};
-    EXPECT_EQ(::setrlimit(what, &tight), 0);
-  }
-  ~Limit() { ::setrlimit(what_, &before_); }
-  Limit(const Limit&) = delete;
-  Limit& operator=(const Limit&) = delete;
-
- private:
-  __rlimit_resource what_;
-  rlimit before_{};
-};
-
 TEST_F(Disk, TextFilesAreRefusedWhenFewDescriptorsAreLeft) {
   disk.Write("t.txt", "testo\r\n");
   // The least that must stay free is 256, or half of a limit that is not much above.
   for (const auto& [most, free] : {std::pair<std::size_t, std::size_t>{600, 256}, {200, 100}}) {
-    const Limit few(RLIMIT_NOFILE, most);
+    rlimit before{};
+    ::getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit few{most, before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
     std::vector<std::unique_ptr<InputFile>> kept;
     try {
       while (kept.size() < most) kept.push_back(files.OpenForInput("C:\\t.txt"));
@@ -201,31 +198,10 @@ TEST_F(Disk, TextFilesAreRefusedWhenFewDescriptorsAreLeft) {
       EXPECT_EQ(error.Number(), ErrorNumber::TooManyFiles);
     }
     EXPECT_EQ(files.ReadBytes("C:\\t.txt"), "testo\r\n");
+    ::setrlimit(RLIMIT_NOFILE, &before);
     EXPECT_GT(kept.size(), most - free - 50);
     EXPECT_LE(kept.size(), most - free);
   }
-}
-
-// A disk that takes files of so many bytes only is as good as full.
-TEST_F(Disk, AFullOneIsToldAndLeavesWhatWasThere) {
-  disk.Write("d/a.txt", "vecchio");
-  disk.Write("share/Grande.mvne", std::string(5000, ';'));
-  const std::string before = Everything(true, "d");
-  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-  {
-    const Limit full(RLIMIT_FSIZE, 1000);
-    for (const char* path : {"C:\\d\\a.txt", "C:\\d\\b.txt"}) {
-      try {
-        files.WriteText(path, std::string(5000, 'x'));
-        ADD_FAILURE() << path;
-      } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::DiskFull);
-      }
-    }
-    EXPECT_EQ(FindApp(", /data, , /share"), "/share: Disco pieno: /data/morvane");
-  }
-  std::signal(SIGXFSZ, handler);
-  EXPECT_EQ(Everything(true, "d"), before);
 }
 
 }  // namespace
