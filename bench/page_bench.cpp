@@ -138,7 +138,7 @@ void EditorStep(benchmark::State& run) {
   state.MaxCopertine = kMaxCovers;
   state.AppPath = "C:\\Morvane\\";
   CoverSlots slots;
-  Rnd rnd;
+  std::minstd_rand rnd;
   FillSheet(state, kMaxCovers);
   std::copy(Photos().begin(), Photos().end(), slots.Image1.begin());
   Dialog editor(state, desk.platform, slots, rnd);
@@ -187,7 +187,7 @@ void OpenWindow(benchmark::State& run, Extra&&... extra) {
 }
 void OpenEditor(benchmark::State& run) {
   CoverSlots slots;
-  Rnd rnd;
+  std::minstd_rand rnd;
   OpenWindow<Dialog>(run, slots, rnd);
 }
 BENCHMARK(OpenEditor)->Unit(benchmark::kMillisecond)->Iterations(5);

@@ -171,7 +171,7 @@ class DialogSession : public ::testing::TestWithParam<std::pair<unsigned, char>>
   TestMachine machine;
   AppState state;
   CoverSlots slots;
-  Rnd rnd;
+  std::minstd_rand rnd;
   Hand hand{machine};
   Dialog dialog{state, hand.platform, slots, rnd};
   std::mt19937 random;

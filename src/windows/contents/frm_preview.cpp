@@ -60,6 +60,7 @@ FrmPreview::FrmPreview(AppState& state, Platform& platform, FrmPreviewHooks hook
       platform_(platform),
       hooks_(std::move(hooks)) {
   form.LayOut(kControls);
+  form.CentreOn(platform.screen);  // Form_Load comes again
   Command1.Cancel = true;
   Command3.SetImageKey("stampa");
   Command4.SetImageKey("font");
@@ -73,10 +74,7 @@ FrmPreview::FrmPreview(AppState& state, Platform& platform, FrmPreviewHooks hook
 }
 
 void FrmPreview::Connect() {
-  form.Load = [this] {
-    form.CentreOn(platform_.screen);
-    Form_Load();
-  };
+  form.Load = [this] { Form_Load(); };
   form.Activate = [this] { Form_Activate(); };
   form.Resize = [this] { Form_Resize(); };
   Command1.Click = [this] { Command1_Click(); };

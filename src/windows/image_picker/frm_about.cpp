@@ -7,7 +7,6 @@
 
 #include "core/settings_file.h"
 #include "platform/resume_next.h"
-#include "windows/image_picker/image_file_operations.h"
 #include "windows/image_picker/image_list.h"
 
 namespace Morvane {
@@ -43,19 +42,19 @@ frmAbout::frmAbout(AppState& state, Platform& platform, std::function<void()> lo
     : form(kWindow), state_(state), platform_(platform), loadContentsWindow_(std::move(loadContentsWindow)) {
   form.LayOut(kControls);
   form.Load = [this] { Form_Load(); };
-  form.Activate = [this] { TimerCartelle.SetRunning(!unread_.empty()); };
+  form.Activate = [this] { Form_Activate(); };
   form.MouseMove = [this](double, double) { ResetPointer(); };
   Frame1.MouseMove = [this](double, double) { ResetPointer(); };
   lblPath.BackColor = kPaleYellow;
   ConnectTree();
   ConnectList();
   ConnectButtons();
+  BuildMenudestro();
 }
 
 void frmAbout::ConnectTree() {
   tvwdirtree.Expand = [this](TreeNode& node) { tvwdirtree_Expand(node); };
-  // Closing a node makes it the current folder.
-  tvwdirtree.Collapse = [this](TreeNode& node) { tvwdirtree_NodeClick(node); };
+  tvwdirtree.Collapse = [this](TreeNode& node) { tvwdirtree_Collapse(node); };
   tvwdirtree.NodeClick = [this](TreeNode& node) { tvwdirtree_NodeClick(node); };
   tvwdirtree.Click = [this] { tvwdirtree_Click(); };
   TimerCartelle.SetInterval(kAsSoonAsIdle);
@@ -65,27 +64,17 @@ void frmAbout::ConnectTree() {
 void frmAbout::ConnectList() {
   List1.Sorted = true;
   List1.Click = [this] { List1_Click(); };
-  List1.DblClick = [this] { Command1_Click(); };
+  List1.DblClick = [this] { List1_DblClick(); };
   List1.KeyDown = [this](int keyCode) { List1_KeyDown(keyCode); };
   List1.MouseDown = [this](MouseButton button, double, double) { List1_MouseDown(button); };
   List1.MouseMove = [this](double, double) { ResetPointer(); };
   TimerAnteprima.SetInterval(kAsSoonAsIdle);
   TimerAnteprima.Tick = [this] { TimerAnteprima_Tick(); };
-  Menudestro = {
-      {.name = "menusele", .caption = "&Scegli immagine selezionata", .Click = [this] { Command1_Click(); }},
-      {.name = "menumeno", .caption = "-"},
-      {.name = "MenuRinomina",
-       .caption = "&Rinomina immagine ...",
-       .Click = [this] { MenuRinomina_Click(); }},
-      {.name = "menuCancellaFile",
-       .caption = "&Cancella immagine ...",
-       .Click = [this] { menuCancellaFile_Click(); }},
-  };
 }
 
 void frmAbout::ConnectButtons() {
   Command4.Click = [this] { Command4_Click(); };
-  Image1.Click = [this] { Command1_Click(); };
+  Image1.Click = [this] { Image1_Click(); };
   Command1.Click = [this] { Command1_Click(); };
   Command1.SetImageKey("ok");
   Command2.Click = [this] { Command2_Click(); };
@@ -97,6 +86,10 @@ void frmAbout::Form_Load() {
   BuildTree(tvwdirtree, state_, platform_.screen, platform_.files, loadContentsWindow_);
   // Opening the Desktop node named its folder; no folder is current before the first click.
   lblPath.SetCaption("");
+}
+
+void frmAbout::Form_Activate() {
+  TimerCartelle.SetRunning(!unread_.empty());
 }
 
 // Every opening reads the folder again: closing and opening a node shows its new folders.
@@ -177,18 +170,6 @@ void frmAbout::TimerAnteprima_Tick() {
 void frmAbout::List1_KeyDown(int keyCode) {
   if (keyCode == kKeyEnter) Command1_Click();
   if (keyCode == kKeyEscape) Command2_Click();
-}
-
-void frmAbout::List1_MouseDown(MouseButton button) {
-  if (button == MouseButton::Right) ApriMenudestro(platform_.windows, Menudestro);
-}
-
-void frmAbout::MenuRinomina_Click() {
-  if (RinominaImmagine(platform_.windows, platform_.files, state_, List1)) List1_Click();
-}
-
-void frmAbout::menuCancellaFile_Click() {
-  CancellaImmagine(platform_.windows, platform_.files, state_, List1);
 }
 
 void frmAbout::Command1_Click() {

@@ -41,22 +41,28 @@ class frmAbout {
   void ConnectTree();
   void ConnectList();
   void ConnectButtons();
+  void BuildMenudestro();
 
   void Form_Load();
+  void Form_Activate();
   void tvwdirtree_Expand(TreeNode& node);
+  void tvwdirtree_Collapse(TreeNode& node) { tvwdirtree_NodeClick(node); }
   void tvwdirtree_NodeClick(TreeNode& node);
   void tvwdirtree_Click();
   void Command4_Click();
   void TimerCartelle_Tick();
   void List1_Click();
+  void List1_DblClick() { Command1_Click(); }
   void TimerAnteprima_Tick();
   void List1_KeyDown(int keyCode);
   void List1_MouseDown(MouseButton button);
   void MenuRinomina_Click();
   void menuCancellaFile_Click();
+  void Image1_Click() { Command1_Click(); }
   void Command1_Click();
   void Command2_Click();
 
+  bool KillStubbornly(const std::string& name);
   void ReadOnePerClick(const TreeNode& node);
   void ReadFolders(const TreeNode& node);
   std::string FolderOfLabel() const;

@@ -17,6 +17,7 @@ constexpr FormRow kWindow{.name = "Dialog",
                           .clientHeight = 6420,
                           .iconKey = "dialog_icona"};
 
+// clang-format off
 // name, caption, tool-tip, left, top, width, height, spoken name. The height of List1 is also the long side
 // of the sheet in the preview.
 constexpr std::array kControls = {
@@ -46,24 +47,15 @@ constexpr std::array kControls = {
     ControlRow{"Picture1", "", "", 2790, 450, 4155, 4155, "Anteprima layout copertine"},
 
     ControlRow{"OKButton", "&Apri", "Utilizza il layout di stampa selezionato.", 6975, 450, 1275, 420},
-    ControlRow{"CancelButton", "Annulla", "Esce e utilizza il precedente layout di copertine.", 6975, 915,
-               1275, 420},
-    ControlRow{"Command15", "Help", "Esce e utilizza il precedente layout di copertine.", 6975, 1380, 1275,
-               420},
-    ControlRow{"Command1", "Elimina", "Elimina il file con layout di Morvane selezionato", 6975, 2325, 1275,
-               420},
-    ControlRow{"Command14", "Rinomina", "Rinomina il file di layout di copertine selezionato", 6975, 2790,
-               1275, 420},
-    ControlRow{"Command2", "Nuovo File", "Aggiunge un nuovo file di layout di copertine.", 6975, 3255, 1275,
-               420},
+    ControlRow{"CancelButton", "Annulla", "Esce e utilizza il precedente layout di copertine.", 6975, 915, 1275, 420},
+    ControlRow{"Command15", "Help", "Esce e utilizza il precedente layout di copertine.", 6975, 1380, 1275, 420},
+    ControlRow{"Command1", "Elimina", "Elimina il file con layout di Morvane selezionato", 6975, 2325, 1275, 420},
+    ControlRow{"Command14", "Rinomina", "Rinomina il file di layout di copertine selezionato", 6975, 2790, 1275, 420},
+    ControlRow{"Command2", "Nuovo File", "Aggiunge un nuovo file di layout di copertine.", 6975, 3255, 1275, 420},
     ControlRow{"Command5", "&Salva", "Salva il layout corrente", 6975, 3720, 1275, 420},
-    ControlRow{"Command16", "Sal. con &Nome", "Salva il layout di copertine corrente su un altro file.", 6975,
-               4185, 1275, 420},
+    ControlRow{"Command16", "Sal. con &Nome", "Salva il layout di copertine corrente su un altro file.", 6975, 4185, 1275, 420},
 
-    ControlRow{
-        "Label9",
-        "La tabella sottostante serve per modificare i valori della pagina e le dimensioni delle immagini",
-        "", 120, 4635, 8040, 390},
+    ControlRow{"Label9", "La tabella sottostante serve per modificare i valori della pagina e le dimensioni delle immagini", "", 120, 4635, 8040, 390},
     ControlRow{"Label1", "Orientam. Pagina", "", 120, 5130, 1470, 225},
     ControlRow{"Option1", "Vert.", "Orientamento della pagina Verticale", 285, 5475, 1200, 300},
     ControlRow{"Option2", "Orizz.", "Orientamento della pagina Orizzontale", 285, 5865, 1200, 300},
@@ -90,18 +82,17 @@ constexpr std::array kControls = {
     ControlRow{"Command11", "+", "Aumenta la distanza dalla sinistra del foglio", 6600, 5925, 450, 330},
     ControlRow{"Label6", "Delta Y", "", 7140, 5130, 1005, 225},
     ControlRow{"Text5", "", "", 7170, 5445, 930, 390, "Distanza dalla sommità del foglio in millimetri"},
-    ControlRow{"Command12", "-", "Diminuisce la distanza verticale dalla sommità del foglio", 7170, 5925, 450,
-               330},
-    ControlRow{"Command13", "+", "Aumenta la distanza verticale dalla sommità del foglio", 7650, 5925, 450,
-               330},
+    ControlRow{"Command12", "-", "Diminuisce la distanza verticale dalla sommità del foglio", 7170, 5925, 450, 330},
+    ControlRow{"Command13", "+", "Aumenta la distanza verticale dalla sommità del foglio", 7650, 5925, 450, 330},
 };
+// clang-format on
 
 constexpr int kShapes = 4;
 constexpr int kLines = 14;
 
 }  // namespace
 
-Dialog::Dialog(AppState& state, Platform& platform, const CoverSlots& slots, Rnd& rnd)
+Dialog::Dialog(AppState& state, Platform& platform, const CoverSlots& slots, std::minstd_rand& rnd)
     : form(kWindow),
       Picture1(form, "Picture1", platform.text),
       state_(state),

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <random>
 #include <string>
 
 #include "core/app_state.h"
@@ -10,7 +11,6 @@
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
 #include "render/cover_drawing.h"
-#include "windows/layout_editor/rnd.h"
 #include "windows/platform_services.h"
 
 namespace Morvane {
@@ -22,7 +22,7 @@ struct MeasureRow;
 // program's. Handlers let a RuntimeError pass to the program's guard, with list, file and state in agreement.
 class Dialog : private LayoutObserver {
  public:
-  Dialog(AppState& state, Platform& platform, const CoverSlots& slots, Rnd& rnd);
+  Dialog(AppState& state, Platform& platform, const CoverSlots& slots, std::minstd_rand& rnd);
 
   Form form;
 
@@ -140,7 +140,7 @@ class Dialog : private LayoutObserver {
   AppState& state_;
   Platform& platform_;
   const CoverSlots& slots_;
-  Rnd& rnd_;
+  std::minstd_rand& rnd_;
   std::string CartellaApp_;  // the program's folder with a trailing backslash
 };
 

@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <cmath>
+#include <random>
 
 #include "core/number_text.h"
 #include "platform/units.h"
@@ -15,8 +15,8 @@ constexpr double kNewCoverSide = 5;          // centimetres
 
 // Inches: one of the 30 whole millimetres from `firstMm` on. The divisions stand in the opposite order to all
 // others, which no one can see.
-double RandomPlace(Rnd& rnd, int firstMm) {
-  return (std::floor(rnd.Next() * 30) + firstMm) / kCentimetresPerInch / 10;
+double RandomPlace(std::minstd_rand& rnd, int firstMm) {
+  return (firstMm + static_cast<int>(rnd() % 30)) / kCentimetresPerInch / 10;
 }
 
 // The covers behind cover n move up by one; the last cell keeps its content. The pictures do not move along:

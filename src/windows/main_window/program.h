@@ -1,5 +1,7 @@
 #pragma once
 
+#include <random>
+
 #include "core/app_state.h"
 #include "platform/controls/window_slot.h"
 #include "render/cover_drawing.h"
@@ -7,7 +9,6 @@
 #include "windows/fonts/fonten.h"
 #include "windows/image_picker/frm_about.h"
 #include "windows/layout_editor/dialog.h"
-#include "windows/layout_editor/rnd.h"
 #include "windows/main_window/form1.h"
 #include "windows/platform_services.h"
 #include "windows/side_windows/form2.h"
@@ -33,7 +34,7 @@ class Program {
   WindowOpeners Openers();
 
   Platform& platform_;
-  Rnd rnd_;
+  std::minstd_rand rnd_;  // never seeded: every run gives the same sequence
   WindowSlot<frmAbout> frmAbout_;
   WindowSlot<Dialog> dialog_;
   WindowSlot<FrmPreview> frmPreview_;

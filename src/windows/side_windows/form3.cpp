@@ -1,7 +1,6 @@
 #include "windows/side_windows/form3.h"
 
 #include <array>
-#include <memory>
 
 #include "core/web_addresses.h"
 #include "platform/resume_next.h"
@@ -138,26 +137,27 @@ void Form3::inizia() {
   strip.Cls();
   strip.SetFontName("Tahoma");
   strip.SetFontSize(kLargestFont);
+  const std::vector<std::string> lines = TextLines();
   std::string text;
-  ForEachLine([&](const std::string& line) {
+  for (const std::string& line : lines) {
     FitFont(line);
     text += line + "\r\n";
-  });
+  }
   // The shadow's offset of each line is not counted: the end of a long text runs off the strip's foot.
   Picture5.SetHeight(strip.TextHeight(text + "\r\n\r\n"));
   RuleLines();
   strip.CurrentY = 0;
-  ForEachLine([&](const std::string& line) { PrintCentred(line); });
+  for (const std::string& line : lines) PrintCentred(line);
 }
 
 // Without the file there are no lines; one that fails half-way ends there.
-void Form3::ForEachLine(const std::function<void(const std::string&)>& visit) const {
-  std::unique_ptr<InputFile> file;
-  ResumeNext([&] { file = platform_.files.OpenForInput(state_.AppPath + kTextFile); });
-  if (!file) return;
+std::vector<std::string> Form3::TextLines() const {
+  std::vector<std::string> lines;
   ResumeNext([&] {
-    for (std::string line; file->ReadLine(line);) visit(line);
+    const auto file = platform_.files.OpenForInput(state_.AppPath + kTextFile);
+    for (std::string line; file->ReadLine(line);) lines.push_back(line);
   });
+  return lines;
 }
 
 void Form3::FitFont(const std::string& line) {

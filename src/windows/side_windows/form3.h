@@ -1,7 +1,7 @@
 #pragma once
 
-#include <functional>
 #include <string>
+#include <vector>
 
 #include "core/app_state.h"
 #include "platform/controls/form.h"
@@ -57,7 +57,7 @@ class Form3 {
   void DressLabels();
   void ConnectEvents();
   void StripToStart();
-  void ForEachLine(const std::function<void(const std::string&)>& visit) const;
+  std::vector<std::string> TextLines() const;
   void FitFont(const std::string& line);
   void RuleLines();
   void PrintCentred(const std::string& line);
