@@ -57,6 +57,11 @@ class Disk : public FilesTest {
     };
   }
 
+  template <typename Deed>
+  static void Each(const std::string& names, Deed deed) {
+    std::istringstream words(names);
+    for (std::string name; words >> name;) deed(name);
+  }
   std::string WithoutRoot(std::string text) const {
     for (std::size_t at = 0; (at = text.find(disk.Path())) != std::string::npos;)
       text.erase(at, disk.Path().size());
@@ -103,9 +108,14 @@ class Disk : public FilesTest {
     return Joined(all.folders) + "; " + Joined(all.files) + "; left out: " + std::to_string(all.leftOut);
   }
 
+  std::string known;
   const std::map<std::string, Call> calls = {
-      {"folder", Silent([&](auto& of, auto&) { disk.MakeFolder(of); })},
-      {"file", Silent([&](auto& of, auto& with) { disk.Write(Bytes(of), Bytes(with)); })},
+      {"folder", Silent([&](auto& of, auto&) { Each(of, [&](auto& name) { disk.MakeFolder(name); }); })},
+      {"file", Silent([&](auto& of, auto& with) {
+         Each(of, [&](auto& name) { disk.Write(Bytes(name), Bytes(with)); });
+       })},
+      {"keep", Silent([&](auto&, auto&) { known = Everything(); })},
+      {"changed", [&](auto&, auto&) { return Everything() == known ? "no" : "yes"; }},
       {"huge", Silent([&](auto& of, auto& with) { fs::resize_file(disk.Path(of), std::stoull(with)); })},
       {"fifo", Silent([&](auto& of, auto&) { ::mkfifo(disk.Path(of).c_str(), 0600); })},
       {"link", Silent([&](auto& of, auto& with) { Link(with, of); })},

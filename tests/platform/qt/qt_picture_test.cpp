@@ -5,12 +5,9 @@
 #include <QElapsedTimer>
 #include <QPainter>
 #include <QtEndian>
-#include <atomic>
 #include <sstream>
-#include <thread>
 
 #include "platform/drawing/drawing_surface.h"
-#include "platform/files/file_system.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/picture_limits.h"
 #include "platform/qt/pictures/qt_picture.h"
@@ -164,26 +161,6 @@ TEST_F(QtPictureTest, FileInUseIsReadAgainOnceItChanged) {
   const PicturePtr before = Load(Encoded(TwoHalves(64, 32), "png"));
   EXPECT_EQ(loader_.LoadPicture("C:\\foto"), before);
   EXPECT_EQ(Load(Encoded(TwoHalves(128, 32), "png"))->WidthTwips(), 2 * before->WidthTwips());
-}
-
-TEST_F(QtPictureTest, LoadsManyAtOnceWhileVolumesComeAndGo) {
-  const FileSystem files(machine_.Root.Path(), MountTable({}, machine_.Root.Path("mounts"), ""), "");
-  const QtPictureLoader loader(files, "");
-  machine_.WriteFile("C:\\foto", Encoded(TwoHalves(64, 32), "png"));
-  std::atomic<int> loading = 20;
-  std::vector<std::thread> threads;
-  for (int i = loading; i > 0; --i) {
-    threads.emplace_back([&] {
-      for (int again = 0; again < 10; ++again) loader.LoadPicture("C:\\foto");
-      --loading;
-    });
-  }
-  for (int stick = 0; loading > 0; stick = (stick + 1) % 20) {
-    const std::string n = std::to_string(stick);
-    machine_.Root.Write("mounts", "9 1 8:" + n + " / /media/" + n + " rw - vfat /dev/sd" + n + " rw\n");
-    EXPECT_EQ(files.DriveRoots().front(), "C:\\");
-  }
-  for (std::thread& thread : threads) thread.join();
 }
 
 // What the toolkit makes of a picture's texts is no affair of the paper.

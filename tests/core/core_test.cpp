@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iomanip>
+#include <random>
+#include <sstream>
 
 #include "core/default_layout.h"
 #include "core/layout_files.h"
@@ -9,11 +11,98 @@
 #include "core/layout_writer.h"
 #include "core/measures.h"
 #include "core/number_text.h"
+#include "core/settings_file.h"
+#include "core/version_check.h"
+#include "platform/runtime_error.h"
 #include "tests/support/held_text.h"
 #include "tests/support/test_machine.h"
 
 namespace Morvane {
 namespace {
+
+TEST(Numbers, AreReadWrittenAndRoundedAsTheCasesTell) {
+  ExpectCases("tests/core/numbers.txt", [](const std::string& given) -> std::string {
+    const std::size_t begin = given.find('[') + 1;
+    const std::string text = given.substr(begin, given.rfind(']') - begin);
+    try {
+      if (given.starts_with("NumberToText")) return NumberToText(std::stod(text), ',');
+      if (given.starts_with("ToInteger16")) return std::to_string(ToInteger16(std::stod(text)));
+    } catch (const RuntimeError& error) {
+      return error.what();
+    }
+    std::ostringstream number;
+    number << std::setprecision(17) << Val(text);
+    return number.str();
+  });
+  EXPECT_EQ(Val("\r7"), 0) << "a carriage return is no blank";
+}
+
+TEST(NumberToText, ComesBackThroughValToFifteenDigits) {
+  std::mt19937 random(20240611);
+  std::uniform_int_distribution<long long> digits(-999'999'999'999'999, 999'999'999'999'999);
+  std::uniform_int_distribution<int> exponent(-300, 280);
+  for (int i = 0; i < 2000; ++i) {
+    const std::string text = std::to_string(digits(random)) + "e" + std::to_string(exponent(random));
+    const double value = std::stod(text);
+    EXPECT_EQ(Val(text), value);
+    EXPECT_EQ(Val(NumberToText(value, '.')), value) << text;
+  }
+}
+
+constexpr const char* kSettings = "C:\\Morvane\\morvane.ini";
+
+class SettingsTest : public testing::Test {
+ protected:
+  SettingsTest() { state.AppPath = "C:\\Morvane\\"; }
+
+  std::string Read() {
+    ReadSettings(state, *machine.Files);
+    return std::to_string(state.SpessoreBordo) + " " + state.FileFolder;
+  }
+  TestMachine machine;
+  AppState state;
+};
+
+TEST_F(SettingsTest, AreReadFromTheFirstColumnInExactCaseElseTheDefaultsStand) {
+  EXPECT_EQ(Read(), "0 c:\\") << "no file";
+  ExpectCases("tests/core/settings.txt", [&](std::string given) {
+    std::replace(given.begin(), given.end(), '\n', '\r');
+    machine.WriteFile(kSettings, given);
+    return Read();
+  });
+}
+
+TEST_F(SettingsTest, AreWrittenByteForByteReadBackAndKeptQuietlyWhenTheyCannotBeReplaced) {
+  const std::string head =
+      "; --------------------------------------------------\r\n"
+      ";  File di inizializzazione per Morvane\r\n"
+      ";   Il team di Morvane\r\n"
+      ";   Non manomettere assolutamente queste righe!\r\n"
+      "; --------------------------------------------------\r\n";
+  for (const auto& [width, text] : {std::pair(-3, "-3 "), {0, " 0 "}, {5, " 5 "}}) {
+    state.SpessoreBordo = static_cast<std::int16_t>(width);
+    state.FileFolder = "C:\\Città\\";
+    SalvaImpostazioni(state, *machine.Files);
+    EXPECT_EQ(machine.Files->ReadBytes(kSettings),
+              head + "SpessoreBordo=" + text + "\r\nFileFolder=C:\\Citt\xE0\\\r\n");
+    EXPECT_EQ(Read(), std::to_string(width) + " C:\\Città\\");
+  }
+  machine.Files->BeforeCall = [](const std::string&, const std::string& path) {
+    throw RuntimeError(ErrorNumber::PathFileAccess, path);
+  };
+  EXPECT_EQ(Read(), "0 c:\\");
+  state.SpessoreBordo = 1;
+  SalvaImpostazioni(state, *machine.Files);
+  machine.Files->BeforeCall = {};
+  EXPECT_EQ(Read(), "5 C:\\Città\\");
+}
+
+TEST(VersionCheck, DropsTheLastByteAndComparesTheDigitsAsNumbers) {
+  for (const char* body : {"261\n", "2601\n", "1000\n", " 261 \n"})
+    EXPECT_TRUE(IsNewer(VersioneRemota(body), VersioneLocale({}))) << body;
+  for (const char* body : {"261", "260\n", "259\n", "9", "", "<html>404</html>\n"})
+    EXPECT_FALSE(IsNewer(VersioneRemota(body), VersioneLocale({}))) << body;
+}
 
 class LayoutTest : public testing::Test {
  protected:
