@@ -33,7 +33,8 @@ std::string BytesOf(const std::string& given, const std::string& whole) {
       } else if (word == "rest") {
         bytes += whole.substr(bytes.size());
       } else {
-        bytes += QByteArray::fromHex(word.c_str()).toStdString();
+        const QStringList parts = QString::fromStdString(word).split('x');
+        bytes += QByteArray::fromHex(parts[0].toLatin1()).repeated(parts.value(1, "1").toInt()).toStdString();
       }
     }
   }
@@ -59,6 +60,8 @@ std::string Drawn(const Picture& picture) {
     if (rows.empty() || rows.back().first != row) rows.emplace_back(row, 0);
     ++rows.back().second;
   }
+  static std::vector<std::pair<std::string, int>> last;
+  if (std::exchange(last, rows) == rows) return text.str() + "\n|as before|";
   for (const auto& [row, times] : rows)
     text << "\n|" << row << "|" << (times > 1 ? " " + std::to_string(times) + " times" : "");
   return text.str();

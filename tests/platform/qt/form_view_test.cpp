@@ -5,7 +5,6 @@
 #include <QTimer>
 
 #include "platform/controls/picture_box.h"
-#include "platform/controls/simple_controls.h"
 #include "platform/qt/desktop/qt_window_system.h"
 #include "platform/qt/pictures/qt_picture.h"
 #include "tests/support/test_machine.h"
@@ -81,21 +80,6 @@ TEST_F(FormViewTest, PicturesAreSharpAgainOnceTheSizeStays) {
   draw(3000);
   EXPECT_NE(seen(), large);
   EXPECT_TRUE(QTest::qWaitFor([&] { return seen() == large; }));
-}
-
-TEST_F(FormViewTest, TimerTicksWhileItRunsAndNotWithinATick) {
-  Timer timer(form, "Timer1");
-  timer.SetInterval(1);
-  windows.ShowMain(form);
-  timer.Tick = [&] {
-    log.emplace_back("Tick");
-    QTest::qWait(5);  // further ticks are due
-    log.emplace_back("done");
-    timer.SetRunning(false);
-  };
-  timer.SetRunning(true);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return log.size() > 1; }));
-  EXPECT_THAT(log, ElementsAre("Tick", "done"));
 }
 
 }  // namespace
