@@ -11,50 +11,29 @@
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
-#include <algorithm>
-#include <functional>
-#include <map>
 #include <stdexcept>
-#include <utility>
 
 #include "platform/qt/views/view_text.h"
 
 namespace Morvane {
-
 namespace {
 
-// What of a control the mouse hits.
-QWidget& Surface(QWidget& widget) {
-  auto* const scrolled = qobject_cast<QAbstractScrollArea*>(&widget);
-  return scrolled == nullptr ? widget : *scrolled->viewport();
+QWidget* OpenOver() {
+  QWidget* const menu = QApplication::activePopupWidget();
+  return menu == nullptr ? QApplication::activeModalWidget() : menu;
 }
-
-// A desktop gives the keyboard to the window that waits for its answer; the toolkit's platform for tests does
-// not when a window comes back.
-QWidget& WithKeyboard() {
-  if (QWidget* const focused = QApplication::focusWidget()) return *focused;
-  QWidget* window = QApplication::activeModalWidget();
-  if (window == nullptr) window = QApplication::activeWindow();
-  if (window == nullptr) throw std::logic_error("no window has the keyboard");
-  QWidget* const within = window->focusWidget();
-  return within == nullptr ? *window : *within;
-}
-
-const std::map<MsgBoxAnswer, QString> kCaptions = {{MsgBoxAnswer::Ok, "OK"},
-                                                   {MsgBoxAnswer::Cancel, "Annulla"},
-                                                   {MsgBoxAnswer::Yes, "Sì"},
-                                                   {MsgBoxAnswer::No, "No"}};
 
 // Acts in the box or menu that opens over the windows, and gives the keyboard back to the one below, as a
 // desktop does. What cannot be done there is read as such, and the box is closed.
 class Meanwhile : public QObject {
  public:
   Meanwhile(HandWindows& windows, std::function<void(QWidget& open)> act)
-      : windows_(windows), act_(std::move(act)), below_(Open()) {
+      : windows_(windows), act_(std::move(act)), below_(OpenOver()), before_(std::exchange(newest_, this)) {
     connect(&watch_, &QTimer::timeout, this, [this] { Look(); });
     watch_.start(0);
   }
   ~Meanwhile() override {
+    newest_ = before_;
     if (watch_.isActive()) windows_.Read.emplace_back("cannot be done", "no box came");
     for (QWidget* const window : QApplication::topLevelWidgets()) {
       const Form* const top = windows_.TopForm();
@@ -64,13 +43,9 @@ class Meanwhile : public QObject {
   }
 
  private:
-  static QWidget* Open() {
-    QWidget* const menu = QApplication::activePopupWidget();
-    return menu == nullptr ? QApplication::activeModalWidget() : menu;
-  }
   void Look() {
-    QWidget* const open = Open();
-    if (open == nullptr || open == below_) return;
+    QWidget* const open = OpenOver();
+    if (open == nullptr || open == below_ || newest_ != this) return;
     watch_.stop();
     try {
       act_(*open);
@@ -84,30 +59,68 @@ class Meanwhile : public QObject {
   HandWindows& windows_;
   const std::function<void(QWidget&)> act_;
   QWidget* const below_;
+  Meanwhile* const before_;
   QTimer watch_;
+  static inline Meanwhile* newest_ = nullptr;  // a box may open over another
 };
 
 // A part that a box must have.
 template <typename Part>
 Part& Within(const QWidget& box) {
   auto* const part = box.findChild<Part*>();
-  if (part == nullptr) throw std::logic_error("the box lacks a part");
-  return *part;
+  return part != nullptr ? *part : throw std::logic_error("the box lacks a part");
+}
+
+// What of the widgets or entries bears a caption, or throws.
+template <typename Part>
+Part& Captioned(const QList<Part*>& parts, const std::string& caption) {
+  for (Part* const part : parts)
+    if (part->text().remove('&').toStdString() == caption) return *part;
+  throw std::logic_error("no " + caption);
+}
+
+template <typename Part>
+QString CaptionsOf(const QList<Part*>& parts) {
+  QStringList captions;
+  for (const Part* const part : parts) captions << part->text();
+  return captions.join(" | ");
+}
+
+void EndWith(QWidget& box, bool isAnswered) {
+  QTest::keyClick(&box, isAnswered ? Qt::Key_Return : Qt::Key_Escape);
+}
+
+// A desktop gives the keyboard to the window that waits for its answer; the toolkit's platform for tests does
+// not when a window comes back.
+QWidget& WithKeyboard() {
+  if (QWidget* const focused = QApplication::focusWidget()) return *focused;
+  QWidget* window = QApplication::activeModalWidget();
+  if (window == nullptr) window = QApplication::activeWindow();
+  if (window == nullptr) throw std::logic_error("no window has the keyboard");
+  QWidget* const within = window->focusWidget();
+  return within == nullptr ? *window : *within;
 }
 
 }  // namespace
+
+// Of what asks for it.
+std::string HandWindows::Answer(const QString& what, const QString& text) {
+  Read.emplace_back(what.toStdString(), text.toStdString());
+  AtBox();
+  if (Answers.empty()) throw std::logic_error("no answer to it");
+  const std::string answer = Answers.front();
+  Answers.pop_front();
+  return answer;
+}
 
 MsgBoxAnswer HandWindows::MsgBox(const std::string& text, MsgBoxButtons buttons, const std::string& title) {
   const Meanwhile answer(*this, [&](QWidget& open) {
     auto& box = dynamic_cast<QMessageBox&>(open);
     EXPECT_EQ(box.textFormat(), Qt::PlainText);
-    QStringList captions;
-    for (const QAbstractButton* const button : box.buttons()) captions << button->text().remove('&');
-    const QString heading = "box " + box.windowTitle() + " [" + captions.join(" | ") + "]";
-    Read.emplace_back(heading.toStdString(), box.text().toStdString());
-    const QString wanted = kCaptions.at(script_.MsgBox(text, buttons, title));
-    EXPECT_TRUE(captions.contains(wanted)) << heading.toStdString();
-    QTest::mouseClick(box.buttons().at(std::max(captions.indexOf(wanted), qsizetype{0})), Qt::LeftButton);
+    if (buttons == MsgBoxButtons::Ok) Answers.emplace_front("OK");
+    const std::string caption =
+        Answer("box " + box.windowTitle() + " [" + CaptionsOf(box.buttons()) + "]", box.text());
+    QTest::mouseClick(&Captioned(box.buttons(), caption), Qt::LeftButton);
   });
   return QtWindowSystem::MsgBox(text, buttons, title);
 }
@@ -117,10 +130,9 @@ std::string HandWindows::InputBox(const std::string& prompt, const std::string& 
   const Meanwhile answer(*this, [&](const QWidget& box) {
     auto& line = Within<QLineEdit>(box);
     const QString question = Within<QLabel>(box).text() + " [" + line.selectedText() + "]";
-    Read.emplace_back(box.windowTitle().toStdString() + " asks", question.toStdString());
-    const std::string typed = script_.InputBox(prompt, title, defaultText);
+    const std::string typed = Answer(box.windowTitle() + " asks", question);
     QTest::keyClicks(&line, QString::fromStdString(typed));
-    QTest::keyClick(&line, typed.empty() ? Qt::Key_Escape : Qt::Key_Return);
+    EndWith(line, !typed.empty());
   });
   return QtWindowSystem::InputBox(prompt, title, defaultText);
 }
@@ -128,98 +140,77 @@ std::string HandWindows::InputBox(const std::string& prompt, const std::string& 
 void HandWindows::PopupMenu(const std::vector<MenuItem>& items) {
   const Meanwhile choose(*this, [&](QWidget& open) {
     auto& menu = dynamic_cast<QMenu&>(open);
-    const std::string choice = script_.MenuChoices.empty() ? "" : script_.MenuChoices.front();
-    if (!script_.MenuChoices.empty()) script_.MenuChoices.pop_front();
-    QStringList entries;
-    for (QAction* const entry : menu.actions()) {
-      entries << entry->text();
-      if (entry->objectName().toStdString() == choice) menu.setActiveAction(entry);
-    }
-    Read.emplace_back("menu", entries.join(" | ").toStdString());
-    QTest::keyClick(&menu, choice.empty() ? Qt::Key_Escape : Qt::Key_Return);
+    const std::string choice = Answer("menu", CaptionsOf(menu.actions()));
+    if (!choice.empty()) menu.setActiveAction(&Captioned(menu.actions(), choice));
+    EndWith(menu, !choice.empty());
   });
   QtWindowSystem::PopupMenu(items);
 }
 
 std::string HandWindows::BrowseForFolder(const std::string& title) {
   const Meanwhile choose(*this, [&](const QWidget& chooser) {
-    Read.emplace_back("chooser", chooser.windowTitle().toStdString());
-    const std::string folder = script_.BrowseForFolder(title);
+    const std::string folder = Answer("chooser", chooser.windowTitle());
     auto& line = Within<QLineEdit>(chooser);
     const bool isBeyond = folder.starts_with('/');  // what the program knows of
     line.setText(QString::fromStdString(isBeyond ? folder : files_.ToNative(folder)));
-    QTest::keyClick(&line, folder.empty() ? Qt::Key_Escape : Qt::Key_Return);
+    EndWith(line, !folder.empty());
   });
   return QtWindowSystem::BrowseForFolder(title);
 }
 
 void HandWindows::RunModal(Form& form) {
-  auto& plays = script_.Modal[form.Name()];
-  if (!plays.empty()) {
-    QTimer::singleShot(0, qApp, [play = std::move(plays.front()), &form] { play(form); });
-    plays.pop_front();
-  }
+  QTimer::singleShot(0, qApp, [this, &form] { Play(form); });
   QtWindowSystem::RunModal(form);
 }
 
-Hand::Hand(TestMachine& machine)
-    : windows(*machine.Files, machine.Windows),
-      platform{windows,       machine.TheScreen,  *machine.Files,   machine.Pictures, machine.Metrics,
-               machine.Fonts, machine.ThePrinter, machine.Launches, machine.Http,     machine.platform.app} {
-  FollowDesktop(machine.TheScreen);
+namespace Hand {
+
+QWidget& See(const Form& form) {
+  for (QWidget* const window : QApplication::topLevelWidgets())
+    if (window->isVisible() && window->objectName().toStdString() == form.Name()) return *window;
+  throw std::logic_error("no window " + form.Name());
 }
 
-void Hand::Show(Form& form) {
-  windows.ShowMain(form);
+QWidget& Find(const Control& control) {
+  QWidget* const found =
+      See(control.Parent().OwnerForm()).findChild<QWidget*>(QString::fromStdString(control.Name()));
+  return found != nullptr ? *found : throw std::logic_error("no control " + control.Name());
+}
+
+void Click(const Control& control, double x, double y, Qt::MouseButton button) {
+  QWidget& widget = See(control);
+  auto* const scrolled = qobject_cast<QAbstractScrollArea*>(&widget);
+  QTest::mouseClick(scrolled == nullptr ? &widget : scrolled->viewport(), button, {},
+                    QPoint(ToPixels(x), ToPixels(y)));
   Settle();
 }
 
-void Hand::Press(const Control& control) {
+void Press(const Control& control) {
   Click(control, control.Width() / 2, control.Height() / 2);
 }
 
-void Hand::Click(const Control& control, double x, double y, Qt::MouseButton button,
-                 Qt::KeyboardModifiers modifiers) {
-  QTest::mouseClick(&Surface(Find(control)), button, modifiers, QPoint(ToPixels(x), ToPixels(y)));
-  Settle();
-}
-
-void Hand::Type(const Control& box, const std::string& text) {
+void Type(const Control& box, const QString& text) {
   Press(box);
   QTest::keyClick(&WithKeyboard(), Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(&WithKeyboard(), Qt::Key_Delete);
-  QTest::keyClicks(&WithKeyboard(), QString::fromStdString(text));
+  QTest::keyClicks(&WithKeyboard(), text);
   Settle();
 }
 
-void Hand::Key(const QKeySequence& keys) {
+void Key(const QKeySequence& keys) {
   QTest::keySequence(&WithKeyboard(), keys);
   Settle();
 }
 
-void Hand::Resize(const Form& form, double width, double height) {
-  See(form).resize(ToPixels(width), ToPixels(height));
-  Settle();
-}
-
-std::vector<std::string> Hand::Rows(const Control& list, const QModelIndex& below) {
+QModelIndex Row(const Control& list, const QString& text) {
   const QAbstractItemModel& model = *See<QAbstractItemView>(list).model();
-  std::vector<std::string> rows;
-  for (int i = 0; i < model.rowCount(below); ++i)
-    rows.push_back(model.index(i, 0, below).data().toString().toStdString());
-  return rows;
-}
-
-QModelIndex Hand::Row(const Control& list, const std::string& text) {
-  const QAbstractItemModel& model = *See<QAbstractItemView>(list).model();
-  const auto found = model.match(model.index(0, 0), Qt::DisplayRole, QString::fromStdString(text), 1,
+  const auto found = model.match(model.index(0, 0), Qt::DisplayRole, text, 1,
                                  Qt::MatchExactly | Qt::MatchCaseSensitive | Qt::MatchRecursive);
-  if (found.empty()) throw std::logic_error("no row " + text);
-  return found.front();
+  return found.empty() ? throw std::logic_error("no row " + text.toStdString()) : found.front();
 }
 
-void Hand::ClickRow(const Control& list, const QModelIndex& row, int x, Qt::MouseButton button,
-                    Qt::KeyboardModifiers modifiers) {
+void ClickRow(const Control& list, const QModelIndex& row, int x, Qt::MouseButton button,
+              Qt::KeyboardModifiers modifiers) {
   auto& view = See<QAbstractItemView>(list);
   view.scrollTo(row);
   const QRect place = view.visualRect(row);
@@ -227,23 +218,11 @@ void Hand::ClickRow(const Control& list, const QModelIndex& row, int x, Qt::Mous
   Settle();
 }
 
-QWidget& Hand::See(const Form& form) {
-  for (QWidget* const window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window->objectName().toStdString() == form.Name()) return *window;
-  }
-  throw std::logic_error("no window " + form.Name());
-}
-
 // What boxes give back comes after their end.
-void Hand::Settle() {
+void Settle() {
   for (int round = 0; round < 2; ++round) QApplication::processEvents();
 }
 
-QWidget& Hand::Find(const Control& control) {
-  QWidget* const found =
-      See(control.Parent().OwnerForm()).findChild<QWidget*>(QString::fromStdString(control.Name()));
-  if (found == nullptr) throw std::logic_error("no control " + control.Name());
-  return *found;
-}
+}  // namespace Hand
 
 }  // namespace Morvane

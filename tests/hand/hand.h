@@ -3,26 +3,28 @@
 #include <QKeySequence>
 #include <QModelIndex>
 #include <QWidget>
+#include <deque>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "platform/qt/desktop/qt_screen.h"
 #include "platform/qt/desktop/qt_window_system.h"
-#include "tests/support/test_machine.h"
-#include "windows/platform_services.h"
 
 namespace Morvane {
 
-// Real windows, boxes and menus, shown without a screen. The machine's script says how a person answers them,
-// and plays the person in the modal windows that it knows, which it must hide or unload.
+// Real windows, boxes and menus, shown without a screen, with a person before them.
 class HandWindows : public QtWindowSystem {
  public:
-  HandWindows(FileSystem& files, ScriptedWindows& script)
-      : QtWindowSystem(files), files_(files), script_(script) {}
+  explicit HandWindows(FileSystem& files) : QtWindowSystem(files), files_(files) {}
 
-  // What was read in boxes and menus: what each was, and its text.
+  // What the boxes, prompts, choosers and menus that ask for something are answered with, in turn: the
+  // caption of a button or entry, a name, a folder. An empty one is Esc.
+  std::deque<std::string> Answers;
+  // What was read in them: what each was, and its text.
   std::vector<std::pair<std::string, std::string>> Read;
+  std::function<void()> AtBox = [] {};             // what else happens while a box is open
+  std::function<void(Form&)> Play = [](auto&) {};  // in each modal window
 
   MsgBoxAnswer MsgBox(const std::string& text, MsgBoxButtons buttons, const std::string& title) override;
   std::string InputBox(const std::string& prompt, const std::string& title,
@@ -34,50 +36,36 @@ class HandWindows : public QtWindowSystem {
   void RunModal(Form& form) override;
 
  private:
+  std::string Answer(const QString& what, const QString& text);
+
   FileSystem& files_;
-  ScriptedWindows& script_;
 };
 
-// A person at the keyboard and mouse of a machine. Controls are found in the window on the screen, by name;
-// places are twips from a control's corner.
-class Hand {
- public:
-  explicit Hand(TestMachine& machine);
+// At the keyboard and mouse. Controls are found in the window on the screen, by name; places are twips from
+// a control's corner.
+namespace Hand {
 
-  HandWindows windows;
-  Platform platform;
+QWidget& See(const Form& form);
+QWidget& Find(const Control& control);
+template <typename Widget = QWidget>
+Widget& See(const Control& control) {
+  return dynamic_cast<Widget&>(Find(control));
+}
 
-  // The window as the program's first.
-  void Show(Form& form);
+void Click(const Control& control, double x, double y, Qt::MouseButton button = Qt::LeftButton);
+void Press(const Control& control);
+// Clicks into the box and replaces its text.
+void Type(const Control& box, const QString& text);
+// To what has the keyboard, faster than anything answers.
+void Key(const QKeySequence& keys);
+// The first row of this text, from the top.
+QModelIndex Row(const Control& list, const QString& text);
+// Pixels from the row's left edge; a tree's triangle lies before it.
+void ClickRow(const Control& list, const QModelIndex& row, int x, Qt::MouseButton button,
+              Qt::KeyboardModifiers modifiers = {});
+// Lets waiting events run.
+void Settle();
 
-  static void Press(const Control& control);
-  static void Click(const Control& control, double x, double y, Qt::MouseButton button = Qt::LeftButton,
-                    Qt::KeyboardModifiers modifiers = {});
-  // Clicks into the box and replaces its text.
-  static void Type(const Control& box, const std::string& text);
-  // To what has the keyboard, faster than anything answers.
-  static void Key(const QKeySequence& keys);
-  // By the edge of the window; twips of its inside.
-  static void Resize(const Form& form, double width, double height);
-
-  // The rows of a list, or of a tree below a row, as they are read.
-  static std::vector<std::string> Rows(const Control& list, const QModelIndex& below = {});
-  // The first row of this text, from the top.
-  static QModelIndex Row(const Control& list, const std::string& text);
-  // Pixels from the row's left edge; a tree's triangle lies before it.
-  static void ClickRow(const Control& list, const QModelIndex& row, int x = 5,
-                       Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers modifiers = {});
-
-  template <typename Widget = QWidget>
-  static Widget& See(const Control& control) {
-    return dynamic_cast<Widget&>(Find(control));
-  }
-  static QWidget& See(const Form& form);
-  // Lets waiting events run.
-  static void Settle();
-
- private:
-  static QWidget& Find(const Control& control);
-};
+}  // namespace Hand
 
 }  // namespace Morvane

@@ -54,8 +54,7 @@ class RecordingPrinter : public Printers, public Hooked {
   std::deque<PrintDialogAnswer> Answers;
   std::optional<PageOrientation> Turned;  // by the user in each dialog
   SheetSize Sheet = {11905.5, 16837.8};   // A4
-  bool Broken = false;
-  bool DialogFails = false;
+  std::string Broken, DialogBroken;       // what it complains of
   std::vector<Job> Jobs;
   std::vector<PrintDialogRequest> Dialogs;
 
@@ -65,15 +64,10 @@ class RecordingPrinter : public Printers, public Hooked {
                                    const std::string& title) override;
 };
 
-// A picture file of the tests is a text that begins with PICTURE; anything else cannot be decoded.
-class TextPictures : public PictureLoader, public Hooked {
+// Whatever a file holds is a picture.
+class SquarePictures : public PictureLoader {
  public:
-  explicit TextPictures(const FileSystem& files) : files_(files) {}
-
   PicturePtr LoadPicture(const std::string& path) const override;
-
- private:
-  const FileSystem& files_;
 };
 
 class RecordingLauncher : public Launcher, public Hooked {
@@ -138,7 +132,7 @@ class TestMachine {
   ListedFonts Fonts;
   RecordingPrinter Device;
   Printer ThePrinter;
-  TextPictures Pictures;
+  SquarePictures Pictures;
   RecordingLauncher Launches;
   CannedHttp Http;
   Platform platform;

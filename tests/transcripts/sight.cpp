@@ -245,17 +245,12 @@ QStringList UnseenIn(const Form& form) {
     const QString name = part->accessibleName();
     if (!name.isEmpty()) spoken << part->objectName() + " \"" + name + '"';
   }
-  QStringList stops;
-  for (const QWidget* part = window.nextInFocusChain(); part != &window; part = part->nextInFocusChain()) {
-    if (part->isVisibleTo(&window) && part->isEnabled() && (part->focusPolicy() & Qt::TabFocus) != 0)
-      stops << (part->objectName().isEmpty() ? part->accessibleName() : part->objectName());
-  }
   QStringList told;
   for (const char* const unseen : {"frame", "hands", "tips"}) {
     const auto there = sight.find(QString("window ") + unseen);
     if (there != sight.end()) told << Wrapped(QString("  %1: ").arg(unseen), there->second);
   }
-  return told << Wrapped("  stops: ", stops) << Wrapped("  spoken: ", spoken);
+  return told << Wrapped("  spoken: ", spoken);
 }
 
 Sight LookAround(const TestMachine& machine) {

@@ -18,8 +18,7 @@ Sight LookAt(const Form& form);
 // The files below the machine's drive, and the pointer.
 Sight LookAround(const TestMachine& machine);
 
-// What no picture of a window shows: its frame, its hands, its tips, where the Tab key leads, what is read
-// aloud.
+// What no picture of a window shows: its frame, its hands, its tips, what is read aloud.
 QStringList UnseenIn(const Form& form);
 
 }  // namespace Morvane

@@ -5,10 +5,10 @@
 #include <QMimeData>
 #include <QString>
 #include <QStringList>
-#include <limits>
 #include <map>
 #include <stdexcept>
 
+#include "platform/qt/desktop/qt_screen.h"
 #include "platform/qt/painting/qt_font_catalog.h"
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
@@ -31,51 +31,54 @@ struct Words {
 // A scene is a text: each line that begins with "> " is a deed of a person or of the world, or some with bars
 // between them, and ends with what is spoken of the control that it names. The lines below it are what is
 // then seen to have changed. The scene is played anew and must read the same. A deed that opens a window goes
-// on in it: the deeds below are done there until it is closed. The scene first_sights tells what each window
-// shows at first on an empty machine; others tell only what is different there.
-class Transcript : public testing::TestWithParam<std::string> {
+// on in it: the deeds below are done there until it is closed, or until one of the main window's commands
+// comes. The scene first_sights tells what each window shows at first on an empty machine; others tell only
+// what is different there.
+class Transcript {
  public:
-  Transcript();
+  explicit Transcript(std::string scene);
 
-  void Play();
+  // What it reads when it is played.
+  QStringList Play();
+  // Looks at what has changed, behind each line.
+  std::function<void()> Look = [this] { Report(); };
 
   // For the deeds.
-  void Do(const QString& line);
+  void Do(const QString& deed);
   void Repeat(int times, const QStringList& deeds);
   Form& Top() const { return top_ != nullptr ? *top_ : throw std::logic_error("no window is there yet"); }
   Control& Named(Words& words);
-  QStringList Shapes(const DrawingList& drawing) const;
   void Show(const QString& line) { seen_ << line; }
 
   TestMachine machine;
-  Hand hand{machine};
+  HandWindows windows{*machine.Files};
   QtPictureLoader pictures{*machine.Files, OldFormatDecoderPath()};
   const QtTextMetrics metrics{};
   const QtFontCatalog installed{};
   // Scenes of pictures show the fonts of the package list, all others a few by name.
   const FontCatalog& fonts;
   Printer printer{machine.Device, metrics, fonts};
-  Platform platform{hand.windows, machine.TheScreen, *machine.Files,   pictures,     metrics,
-                    fonts,        printer,           machine.Launches, machine.Http, machine.platform.app};
+  Platform platform{windows, machine.TheScreen, *machine.Files,   pictures,     metrics,
+                    fonts,   printer,           machine.Launches, machine.Http, machine.platform.app};
   Program program{platform, ','};
 
-  QString Mounts;
   QMimeData Dragged;
   DrawingList Printed;  // last
-  double Megabytes = std::numeric_limits<double>::infinity();
+  std::size_t Memory = ~std::size_t{};
 
  private:
-  static bool HasHome();
   void LearnWhatIsUsual();
   void PlayIn(Form* form);
   void PlayModal(Form& form);
   void Report();
   void ReportTheWorld();
   void ReportTheWindow();
+  QStringList Shapes(const DrawingList& drawing) const;
   Sight See(const Form& form) const;
   bool HasKeyboardAsExpected(const Sight& before, const Sight& now) const;
   void Tell(const std::string& what, const std::string& text);
 
+  const std::string scene_;
   QStringList lines_;
   QStringList seen_;
   qsizetype deed_ = 0;             // the line of it in what is seen
@@ -94,5 +97,11 @@ class Transcript : public testing::TestWithParam<std::string> {
 using Deed = void (*)(Transcript& scene, Words words);
 extern const std::map<QString, Deed> kDeedsOfTheWorld;  // what they do stands in the scene already
 extern const std::map<QString, Deed> kDeedsOfTheHand;
+
+void RunPrintProgram(Transcript& scene, Words words);
+QByteArray PictureFile(const QString& size);  // width x height in pixels
+
+// The path of a scene's text.
+std::string PathOf(const std::string& scene);
 
 }  // namespace Morvane

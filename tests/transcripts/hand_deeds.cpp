@@ -1,0 +1,396 @@
+#include <malloc.h>
+
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QClipboard>
+#include <QDragEnterEvent>
+#include <QExposeEvent>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTest>
+#include <QToolButton>
+#include <QUrl>
+#include <QWindow>
+
+#include "platform/controls/timer.h"
+#include "platform/controls/tree_view.h"
+#include "platform/drawing/calibration_sheet.h"
+#include "platform/qt/painting/drawing_painter.h"
+#include "platform/qt/views/view_text.h"
+#include "platform/units.h"
+#include "tests/hand/golden.h"
+#include "transcript.h"
+
+namespace Morvane {
+namespace {
+
+using Scene = Transcript;
+
+void SetScreen(Scene& scene, Words words) {
+  scene.machine.TheScreen.Measure = [side = words.Number()] { return ScreenSize{side, side}; };
+}
+
+void Darken(Scene&, Words) {
+  QPalette dark(QColor(50, 50, 50), QColor(42, 42, 42));
+  dark.setColor(QPalette::Highlight, QColor(48, 140, 198));
+  QApplication::setPalette(dark);
+}
+
+void SetPrinter(Scene& scene, Words words) {
+  const QString part = words.Next();
+  scene.machine.Device.Broken = part == "broken" ? words.All() : "";
+  scene.machine.Device.DialogBroken = part == "dialog" ? words.All() : "";
+}
+
+void AtBox(Scene& scene, Words words) {
+  scene.windows.AtBox = [&scene, n = words.Next().toInt(), deed = words.rest]() mutable {
+    if (--n == 0) scene.Do(deed);
+  };
+}
+
+void Repeat(Scene& scene, Words words) {
+  const int times = words.Next().toInt();
+  scene.Repeat(times, words.rest.split(" | "));
+}
+
+void Move(Scene& scene, Words words) {
+  const int left = ToPixels(words.Number());
+  Hand::See(scene.Top()).move(left, ToPixels(words.Number()));
+}
+
+void Resize(Scene& scene, Words words) {
+  const int width = ToPixels(words.Number());
+  Hand::See(scene.Top()).resize(width, ToPixels(words.Number()));
+}
+
+void Tick(Scene& scene, Words words) {
+  const std::string name = words.Path();
+  const auto& timers = scene.Top().Timers;
+  Timer& timer = **std::find_if(timers.begin(), timers.end(), [&](auto* one) { return one->Name() == name; });
+  for (int i = words.Next().toInt(); i > 0; --i) timer.Tick();
+  timer.SetRunning(false);
+}
+
+QPointF Place(const Control& control, Words& words) {  // percent of the control
+  const double x = words.Number() / 100 * control.Width();
+  return {x, words.Number() / 100 * control.Height()};
+}
+
+void Click(Scene& scene, Words words) {
+  const std::map<QString, Qt::MouseButton> buttons = {{"", Qt::LeftButton},
+                                                      {"right", Qt::RightButton},
+                                                      {"middle", Qt::MiddleButton},
+                                                      {"extra", Qt::ExtraButton1}};
+  const Control& control = scene.Named(words);
+  const QPointF place = Place(control, words);
+  Hand::Click(control, place.x(), place.y(), buttons.at(words.rest));
+}
+
+template <int x, Qt::MouseButton button, Qt::KeyboardModifier modifier>
+void ClickRow(Scene& scene, Words words) {
+  const Control& list = scene.Named(words);
+  Hand::ClickRow(list, Hand::Row(list, words.rest), x, button, modifier);
+}
+
+QPoint RowPlace(const Control& list, const QString& row) {
+  return Hand::See<QAbstractItemView>(list).visualRect(Hand::Row(list, row)).center();
+}
+
+void DoubleClick(Scene& scene, Words words) {
+  ClickRow<5, Qt::LeftButton, Qt::NoModifier>(scene, words);
+  const Control& list = scene.Named(words);
+  QTest::mouseDClick(Hand::See<QAbstractItemView>(list).viewport(), Qt::LeftButton, {},
+                     RowPlace(list, words.rest));
+}
+
+void Slide(Scene& scene, Words words) {
+  const Control& list = scene.Named(words);
+  QWidget& rows = *Hand::See<QAbstractItemView>(list).viewport();
+  const QPoint from = RowPlace(list, words.rest.section(" > ", 0, 0));
+  const QPoint to = RowPlace(list, words.rest.section(" > ", 1));
+  QTest::mousePress(&rows, Qt::LeftButton, {}, from);
+  QMouseEvent move(QEvent::MouseMove, to, rows.mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+  QApplication::sendEvent(&rows, &move);
+  QTest::mouseRelease(&rows, Qt::LeftButton, {}, to);
+}
+
+void Point(Scene& scene, Words words) {
+  const Control& control = scene.Named(words);
+  const QPointF place = Place(control, words);
+  const QPoint pixel(ToPixels(place.x()), ToPixels(place.y()));
+  // The first move over a window only enters it.
+  for (const QPoint& on : {pixel - QPoint(1, 0), pixel}) QTest::mouseMove(&Hand::See(control), on);
+}
+
+// On a screen where covered windows lose what they show.
+void Uncover(Scene& scene, const QRegion& region) {
+  QPaintEvent painted(region);
+  QExposeEvent uncovered(region);
+  for (QEvent* const event : std::initializer_list<QEvent*>{&painted, &uncovered})
+    QApplication::sendEvent(Hand::See(scene.Top()).windowHandle(), event);
+}
+
+// It comes, and goes.
+void ShowTip(Scene& scene, Words words) {
+  QWidget& control = Hand::See(scene.Named(words));
+  QHelpEvent pause(QEvent::ToolTip, control.rect().center(), control.mapToGlobal(control.rect().center()));
+  QApplication::sendEvent(&control, &pause);
+  const QRect window = Hand::See(scene.Top()).geometry();
+  for (QWidget* const tip : QApplication::topLevelWidgets()) {
+    if (!tip->isVisible() || tip->windowType() != Qt::ToolTip || !tip->geometry().intersects(window))
+      continue;
+    const QRect covered = (tip->geometry() & window).translated(-window.topLeft());
+    tip->hide();
+    return Uncover(scene, covered);
+  }
+  throw std::logic_error("no tool-tip over the window");
+}
+
+QToolButton& Tool(const Control& bar, const QString& name) {
+  for (auto* const tool : Hand::See(bar).findChildren<QToolButton*>())
+    if (tool->objectName() == name || tool->text() == name) return *tool;
+  throw std::logic_error("no such tool");
+}
+
+// An entry of the menu bar or of a button's menu.
+void ChooseEntry(Scene& scene, Words words) {
+  for (const auto* const widget : Hand::See(scene.program.form1.form).findChildren<QWidget*>())
+    for (QAction* const action : widget->actions())
+      if (action->text() == words.rest) return action->trigger();
+  throw std::logic_error("no such entry");
+}
+
+void Hold(Scene&, Words words) {
+  for (int i = 0; i < 3; ++i) {
+    QKeyEvent repeat(QEvent::KeyPress, QKeySequence(words.rest)[0].key(), {}, {}, true);
+    QApplication::sendEvent(QApplication::focusWidget(), &repeat);
+  }
+}
+
+void Paste(Scene& scene, Words words) {
+  const Control& box = scene.Named(words);
+  QGuiApplication::clipboard()->setText(words.rest.replace("\\t", "\t"));
+  Hand::Type(box, "");
+  Hand::Key(QKeySequence::Paste);
+}
+
+// All that a key leads to, as it is spoken.
+void Walk(Scene& scene, Words words) {
+  const Qt::Key key = QKeySequence(words.rest)[0].key();
+  QWidget& window = Hand::See(scene.Top());
+  QWidgetList stops;
+  while (window.focusWidget() != nullptr && !stops.contains(window.focusWidget())) {
+    stops << window.focusWidget();
+    const QString spoken = QAccessible::queryAccessibleInterface(stops.back())->text(QAccessible::Name);
+    scene.Show("    " + stops.back()->objectName() + " \"" + spoken + "\"");
+    QTest::keyClick(stops.back(), key);
+  }
+}
+
+// Files of one folder, or what else another program's window hands over.
+void Carry(Scene& scene, Words words) {
+  scene.Dragged.clear();
+  if (words.rest == "a text") return scene.Dragged.setText("C:\\Foto\\a.png");
+  QList<QUrl> urls;
+  if (words.rest.startsWith("a web page's ")) {
+    urls << QUrl("https://example.org/fronte.png");
+    if (words.rest.endsWith("picture")) {
+      scene.Dragged.setHtml("<img src='https://example.org/fronte.png'>");
+      scene.Dragged.setData("image/x-unknown", "?");
+      scene.Dragged.setData("image/bmp", PictureFile("50x25"));
+    }
+  } else {
+    const QString folder = QString::fromStdString(scene.machine.Files->ToNative(words.Path()));
+    for (const QString& name : words.rest.split(' ')) urls << QUrl::fromLocalFile(folder + "/" + name);
+  }
+  scene.Dragged.setUrls(urls);
+}
+
+// Over the page, at millimetres of an upright A4 sheet. With Shift the other program offers to move its file;
+// it must not be told to.
+constexpr Qt::DropActions kActions = Qt::CopyAction | Qt::MoveAction;
+
+QPointF OnPage(const QWidget& page, Words& words) {
+  const double x = words.Number() / 210 * page.width();
+  return {x, words.Number() / 297 * page.height()};
+}
+
+void Drag(Scene& scene, Words words) {
+  QWidget& page = Hand::See(scene.program.form1.Picture1);
+  const QPoint place = OnPage(page, words).toPoint();
+  QDragEnterEvent enter(place, kActions, &scene.Dragged, Qt::LeftButton, {});
+  QDragMoveEvent move(place, kActions, &scene.Dragged, Qt::LeftButton, {});
+  QApplication::sendEvent(&page, &enter);
+  if (enter.isAccepted()) QApplication::sendEvent(&page, &move);
+  scene.Show(enter.isAccepted() && move.isAccepted() ? "  may be dropped" : "  may not be dropped");
+}
+
+void Drop(Scene& scene, Words words) {
+  QWidget& page = Hand::See(scene.program.form1.Picture1);
+  QDropEvent drop(OnPage(page, words), kActions, &scene.Dragged, Qt::LeftButton, Qt::ShiftModifier);
+  QApplication::sendEvent(&page, &drop);
+  scene.Show(drop.isAccepted() && drop.dropAction() == Qt::CopyAction ? "  copied" : "  not copied");
+}
+
+void DragAway(Scene& scene, Words) {
+  QDragLeaveEvent leave;
+  QApplication::sendEvent(&Hand::See(scene.program.form1.Picture1), &leave);
+}
+
+// Of the rows of a tree.
+void TellImages(Scene& scene, const std::vector<TreeNode*>& nodes) {
+  for (const TreeNode* const node : nodes) {
+    scene.Show(QString::fromStdString("    " + node->Text() + ": " + node->Image()));
+    if (node->Expanded()) TellImages(scene, node->Children());
+  }
+}
+
+QStringList ColumnStarts(const DrawingList& drawing) {
+  QStringList firsts;
+  double left = 0;
+  for (const Shape& shape : drawing) {
+    const auto* text = std::get_if<TextShape>(&shape);
+    if (text == nullptr || text->left == left) continue;
+    left = text->left;
+    firsts << QString::fromStdString(text->text);
+  }
+  return firsts;
+}
+
+// Whether they begin on the sheet, which is taken away, as in the preview.
+void CompareColumns(Scene& scene, Words words) {
+  const auto& preview = dynamic_cast<const PictureBox&>(scene.Named(words));
+  const QStringList seen = ColumnStarts(preview.Surface.Drawing());
+  const auto jobs = std::exchange(scene.machine.Device.Jobs, {});
+  scene.Show(seen == ColumnStarts(jobs.at(0).page) ? "  columns as printed"
+                                                   : "  other columns: " + seen.join(" | "));
+}
+
+// The window must be as its picture in the documentation, but for the scroll bars.
+void TakePicture(Scene& scene, Words words) {
+  QWidget& window = Hand::See(scene.Top());
+  window.grab();
+  Hand::Settle();  // scroll bars come and go after the first painting
+  const QImage seen = window.grab().toImage();
+  const double scale = seen.devicePixelRatio();
+  QRegion bars;
+  for (const auto* bar : window.findChildren<QScrollBar*>())
+    if (bar->isVisible()) bars += QRect(bar->mapTo(&window, QPoint()), bar->size());
+  ExpectPicture(words.All() + "-" + std::to_string(std::lround(scale * 100)), seen,
+                QTransform::fromScale(scale, scale).map(bars));
+}
+
+// An upright sheet, from the corner of what is printable.
+void ExpectSheet(const std::string& name, const DrawingList& page, double dotsPerInch, QPointF corner = {}) {
+  const double dotsPerMm = dotsPerInch / kMillimetresPerInch;
+  QImage sheet((QSizeF(210, 297) * dotsPerMm).toSize(), QImage::Format_RGB32);
+  sheet.fill(Qt::white);
+  QPainter painter(&sheet);
+  painter.scale(dotsPerMm / kTwipsPerMillimetre, dotsPerMm / kTwipsPerMillimetre);
+  painter.translate(corner * kTwipsPerMillimetre);
+  PaintCache cache;
+  PaintDrawing(painter, page, cache);
+  ExpectPicture(name, sheet);
+}
+
+void TakeCalibrationSheet(Scene& scene, Words words) {
+  constexpr QPointF kCorner(3.4, 6.35);  // mm
+  DrawingSurface sheet(scene.metrics);
+  sheet.SetSize(210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre);
+  DrawCalibrationSheet(sheet, kCorner.x(), kCorner.y(), 210 - 2 * kCorner.x(), 297 - 2 * kCorner.y());
+  ExpectSheet(words.All(), sheet.Drawing(), 80, kCorner);
+}
+
+// What the program holds, since it was told last.
+void TellMemory(Scene& scene, Words) {
+  constexpr std::size_t kMostGrowth = 1 << 20;  // bytes
+  const struct mallinfo2 memory = mallinfo2();
+  const std::size_t now = memory.uordblks + memory.hblkhd;
+  const std::size_t before = std::exchange(scene.Memory, now);
+  scene.Show(now < before || now - before < kMostGrowth ? "  memory is as before"
+                                                        : QString("  %1 bytes more").arg(now - before));
+}
+
+}  // namespace
+
+// clang-format off
+// What the machine and the person will answer, and the hand. Controls come first, then places, rows or texts.
+const std::map<QString, Deed> kDeedsOfTheHand = {
+    // The machine.
+    {"serve", [](Scene& s, Words w) { s.machine.Http.Body = w.All() + "\n"; }},
+    {"unprintable", [](Scene& s, Words w) { s.machine.Fonts.NotForPrinting.push_back(w.All()); }},
+    {"separator", [](Scene& s, Words w) { s.program.state.decimalSeparator = w.rest[0].toLatin1(); }},
+    {"in-use", [](Scene& s, Words w) { s.program.state.NomeLayout = w.All(); }},
+    {"screen", SetScreen},
+    // a desktop that the user has made so
+    {"dark", Darken},
+    {"launches", [](Scene& s, Words w) { s.machine.Launches.ShellFails = w.rest == "fail"; }},
+    // dialog or broken and what it complains of, or works
+    {"printer", SetPrinter},
+    // how many, or none: in the next print dialog
+    {"copies", [](Scene& s, Words w) { s.machine.Device.Answers.push_back({w.rest != "none", std::max(w.rest.toInt(), 1)}); }},
+
+    // Boxes, prompts, choosers and menus.
+    {"answer", [](Scene& s, Words w) { s.windows.Answers.push_back(w.All()); }},
+    // n, deed: while the n-th from now is open
+    {"at-box", AtBox},
+
+    // The program and its main window.
+    {"start", [](Scene& s, Words) { s.windows.ShowMain(s.program.form1.form); }},
+    {"tool", [](Scene& s, Words w) { QTest::mouseClick(&Tool(s.program.form1.Toolbar1, w.rest), Qt::LeftButton); }},
+    {"panel", [](Scene& s, Words w) { Tool(s.program.form1.StatusBar1, w.rest).click(); }},
+    {"menu", ChooseEntry},
+
+    // Mouse and keyboard.
+    {"press", [](Scene& s, Words w) { Hand::Press(s.Named(w)); }},
+    {"click", Click},
+    {"point", Point},
+    {"row", ClickRow<5, Qt::LeftButton, Qt::NoModifier>},
+    {"ctrl-row", ClickRow<5, Qt::LeftButton, Qt::ControlModifier>},
+    {"right", ClickRow<5, Qt::RightButton, Qt::NoModifier>},
+    {"unfold", ClickRow<-10, Qt::LeftButton, Qt::NoModifier>},
+    {"double", DoubleClick},
+    // row > row: pressed on one, let go on the other
+    {"slide", Slide},
+    {"type", [](Scene& s, Words w) { const Control& box = s.Named(w); Hand::Type(box, w.rest); }},
+    // "\\t" is a tab
+    {"paste", Paste},
+    // several are parted by commas
+    {"key", [](Scene&, Words w) { Hand::Key(w.rest); }},
+    // three repeats of a key
+    {"hold", Hold},
+    {"walk", Walk},
+    {"carry", Carry},
+    {"drag", Drag},
+    {"drop", Drop},
+    {"drag-away", DragAway},
+
+    // The window on top.
+    {"move", Move},
+    {"resize", Resize},
+    {"minimise", [](Scene& s, Words) { Hand::See(s.Top()).showMinimized(); }},
+    {"maximise", [](Scene& s, Words) { Hand::See(s.Top()).showMaximized(); }},
+    {"restore", [](Scene& s, Words) { Hand::See(s.Top()).showNormal(); }},
+    {"close", [](Scene& s, Words) { Hand::See(s.Top()).close(); }},
+    // timer, times
+    {"tick", Tick},
+    // another window was over this one
+    {"uncover", [](Scene& s, Words) { Uncover(s, QRegion(0, 0, 9, 9)); }},
+    {"tip", ShowTip},
+    {"repeat", Repeat},
+
+    // A closer look.
+    {"look", [](Scene& s, Words w) { s.Show("    " + LookAt(s.Top()).at(w.rest).join("\n    ")); }},
+    {"images", [](Scene& s, Words w) { TellImages(s, dynamic_cast<const TreeView&>(s.Named(w)).Roots()); }},
+    {"listen", [](Scene& s, Words) { s.Show(UnseenIn(s.Top()).join('\n')); }},
+    {"compare-columns", CompareColumns},
+    {"take", TakePicture},
+    {"take-sheet", [](Scene& s, Words w) { ExpectSheet(w.All(), s.Printed, 60); }},
+    {"take-calibration-sheet", TakeCalibrationSheet},
+    {"memory", TellMemory},
+    {"morvane-print", RunPrintProgram},
+};
+// clang-format on
+
+}  // namespace Morvane
