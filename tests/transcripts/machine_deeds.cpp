@@ -65,9 +65,9 @@ void Deny(Scene& scene, Words words) {
 }
 
 void Before(Scene& scene, Words words) {
-  scene.machine.Files->BeforeCall = [&scene, wanted = words.Path(), of = words.Path(), deed = words.rest](
+  scene.machine.Files->BeforeCall = [&scene, wanted = words.Path(), of = words.Path(), command = words.All()](
                                         const std::string& call, const std::string& path) {
-    if (call == wanted && path.starts_with(of)) scene.Do(deed);
+    if (call == wanted && path.starts_with(of)) RunSilently(scene, command);
   };
 }
 
@@ -104,7 +104,7 @@ const std::map<QString, Deed> kDeedsOfTheWorld = {
     // of whole files and folders, from now on
     {"tell-reads", TellReads},
     {"deny", Deny},
-    // call, path, deed: each time before the file system does this there, or below
+    // call, path, command: each time before the file system does this there, or below
     {"before", Before},
 };
 // clang-format on

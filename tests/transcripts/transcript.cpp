@@ -43,9 +43,8 @@ Control& The(const Form& form, const std::string& name) {
 
 // Its preview is loaded and its folders are looked into when nothing else waits.
 void WaitForPicker(const Form& form) {
-  for (const Timer* const timer : form.Timers) {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !timer->Running(); })) << timer->Name();
-  }
+  const auto runs = [](const Timer* timer) { return timer->Running(); };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return std::none_of(form.Timers.begin(), form.Timers.end(), runs); }));
   Hand::Settle();
 }
 
