@@ -66,10 +66,12 @@ void Resize(Scene& scene, Words words) {
 
 void Tick(Scene& scene, Words words) {
   const std::string name = words.Path();
-  const auto& timers = scene.Top().Timers;
-  Timer& timer = **std::find_if(timers.begin(), timers.end(), [&](auto* one) { return one->Name() == name; });
-  for (int i = words.Next().toInt(); i > 0; --i) timer.Tick();
-  timer.SetRunning(false);
+  for (Timer* const timer : scene.Top().Timers) {
+    if (timer->Name() != name) continue;
+    for (int i = words.Next().toInt(); i > 0; --i) timer->Tick();
+    return timer->SetRunning(false);
+  }
+  throw std::logic_error("no timer " + name);
 }
 
 QPointF Place(const Control& control, Words& words) {  // percent of the control
