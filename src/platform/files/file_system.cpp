@@ -6,51 +6,49 @@
 
 #include <array>
 #include <cerrno>
-#include <cstdlib>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "platform/files/file_error.h"
-#include "platform/files/folder_reader.h"
+#include "platform/files/folder_entries.h"
 #include "platform/files/name_order.h"
 #include "platform/files/pending_file.h"
-#include "platform/resume_next.h"
 #include "platform/windows_1252.h"
 
 namespace Morvane {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr mode_t kWriteBits = 0222;
 
-// A file without any write permission counts as read-only, even for the superuser.
-void RequireWritablePlainFile(const std::string& native, const std::string& path) {
+// What is known of a plain file that may be written. A file without any write permission counts as read-only,
+// even for the superuser.
+struct stat WritablePlainFile(const std::string& native, const std::string& path) {
   struct stat info {};
   if (::stat(native.c_str(), &info) != 0) throw SystemFileError(errno, path);
   const bool writable =
       (info.st_mode & kWriteBits) != 0 && ::faccessat(AT_FDCWD, native.c_str(), W_OK, AT_EACCESS) == 0;
   if (!S_ISREG(info.st_mode) || !writable) throw FileError(ErrorNumber::PathFileAccess, path);
+  return info;
 }
 
-std::string ResolveLinks(const std::string& native, const std::string& path) {
-  const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(native.c_str(), nullptr), &std::free);
-  if (!resolved) throw SystemFileError(errno, path);
-  return resolved.get();
+fs::path ResolveLinks(const std::string& native, const std::string& path) {
+  std::error_code error;
+  const fs::path resolved = fs::canonical(native, error);
+  if (error) throw SystemFileError(error.value(), path);
+  return resolved;
 }
 
 void ReplaceText(const std::string& native, const std::string& bytes, const std::string& path) {
-  const std::string real = ResolveLinks(native, path);
-  RequireWritablePlainFile(real, path);
-  struct stat older {};
-  if (::stat(real.c_str(), &older) != 0) throw SystemFileError(errno, path);
-  const std::size_t slash = real.rfind('/');
-  PendingFile file(real.substr(0, slash), path);
+  const fs::path real = ResolveLinks(native, path);
+  const struct stat older = WritablePlainFile(real, path);
+  PendingFile file(real.parent_path(), path);
   file.Resemble(older);
   file.Write(bytes);
-  file.Replace(real.substr(slash + 1));
-}
-
-void RemoveFile(const std::string& native, const std::string& path) {
-  if (::unlink(native.c_str()) != 0) throw SystemFileError(errno, path);
+  file.Replace(real.filename());
 }
 
 std::string ExistingFolder(const PathMapping& paths, const std::string& folder) {
@@ -59,23 +57,24 @@ std::string ExistingFolder(const PathMapping& paths, const std::string& folder) 
   return *native;
 }
 
-FolderReader OpenFolder(const PathMapping& paths, const std::string& folder) {
-  const std::string native = ExistingFolder(paths, folder);
-  FileDescriptor descriptor(::open(native.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!descriptor.IsOpen())
-    throw errno == ENOENT ? FileError(ErrorNumber::PathNotFound, folder) : SystemFileError(errno, folder);
-  return {std::move(descriptor), folder};
+std::string NameOf(const FolderEntry& entry) {
+  return ReadableUtf8(entry.name);
 }
 
 // The names that `accept` takes. A medium that fails in the middle of a folder has no more of them.
-std::vector<std::string> SortedNames(FolderReader folder,
-                                     const std::function<bool(const FolderReader&)>& accept) {
+std::vector<std::string> SortedNames(const std::string& native, const std::string& folder,
+                                     bool (*accept)(const FolderEntry&)) {
   std::vector<std::string> names;
-  ResumeNext([&] {
-    while (folder.Next()) {
-      if (accept(folder)) names.push_back(folder.Name());
-    }
-  });
+  std::size_t seen = 0;
+  try {
+    VisitFolder(native, folder, [&](const FolderEntry& entry) {
+      ++seen;
+      if (accept(entry)) names.push_back(NameOf(entry));
+      return true;
+    });
+  } catch (const RuntimeError&) {
+    if (seen == 0) throw;
+  }
   SortNames(names);
   return names;
 }
@@ -132,37 +131,37 @@ std::string FileSystem::VolumeLabel(const std::string& root) const {
 
 std::vector<std::string> FileSystem::PlainFiles(const std::string& folder) const {
   Tell("PlainFiles", folder);
-  return SortedNames(OpenFolder(paths_, folder), [](const FolderReader& entry) {
-    return !entry.IsHidden() && entry.Kind() == EntryKind::File;
+  return SortedNames(ExistingFolder(paths_, folder), folder, [](const FolderEntry& entry) {
+    return !entry.name.starts_with('.') && entry.Kind() == EntryKind::File;
   });
 }
 
 std::vector<std::string> FileSystem::SubFolders(const std::string& folder) const {
   Tell("SubFolders", folder);
-  return SortedNames(OpenFolder(paths_, folder),
-                     [](const FolderReader& entry) { return entry.Kind() == EntryKind::Folder; });
+  return SortedNames(ExistingFolder(paths_, folder), folder,
+                     [](const FolderEntry& entry) { return entry.Kind() == EntryKind::Folder; });
 }
 
 std::string FileSystem::FirstSubFolder(const std::string& folder,
                                        const std::function<bool(const std::string&)>& accept) const {
   Tell("FirstSubFolder", folder);
-  FolderReader reader = OpenFolder(paths_, folder);
-  while (reader.Next()) {
-    if (reader.Kind() == EntryKind::Folder && accept(reader.Name())) return reader.Name();
-  }
-  return {};
+  std::string first;
+  VisitFolder(ExistingFolder(paths_, folder), folder, [&](const FolderEntry& entry) {
+    if (entry.Kind() == EntryKind::Folder && accept(NameOf(entry))) first = NameOf(entry);
+    return first.empty();
+  });
+  return first;
 }
 
 FolderEntries FileSystem::ReadFolder(const std::string& folder) const {
   Tell("ReadFolder", folder);
   FolderEntries entries;
-  FolderReader reader = OpenFolder(paths_, folder);
-  while (reader.Next()) {
-    const EntryKind kind = reader.Kind();
-    if (kind == EntryKind::Folder) entries.folders.push_back(reader.Name());
-    if (kind == EntryKind::File) entries.files.push_back(reader.Name());
-  }
-  entries.leftOut = reader.LeftOut();
+  entries.leftOut = VisitFolder(ExistingFolder(paths_, folder), folder, [&](const FolderEntry& entry) {
+    const EntryKind kind = entry.Kind();
+    if (kind == EntryKind::Folder) entries.folders.push_back(NameOf(entry));
+    if (kind == EntryKind::File) entries.files.push_back(NameOf(entry));
+    return true;
+  });
   SortNames(entries.folders);
   SortNames(entries.files);
   return entries;
@@ -176,8 +175,8 @@ std::string FileSystem::FolderIdentity(const std::string& folder) const {
 bool FileSystem::FileExists(const std::string& path) const {
   Tell("FileExists", path);
   const auto native = paths_.Find(path, Wanted::Anything);
-  struct stat info {};
-  return native && ::stat(native->c_str(), &info) == 0 && S_ISREG(info.st_mode);
+  std::error_code unknown;  // then it is none
+  return native && fs::is_regular_file(*native, unknown);
 }
 
 bool FileSystem::FolderExists(const std::string& path) const {
@@ -211,10 +210,10 @@ void FileSystem::WriteText(const std::string& path, const std::string& utf8) {
 void FileSystem::Kill(const std::string& path) {
   Tell("Kill", path);
   const std::string native = paths_.Existing(path);
-  struct stat info {};
-  const bool leadsNowhere = ::stat(native.c_str(), &info) != 0;
-  if (!leadsNowhere) RequireWritablePlainFile(native, path);
-  RemoveFile(native, path);
+  std::error_code unknown;
+  const bool leadsNowhere = !fs::exists(native, unknown);
+  if (!leadsNowhere) WritablePlainFile(native, path);
+  if (::unlink(native.c_str()) != 0) throw SystemFileError(errno, path);
 }
 
 void FileSystem::Name(const std::string& from, const std::string& to) {

@@ -1,16 +1,13 @@
 #include "platform/files/path_mapping.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "platform/files/file_error.h"
-#include "platform/files/folder_reader.h"
+#include "platform/files/folder_entries.h"
 #include "platform/files/name_order.h"
 #include "platform/text.h"
 #include "platform/windows_1252.h"
@@ -19,13 +16,15 @@ namespace Morvane {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr std::size_t kLongestName = 255;  // bytes
 
 // A link counts as a name, wherever it leads, and as a folder when it leads to one.
 bool IsThere(const std::string& native, Wanted wanted) {
-  struct stat info {};
-  if (wanted == Wanted::Anything) return ::lstat(native.c_str(), &info) == 0;
-  return ::stat(native.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+  std::error_code unknown;  // then nothing is
+  return wanted == Wanted::Folder ? fs::is_directory(native, unknown)
+                                  : fs::exists(fs::symlink_status(native, unknown));
 }
 
 std::string WithoutSlashAtEnd(std::string path) {
@@ -106,21 +105,16 @@ std::optional<std::string> PathMapping::FindName(const std::string& folder, cons
                                                  Wanted wanted) {
   if (MisleadsSystem(name)) return std::nullopt;
   if (IsThere(folder + "/" + name, wanted)) return name;
-  FileDescriptor descriptor(::open(OrSlash(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!descriptor.IsOpen()) {
-    if (errno == ENOENT || errno == ENOTDIR || errno == ELOOP) return std::nullopt;
-    throw SystemFileError(errno, name);
-  }
-
-  FolderReader reader(std::move(descriptor), folder);
+  if (!IsThere(OrSlash(folder), Wanted::Folder)) return std::nullopt;
   std::optional<std::string> best;
-  while (reader.Next()) {
-    const std::string_view raw = reader.RawName();
-    if (!IsSameName(raw, name)) continue;
-    if (wanted == Wanted::Folder && reader.Kind() != EntryKind::Folder) continue;
-    if (ReadableUtf8(raw) == name) return std::string(raw);
-    if (!best || NameIsBefore(raw, *best)) best = raw;
-  }
+  VisitFolder(OrSlash(folder), name, [&](const FolderEntry& entry) {
+    const std::string_view raw = entry.name;
+    if (!IsSameName(raw, name) || (wanted == Wanted::Folder && entry.Kind() != EntryKind::Folder))
+      return true;
+    const bool isExact = ReadableUtf8(raw) == name;
+    if (isExact || !best || NameIsBefore(raw, *best)) best = raw;
+    return !isExact;
+  });
   return best;
 }
 
@@ -178,7 +172,7 @@ std::string PathMapping::ToNative(const std::string& path) const {
 }
 
 std::string PathMapping::FromNative(const std::string& nativePath) const {
-  const std::string normal = std::filesystem::path(nativePath).lexically_normal().string();
+  const std::string normal = fs::path(nativePath).lexically_normal().string();
   const auto inside = Below(WithoutSlashAtEnd(normal), root_);
   if (!normal.starts_with('/') || !inside) return "";
 
