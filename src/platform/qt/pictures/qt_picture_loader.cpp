@@ -59,7 +59,7 @@ PicturePtr PictureFromBytes(const std::string& name, const QByteArray& bytes, Da
     overview = reader.Read(FilePicture::OverviewSize(size));
     if (overview.isNull()) throw DamagedPicture(name);
   }
-  return std::make_shared<FilePicture>(bytes.first(extent.end), size, std::move(overview));
+  return std::make_shared<FilePicture>(bytes.left(extent.end), size, std::move(overview));
 }
 
 QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPath, DamageShows damage)

@@ -5,6 +5,7 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QUrl>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -13,22 +14,6 @@
 
 namespace Morvane {
 namespace {
-
-struct Field {
-  const char* key;
-  double Calibration::*value;
-};
-
-constexpr Field kFields[] = {
-    {"orizzontale180", &Calibration::acrossMm},
-    {"verticale250", &Calibration::downMm},
-    {"destra", &Calibration::rightMm},
-    {"basso", &Calibration::downwardsMm},
-};
-
-bool IsUsualScale(double scale) {
-  return scale >= Calibration::kLeastScale && scale <= Calibration::kMostScale;
-}
 
 // A queue's name may have a slash, which would make groups within groups.
 QString GroupOf(const QString& printer) {
@@ -42,8 +27,9 @@ QString NameOf(const QString& group) {
 }  // namespace
 
 bool Calibration::IsUsual() const {
-  return IsUsualScale(acrossMm / kCalibrationAcross) && IsUsualScale(downMm / kCalibrationDown) &&
-         std::abs(rightMm) <= kMostShiftMm && std::abs(downwardsMm) <= kMostShiftMm;
+  return std::ranges::all_of(kCalibrationFields, [this](const CalibrationField& field) {
+    return std::abs(this->*field.value - field.exact) <= field.most;
+  });
 }
 
 QTransform Calibration::Correction(QPointF cross) const {
@@ -69,7 +55,7 @@ void Calibrations::Read() {
   for (const QString& group : groups) {
     settings.beginGroup(group);
     Calibration read;
-    for (const Field& field : kFields) {
+    for (const CalibrationField& field : kCalibrationFields) {
       bool number = false;
       read.*field.value = settings.value(field.key).toDouble(&number);
       sound = sound && number;
@@ -90,7 +76,7 @@ void Calibrations::Keep(const QString& printer, const Calibration& calibration) 
   settings.clear();
   for (const auto& [name, kept] : printers_.asKeyValueRange()) {
     settings.beginGroup(GroupOf(name));
-    for (const Field& field : kFields) settings.setValue(field.key, kept.*field.value);
+    for (const CalibrationField& field : kCalibrationFields) settings.setValue(field.key, kept.*field.value);
     settings.endGroup();
   }
   settings.sync();

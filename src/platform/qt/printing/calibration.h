@@ -11,10 +11,6 @@ namespace Morvane {
 // How a printer's paper differs from what it was told, as the user measured it on the calibration sheet. The
 // sheet is upright, as it comes out of the printer.
 struct Calibration {
-  static constexpr double kLeastScale = 0.95;
-  static constexpr double kMostScale = 1.05;
-  static constexpr double kMostShiftMm = 20;
-
   double acrossMm = kCalibrationAcross;  // what the ruler across measures
   double downMm = kCalibrationDown;      // what the ruler down measures
   double rightMm = 0;                    // how far the cross lies too far right; negative: left
@@ -22,12 +18,31 @@ struct Calibration {
 
   bool operator==(const Calibration&) const = default;
 
-  // Within the limits above.
+  // Within the limits of each field.
   bool IsUsual() const;
 
   // Where to draw so that a place comes out right. In twips of the upright sheet, whose cross is at
   // `cross`: the place that comes out exactly, whatever the scale.
   QTransform Correction(QPointF cross) const;
+};
+
+// One of the four measures, in mm: the file's key, what exact paper measures, and how far off is believed.
+struct CalibrationField {
+  const char* key;
+  double Calibration::*value;
+  double exact;
+  double most;
+};
+
+inline constexpr double kCalibrationPercent = 5;  // that a ruler may be off
+inline constexpr double kCalibrationShift = 20;   // mm
+
+inline constexpr CalibrationField kCalibrationFields[] = {
+    {"orizzontale180", &Calibration::acrossMm, kCalibrationAcross,
+     kCalibrationAcross* kCalibrationPercent / 100},
+    {"verticale250", &Calibration::downMm, kCalibrationDown, kCalibrationDown* kCalibrationPercent / 100},
+    {"destra", &Calibration::rightMm, 0, kCalibrationShift},
+    {"basso", &Calibration::downwardsMm, 0, kCalibrationShift},
 };
 
 // The calibrations of this user's printers, in a file of their own.

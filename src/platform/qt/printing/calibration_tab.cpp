@@ -13,40 +13,35 @@ namespace {
 
 constexpr double kLargest = 999;  // that can be typed, mm
 
+// What the tab says of a field: %1 is the exact measure, %2 and %3 the limits.
 struct Row {
-  const char* caption;  // with the length of a ruler
-  const char* toolTip;  // with the limits of what it may measure, or of the shift
-  double Calibration::*value;
-  double ruler = 0;  // mm
+  const char* caption;
+  const char* toolTip;
 };
 
-constexpr std::array<Row, 4> kRows = {{
-    {"La riga &orizzontale di %1 mm misura", "Da %1 a %2 mm", &Calibration::acrossMm, kCalibrationAcross},
-    {"La riga &verticale di %1 mm misura", "Da %1 a %2 mm", &Calibration::downMm, kCalibrationDown},
-    {"La croce è più a &destra di", "Fino a %1 mm; più a sinistra: con il meno", &Calibration::rightMm},
-    {"La croce è più in &basso di", "Fino a %1 mm; più in alto: con il meno", &Calibration::downwardsMm},
-}};
+// In the order of kCalibrationFields.
+constexpr Row kRows[] = {
+    {"La riga &orizzontale di %1 mm misura", "Da %2 a %3 mm"},
+    {"La riga &verticale di %1 mm misura", "Da %2 a %3 mm"},
+    {"La croce è più a &destra di", "Fino a %3 mm; più a sinistra: con il meno"},
+    {"La croce è più in &basso di", "Fino a %3 mm; più in alto: con il meno"},
+};
 
 QString Number(double value) {
   return QLocale(QLocale::Italian).toString(value);
 }
 
-QString CaptionOf(const Row& row) {
-  return row.ruler > 0 ? QString(row.caption).arg(Number(row.ruler)) : QString(row.caption);
-}
-
-QString ToolTipOf(const Row& row) {
-  if (row.ruler == 0) return QString(row.toolTip).arg(Number(Calibration::kMostShiftMm));
-  return QString(row.toolTip)
-      .arg(Number(row.ruler * Calibration::kLeastScale), Number(row.ruler * Calibration::kMostScale));
+QString FilledIn(QString text, const CalibrationField& field) {
+  return text.replace("%1", Number(field.exact))
+      .replace("%2", Number(field.exact - field.most))
+      .replace("%3", Number(field.exact + field.most));
 }
 
 QString RefusalText() {
   return QString(
              "Le righe possono misurare dal %1 al %2 %, e la croce spostarsi fino a %3 mm: "
              "la correzione resta quella di prima.")
-      .arg(Number(100 * Calibration::kLeastScale), Number(100 * Calibration::kMostScale),
-           Number(Calibration::kMostShiftMm));
+      .arg(Number(100 - kCalibrationPercent), Number(100 + kCalibrationPercent), Number(kCalibrationShift));
 }
 
 }  // namespace
@@ -56,14 +51,14 @@ CalibrationTab::CalibrationTab(Calibrations& calibrations,
     : calibrations_(calibrations), message_(new QLabel(this)) {
   setWindowTitle("Taratura");
   auto* form = new QFormLayout(this);
-  for (std::size_t i = 0; i < kRows.size(); ++i) {
+  for (std::size_t i = 0; i < fields_.size(); ++i) {
     auto* field = fields_[i] = new QDoubleSpinBox(this);
     field->setRange(-kLargest, kLargest);
     field->setSingleStep(0.1);
     field->setSuffix(" mm");
     field->setKeyboardTracking(false);
-    field->setToolTip(ToolTipOf(kRows[i]));
-    form->addRow(CaptionOf(kRows[i]), field);
+    field->setToolTip(FilledIn(kRows[i].toolTip, kCalibrationFields[i]));
+    form->addRow(FilledIn(kRows[i].caption, kCalibrationFields[i]), field);
     connect(field, &QDoubleSpinBox::valueChanged, this, [this] { Keep(); });
   }
   auto* buttons = new QHBoxLayout;
@@ -92,15 +87,15 @@ void CalibrationTab::ShowPrinter(const QString& printer) {
 }
 
 void CalibrationTab::Fill(const Calibration& calibration) {
-  for (std::size_t i = 0; i < kRows.size(); ++i) {
+  for (std::size_t i = 0; i < fields_.size(); ++i) {
     const QSignalBlocker quiet(fields_[i]);
-    fields_[i]->setValue(calibration.*kRows[i].value);
+    fields_[i]->setValue(calibration.*kCalibrationFields[i].value);
   }
 }
 
 void CalibrationTab::Keep() {
   Calibration typed;
-  for (std::size_t i = 0; i < kRows.size(); ++i) typed.*kRows[i].value = fields_[i]->value();
+  for (std::size_t i = 0; i < fields_.size(); ++i) typed.*kCalibrationFields[i].value = fields_[i]->value();
   message_->clear();
   if (!typed.IsUsual()) {
     message_->setText(RefusalText());

@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <array>
 #include <functional>
+#include <iterator>
 
 #include "platform/qt/printing/calibration.h"
 
@@ -26,7 +27,7 @@ class CalibrationTab : public QWidget {
 
   Calibrations& calibrations_;
   QString printer_;
-  std::array<QDoubleSpinBox*, 4> fields_;
+  std::array<QDoubleSpinBox*, std::size(kCalibrationFields)> fields_;
   QLabel* message_;
 };
 
