@@ -50,71 +50,23 @@ TEST(NumberToText, ComesBackThroughValToFifteenDigits) {
 }
 
 constexpr const char* kSettings = "C:\\Morvane\\morvane.ini";
+constexpr const char* kLayout = "C:\\Morvane\\Due CD.mvne";
 
-class SettingsTest : public testing::Test {
+class CoreTest : public testing::Test {
  protected:
-  SettingsTest() { state.AppPath = "C:\\Morvane\\"; }
-
-  std::string Read() {
-    ReadSettings(state, *machine.Files);
-    return std::to_string(state.SpessoreBordo) + " " + state.FileFolder;
-  }
-  TestMachine machine;
-  AppState state;
-};
-
-TEST_F(SettingsTest, AreReadFromTheFirstColumnInExactCaseElseTheDefaultsStand) {
-  EXPECT_EQ(Read(), "0 c:\\") << "no file";
-  ExpectCases("tests/core/settings.txt", [&](std::string given) {
-    std::replace(given.begin(), given.end(), '\n', '\r');
-    machine.WriteFile(kSettings, given);
-    return Read();
-  });
-}
-
-TEST_F(SettingsTest, AreWrittenByteForByteReadBackAndKeptQuietlyWhenTheyCannotBeReplaced) {
-  const std::string head =
-      "; --------------------------------------------------\r\n"
-      ";  File di inizializzazione per Morvane\r\n"
-      ";   Il team di Morvane\r\n"
-      ";   Non manomettere assolutamente queste righe!\r\n"
-      "; --------------------------------------------------\r\n";
-  for (const auto& [width, text] : {std::pair(-3, "-3 "), {0, " 0 "}, {5, " 5 "}}) {
-    state.SpessoreBordo = static_cast<std::int16_t>(width);
-    state.FileFolder = "C:\\Città\\";
-    SalvaImpostazioni(state, *machine.Files);
-    EXPECT_EQ(machine.Files->ReadBytes(kSettings),
-              head + "SpessoreBordo=" + text + "\r\nFileFolder=C:\\Citt\xE0\\\r\n");
-    EXPECT_EQ(Read(), std::to_string(width) + " C:\\Città\\");
-  }
-  machine.Files->BeforeCall = [](const std::string&, const std::string& path) {
-    throw RuntimeError(ErrorNumber::PathFileAccess, path);
-  };
-  EXPECT_EQ(Read(), "0 c:\\");
-  state.SpessoreBordo = 1;
-  SalvaImpostazioni(state, *machine.Files);
-  machine.Files->BeforeCall = {};
-  EXPECT_EQ(Read(), "5 C:\\Città\\");
-}
-
-TEST(VersionCheck, DropsTheLastByteAndComparesTheDigitsAsNumbers) {
-  for (const char* body : {"261\n", "2601\n", "1000\n", " 261 \n"})
-    EXPECT_TRUE(IsNewer(VersioneRemota(body), VersioneLocale({}))) << body;
-  for (const char* body : {"261", "260\n", "259\n", "9", "", "<html>404</html>\n"})
-    EXPECT_FALSE(IsNewer(VersioneRemota(body), VersioneLocale({}))) << body;
-}
-
-class LayoutTest : public testing::Test {
- protected:
-  LayoutTest() {
+  CoreTest() {
     state.MaxCopertine = 100;
     state.AppPath = "C:\\Morvane\\";
     state.NomeLayout = "Due CD";
   }
 
+  std::string Settings() {
+    ReadSettings(state, *machine.Files);
+    return std::to_string(state.SpessoreBordo) + " " + state.FileFolder;
+  }
   void Read(const std::string& text, LayoutObserver* observer = nullptr) {
-    machine.WriteFile(kPath, text);
-    ReadLayout(*machine.Files->OpenForInput(kPath), state, observer);
+    machine.WriteFile(kLayout, text);
+    ReadLayout(*machine.Files->OpenForInput(kLayout), state, observer);
   }
   // The page and, of each cover, shape and left, top, width, height in millimetres.
   std::string Stored() const {
@@ -128,12 +80,55 @@ class LayoutTest : public testing::Test {
     }
     return text;
   }
+  void Refuse(ErrorNumber number) {
+    machine.Files->BeforeCall = [number](const std::string& call, const std::string& path) {
+      if (call != "FileExists") throw RuntimeError(number, path);
+    };
+  }
 
-  static constexpr const char* kPath = "C:\\Morvane\\Due CD.mvne";
   TestMachine machine;
   AppState state;
   const LayoutTables& tables = state;
 };
+
+TEST_F(CoreTest, SettingsAreReadFromTheFirstColumnInExactCaseElseTheDefaultsStand) {
+  EXPECT_EQ(Settings(), "0 c:\\") << "no file";
+  ExpectCases("tests/core/settings.txt", [&](std::string given) {
+    std::replace(given.begin(), given.end(), '\n', '\r');
+    machine.WriteFile(kSettings, given);
+    return Settings();
+  });
+}
+
+TEST_F(CoreTest, SettingsAreWrittenByteForByteReadBackAndKeptQuietlyWhenTheyCannotBeReplaced) {
+  const std::string head =
+      "; --------------------------------------------------\r\n"
+      ";  File di inizializzazione per Morvane\r\n"
+      ";   Il team di Morvane\r\n"
+      ";   Non manomettere assolutamente queste righe!\r\n"
+      "; --------------------------------------------------\r\n";
+  for (const auto& [width, text] : {std::pair(-3, "-3 "), {0, " 0 "}, {5, " 5 "}}) {
+    state.SpessoreBordo = static_cast<std::int16_t>(width);
+    state.FileFolder = "C:\\Città\\";
+    SalvaImpostazioni(state, *machine.Files);
+    EXPECT_EQ(machine.Files->ReadBytes(kSettings),
+              head + "SpessoreBordo=" + text + "\r\nFileFolder=C:\\Citt\xE0\\\r\n");
+    EXPECT_EQ(Settings(), std::to_string(width) + " C:\\Città\\");
+  }
+  Refuse(ErrorNumber::PathFileAccess);
+  EXPECT_EQ(Settings(), "0 c:\\");
+  state.SpessoreBordo = 1;
+  SalvaImpostazioni(state, *machine.Files);
+  machine.Files->BeforeCall = {};
+  EXPECT_EQ(Settings(), "5 C:\\Città\\");
+}
+
+TEST(VersionCheck, DropsTheLastByteAndComparesTheDigitsAsNumbers) {
+  for (const char* body : {"261\n", "2601\n", "1000\n", " 261 \n"})
+    EXPECT_TRUE(IsNewer(VersioneRemota(body), VersioneLocale({}))) << body;
+  for (const char* body : {"261", "260\n", "259\n", "9", "", "<html>404</html>\n"})
+    EXPECT_FALSE(IsNewer(VersioneRemota(body), VersioneLocale({}))) << body;
+}
 
 struct Recorder : LayoutObserver {
   explicit Recorder(const AppState& read) : state(read) {}
@@ -146,7 +141,7 @@ struct Recorder : LayoutObserver {
   std::string events;
 };
 
-TEST_F(LayoutTest, IsReadAsTheCasesTell) {
+TEST_F(CoreTest, LayoutIsReadAsTheCasesTell) {
   ExpectCases("tests/core/layouts.txt", [&](std::string given) {
     const LayoutTables before = state;
     if (given.starts_with("MaxCopertine="))
@@ -167,24 +162,22 @@ TEST_F(LayoutTest, IsReadAsTheCasesTell) {
   EXPECT_EQ(state.CopDistx[1], (-2.5 / 10) / 2.54) << "inches";
 }
 
-TEST_F(LayoutTest, TheCurrentLayoutStaysOpenAndCoversStayAsReadLastWhenItCannotBeOpened) {
+TEST_F(CoreTest, TheCurrentLayoutStaysOpenAndCoversStayAsReadLastWhenItCannotBeOpened) {
   LayoutHandles handles;
   EXPECT_FALSE(ReadCurrentLayout(state, *machine.Files, handles));
-  machine.WriteFile(kPath, "Copertina1=0\r\nLarg1=50\r\n");
+  machine.WriteFile(kLayout, "Copertina1=0\r\nLarg1=50\r\n");
   EXPECT_TRUE(ReadCurrentLayout(state, *machine.Files, handles));
   EXPECT_TRUE(ReadCurrentLayout(state, *machine.Files, handles));
   EXPECT_EQ(handles.size(), 2U);
   state.CopLarg[1] = 99;
-  machine.Files->BeforeCall = [](const std::string& call, const std::string& path) {
-    if (call != "FileExists") throw RuntimeError(ErrorNumber::TooManyFiles, path);
-  };
+  Refuse(ErrorNumber::TooManyFiles);
   EXPECT_THROW(ReadCurrentLayout(state, *machine.Files, handles), RuntimeError);
   EXPECT_EQ(state.CopLarg[1], CmFromMm(50));
   EXPECT_EQ(WithBackslash("C:") + WithBackslash("C:\\"), "C:\\C:\\");
   EXPECT_EQ(LayoutPath("C:\\", "..\\CD"), "C:\\../CD.mvne") << "no name leads to another folder";
 }
 
-TEST_F(LayoutTest, IsWrittenByteForByteAndTheCoverOnShowFromItsRawTexts) {
+TEST_F(CoreTest, LayoutIsWrittenByteForByteAndTheCoverOnShowFromItsRawTexts) {
   InstallDefaultLayout(state);
   state.Orientamento = 1;
   state.CopForma[1] = 1;
