@@ -1,64 +1,47 @@
 #include "platform/utf8.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
+#include <locale>
 
 namespace Morvane {
 
 namespace {
 
-// Bytes of the character that `first` begins; 0 when it begins none.
-std::size_t LengthFromFirstByte(std::uint8_t first) {
-  if (first < 0x80) return 1;
-  if (first >= 0xC2 && first <= 0xDF) return 2;
-  if (first >= 0xE0 && first <= 0xEF) return 3;
-  if (first >= 0xF0 && first <= 0xF4) return 4;
-  return 0;
+using Codec = std::codecvt<char32_t, char8_t, std::mbstate_t>;
+
+const Codec& Utf8() {
+  return std::use_facet<Codec>(std::locale::classic());
 }
 
-bool IsOverlongOrOutside(char32_t character, std::size_t length) {
-  if (length == 3) return character < 0x800 || (character >= 0xD800 && character <= 0xDFFF);
-  if (length == 4) return character < 0x10000 || character > 0x10FFFF;
-  return false;
+// Some standard libraries read these halves of characters as characters.
+bool IsSurrogate(char32_t character) {
+  return character >= 0xD800 && character <= 0xDFFF;
 }
 
 }  // namespace
 
 Utf8Step ReadUtf8(std::string_view text, std::size_t at) {
   const auto first = static_cast<std::uint8_t>(text[at]);
-  const Utf8Step alone{first, 1, false};
-  const std::size_t length = LengthFromFirstByte(first);
-  if (length == 1) return {first, 1, true};
-  if (length == 0 || text.size() - at < length) return alone;
-
-  char32_t character = first & (0xFFU >> (length + 1));
-  for (std::size_t i = 1; i < length; ++i) {
-    const auto next = static_cast<std::uint8_t>(text[at + i]);
-    if ((next & 0xC0U) != 0x80U) return alone;
-    character = (character << 6U) | (next & 0x3FU);
-  }
-  if (IsOverlongOrOutside(character, length)) return alone;
-  return {character, length, true};
+  if (first < 0x80) return {first, 1, true};
+  const auto* const start = reinterpret_cast<const char8_t*>(text.data()) + at;
+  const char8_t* next = start;
+  char32_t character = 0;
+  char32_t* end = &character;
+  std::mbstate_t state{};
+  Utf8().in(state, start, start + (text.size() - at), next, &character, &character + 1, end);
+  if (end == &character || IsSurrogate(character)) return {first, 1, false};
+  return {character, static_cast<std::size_t>(next - start), true};
 }
 
 void AppendUtf8(std::string& text, char32_t character) {
-  const auto append = [&text](char32_t byte) { text += static_cast<char>(static_cast<std::uint8_t>(byte)); };
-  const auto tail = [character](unsigned shift) { return 0x80U | ((character >> shift) & 0x3FU); };
-  if (character < 0x80) {
-    append(character);
-  } else if (character < 0x800) {
-    append(0xC0U | (character >> 6U));
-    append(tail(0));
-  } else if (character < 0x10000) {
-    append(0xE0U | (character >> 12U));
-    append(tail(6));
-    append(tail(0));
-  } else {
-    append(0xF0U | (character >> 18U));
-    append(tail(12));
-    append(tail(6));
-    append(tail(0));
-  }
+  std::array<char8_t, 4> bytes{};
+  const char32_t* next = &character;
+  char8_t* end = bytes.data();
+  std::mbstate_t state{};
+  Utf8().out(state, &character, &character + 1, next, bytes.data(), bytes.data() + bytes.size(), end);
+  text.append(bytes.data(), end);
 }
 
 bool IsAscii(std::string_view text) {

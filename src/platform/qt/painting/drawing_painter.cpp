@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/qt/painting/reference_font.h"
 #include "platform/units.h"
 
 namespace Morvane {

@@ -1,6 +1,6 @@
 #include "platform/qt/painting/qt_text_metrics.h"
 
-#include "platform/qt/painting/reference_font.h"
+#include "platform/qt/painting/text_lines.h"
 #include "platform/units.h"
 
 namespace Morvane {

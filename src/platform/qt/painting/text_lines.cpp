@@ -3,8 +3,6 @@
 #include <QFontMetricsF>
 #include <QTextLayout>
 
-#include "platform/qt/painting/reference_font.h"
-
 namespace Morvane {
 namespace {
 
@@ -38,6 +36,16 @@ std::string KeyOf(const Font& font, const std::string& text) {
 }
 
 }  // namespace
+
+QFont ReferenceFont(const Font& font) {
+  QFont reference(QString::fromStdString(font.name));
+  reference.setPixelSize(kReferencePixels);
+  reference.setHintingPreference(QFont::PreferNoHinting);
+  reference.setKerning(false);
+  reference.setBold(font.bold);
+  reference.setItalic(font.italic);
+  return reference;
+}
 
 const LaidOutLine& TextLines::LaidOut(const Font& font, const std::string& text) {
   std::string key = KeyOf(font, text);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QGlyphRun>
 #include <QList>
 #include <QRectF>
@@ -10,6 +11,12 @@
 #include "platform/font.h"
 
 namespace Morvane {
+
+// Text of any size is laid out at this one and scaled, so that its proportions are the same on every device.
+inline constexpr int kReferencePixels = 1000;
+
+// The font at the reference size: no hinting, no kerning.
+QFont ReferenceFont(const Font& font);
 
 // One line of text at the reference size, its top left corner at 0,0.
 struct LaidOutLine {
