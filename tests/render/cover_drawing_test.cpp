@@ -39,7 +39,8 @@ TEST_F(CoverDrawing, ThickestOutlinesOfAllCoversEndAtTheSheet) {
 // A printer left in landscape is turned twice; anything but 1 is portrait.
 TEST_F(CoverDrawing, PageIsTurnedByTheLayoutAloneHasThePrintersLettersAndStaysWhenThePrinterFails) {
   Printer& printer = machine.ThePrinter;
-  printer.Surface().SetFontName("Verdana");
+  printer.SetFontName("Verdana");
+  EXPECT_THROW(printer.SetFontName("Nessuno"), RuntimeError);
   printer.Surface().SetFontSize(40);
   for (const auto& [layout, left, landscape] :
        {std::tuple(short{1}, 0, true), {1, 1, false}, {2, 0, false}}) {
