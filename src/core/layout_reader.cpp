@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <string>
+#include <utility>
 
 #include "core/measures.h"
 #include "core/number_text.h"
@@ -59,27 +60,26 @@ class LayoutReader {
   }
 
   void ReadCopertina(std::string_view line) {
-    const std::size_t equals = FindEquals(kCopertina, line);
-    const int n = CoverNumber(line.substr(kCopertina.size(), equals - kCopertina.size()), max_);
+    const auto [n, value] = NumberedLine(kCopertina, line);
     if (n == 0) return;
-    state_.CopForma[static_cast<std::size_t>(n)] = Val(line.substr(equals + 1));
+    state_.CopForma[static_cast<std::size_t>(n)] = value;
     state_.NumCopertine = static_cast<std::int16_t>(n);
     if (observer_) observer_->CopertinaRead(n);
   }
 
   void ReadMeasure(const Measure& measure, std::string_view line) {
-    const std::size_t equals = FindEquals(measure.key, line);
-    const int n = CoverNumber(line.substr(measure.key.size(), equals - measure.key.size()), max_);
-    if (n == 0) return;
-    (state_.*measure.table)[static_cast<std::size_t>(n)] = measure.stored(Val(line.substr(equals + 1)));
+    const auto [n, value] = NumberedLine(measure.key, line);
+    if (n != 0) (state_.*measure.table)[static_cast<std::size_t>(n)] = measure.stored(value);
   }
 
-  std::size_t FindEquals(std::string_view word, std::string_view line) const {
+  // The cover, 0 for none, and the value of a line that begins with `word`.
+  std::pair<int, double> NumberedLine(std::string_view word, std::string_view line) const {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) {
       Fail(ErrorNumber::InvalidProcedureCall, "Dopo \"" + std::string(word) + "\" manca il segno \"=\".");
     }
-    return equals;
+    const std::string_view digits = line.substr(word.size(), equals - word.size());
+    return {CoverNumber(digits, max_), Val(line.substr(equals + 1))};
   }
 
   [[noreturn]] void Fail(ErrorNumber number, const std::string& reason) const {

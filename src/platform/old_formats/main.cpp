@@ -1,11 +1,10 @@
-#include <fcntl.h>
 #include <unistd.h>
 
-#include <cerrno>
+#include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/old_formats/decoder.h"
 #include "platform/old_formats/limits.h"
@@ -22,40 +21,31 @@ std::unique_ptr<Decoder> MakeDecoder(std::string_view format) {
   throw Undecodable("unknown format");
 }
 
-std::string ReadAll(int descriptor) {
+std::string ReadAll() {
   std::string bytes;
-  std::vector<char> block(256 * 1024);
-  while (true) {
-    const ssize_t count = TEMP_FAILURE_RETRY(read(descriptor, block.data(), block.size()));
-    if (count < 0) throw Undecodable("not read");
-    if (count == 0) return bytes;
-    bytes.append(block.data(), static_cast<size_t>(count));
+  std::array<char, 64 * 1024> block{};
+  while (const std::size_t count = std::fread(block.data(), 1, block.size(), stdin)) {
+    bytes.append(block.data(), count);
     if (bytes.size() > DecoderLimits::kFileBytes) throw Undecodable("too large");
   }
-}
-
-void WriteAll(int descriptor, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = TEMP_FAILURE_RETRY(write(descriptor, bytes.data(), bytes.size()));
-    if (count < 0) throw Undecodable("not written");
-    bytes.remove_prefix(static_cast<size_t>(count));
-  }
+  if (std::ferror(stdin) != 0) throw Undecodable("not read");
+  return bytes;
 }
 
 // The libraries print to standard output now and then; the picture goes where they can't reach it.
-int TakeStandardOutput() {
-  const int output = dup(STDOUT_FILENO);
-  const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-  if (output < 0 || nowhere < 0 || dup2(nowhere, STDOUT_FILENO) < 0) throw Undecodable("no output");
-  close(nowhere);
+std::FILE* TakeStandardOutput() {
+  std::FILE* const output = ::fdopen(::dup(STDOUT_FILENO), "w");
+  if (output == nullptr || std::freopen("/dev/null", "w", stdout) == nullptr) throw Undecodable("no output");
   return output;
 }
 
 void Run(std::string_view format) {
-  const int output = TakeStandardOutput();
+  std::FILE* const output = TakeStandardOutput();
   const std::unique_ptr<Decoder> decoder = MakeDecoder(format);
   if (!LockDown()) throw Undecodable("not locked down");
-  WriteAll(output, decoder->Decode(ReadAll(STDIN_FILENO)));
+  const std::string picture = decoder->Decode(ReadAll());
+  const bool isWritten = std::fwrite(picture.data(), 1, picture.size(), output) == picture.size();
+  if (!isWritten || std::fflush(output) != 0) throw Undecodable("not written");
   // The libraries' own clean-up may want more than the lock-down grants.
   std::_Exit(EXIT_SUCCESS);
 }
