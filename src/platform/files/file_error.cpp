@@ -1,19 +1,13 @@
 #include "platform/files/file_error.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <iterator>
+#include <map>
 
 namespace Morvane {
 
 namespace {
 
-struct ErrorText {
-  ErrorNumber number;
-  const char* text;
-};
-
-constexpr ErrorText kTexts[] = {
+const std::map<ErrorNumber, const char*> kTexts = {
     {ErrorNumber::OutOfMemory, "Memoria insufficiente"},
     {ErrorNumber::BadFileName, "Nome di file non valido"},
     {ErrorNumber::FileNotFound, "File non trovato"},
@@ -26,12 +20,7 @@ constexpr ErrorText kTexts[] = {
 };
 constexpr const char* kAccessText = "Errore di accesso al percorso o al file";
 
-struct SystemError {
-  int code;
-  ErrorNumber number;
-};
-
-constexpr SystemError kSystemErrors[] = {
+const std::map<int, ErrorNumber> kSystemErrors = {
     {ENOENT, ErrorNumber::FileNotFound},      {ENOTDIR, ErrorNumber::PathNotFound},
     {EACCES, ErrorNumber::PermissionDenied},  {EPERM, ErrorNumber::PermissionDenied},
     {EBUSY, ErrorNumber::PermissionDenied},   {ETXTBSY, ErrorNumber::PermissionDenied},
@@ -48,17 +37,14 @@ constexpr SystemError kSystemErrors[] = {
 }  // namespace
 
 RuntimeError FileError(ErrorNumber number, const std::string& path) {
-  const auto* found = std::find_if(std::begin(kTexts), std::end(kTexts),
-                                   [number](const ErrorText& entry) { return entry.number == number; });
-  const std::string text = found != std::end(kTexts) ? found->text : kAccessText;
+  const auto found = kTexts.find(number);
+  const std::string text = found != kTexts.end() ? found->second : kAccessText;
   return {number, text + ": " + path};
 }
 
 RuntimeError SystemFileError(int systemError, const std::string& path) {
-  const auto* found =
-      std::find_if(std::begin(kSystemErrors), std::end(kSystemErrors),
-                   [systemError](const SystemError& entry) { return entry.code == systemError; });
-  return FileError(found != std::end(kSystemErrors) ? found->number : ErrorNumber::PathFileAccess, path);
+  const auto found = kSystemErrors.find(systemError);
+  return FileError(found != kSystemErrors.end() ? found->second : ErrorNumber::PathFileAccess, path);
 }
 
 }  // namespace Morvane
