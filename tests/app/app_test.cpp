@@ -16,7 +16,7 @@ TEST(App, TellsDesktopAndToolkitWhoItIsWhatIsWrongAndShowsThePrintersSheetWithou
   const TemporaryFolder folder;
   const char* const start =
       "mkdir -p bin share/morvane && cp '" MORVANE_BIN "/morvane' bin && cp '" MORVANE_SOURCE_DIR
-      "/data/program_folder/morvane.ini' share/morvane && ulimit -S -n 256 && ulimit -H -n 1000 && "
+      "/data/program_folder/morvane.ini' share/morvane && "
       "HOME= XDG_DATA_HOME= QT_PLUGIN_PATH='" MORVANE_BIN
       "' QT_QPA_GENERIC_PLUGINS=witness QT_QPA_PLATFORM=offscreen timeout 30 bin/morvane >told";
   const ProgramRun run = RunProgram("cd '" + folder.Path() + "' && " + start, folder);
@@ -27,12 +27,10 @@ TEST(App, TellsDesktopAndToolkitWhoItIsWhatIsWrongAndShowsThePrintersSheetWithou
       "La cartella personale dell'utente non è nota.\n"
       "cover's right edge: 203 of 292\n"
       "cover's right edge: 197 of 292\n"
-      "files: 1000\n"
       "name: Morvane\n"
       "desktop file: morvane\n"
       "icon: 1\n"
       "style: QProxyStyle\n"
-      "two icons alike: 0\n"
       "cancel: Annulla\n"
       "Tahoma: liberation sans\n");
 }

@@ -1,5 +1,3 @@
-#include <sys/resource.h>
-
 #include <QApplication>
 #include <QGenericPlugin>
 #include <QMessageBox>
@@ -53,20 +51,11 @@ class Witness : public QGenericPlugin {
     return x;
   }
 
-  static QImage Icon(QStyle::StandardPixmap which) {
-    return QApplication::style()->standardIcon(which).pixmap(16).toImage();
-  }
-
   static void TellRest() {
-    rlimit files{};
-    getrlimit(RLIMIT_NOFILE, &files);
-    std::cout << "files: " << files.rlim_cur << '\n'
-              << "name: " << qPrintable(QApplication::applicationName()) << '\n'
+    std::cout << "name: " << qPrintable(QApplication::applicationName()) << '\n'
               << "desktop file: " << qPrintable(QGuiApplication::desktopFileName()) << '\n'
               << "icon: " << !QApplication::windowIcon().isNull() << '\n'
               << "style: " << QApplication::style()->metaObject()->className() << '\n'
-              << "two icons alike: " << (Icon(QStyle::SP_TrashIcon) == Icon(QStyle::SP_MessageBoxWarning))
-              << '\n'
               << "cancel: " << qPrintable(QCoreApplication::translate("QPlatformTheme", "Cancel")) << '\n'
               << "Tahoma: " << qPrintable(QFont::substitutes("Tahoma").join(' ')) << '\n';
   }

@@ -93,6 +93,7 @@ void EndWith(QWidget& box, bool isAnswered) {
 // A desktop gives the keyboard to the window that waits for its answer; the toolkit's platform for tests does
 // not when a window comes back.
 QWidget& WithKeyboard() {
+  if (QWidget* const menu = QApplication::activePopupWidget()) return *menu;
   if (QWidget* const focused = QApplication::focusWidget()) return *focused;
   QWidget* window = QApplication::activeModalWidget();
   if (window == nullptr) window = QApplication::activeWindow();

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "core/layout_reader.h"
+#include "telling.h"
 #include "tests/support/held_text.h"
 #include "transcript.h"
 
@@ -123,16 +124,18 @@ TEST(Faults, OneCallThatFailsHarmsNothingAndIsToldAsHeld) {
   const Visit undisturbed;
   EXPECT_THAT(undisturbed.Told(), testing::IsEmpty());
   EXPECT_EQ(undisturbed.Sheets(), 6U);
-  std::string seen;
-  std::set<std::string> met;
+  std::map<std::string, QStringList> calls;  // by what is told of them
   for (const Call& call : undisturbed.Calls()) {
     const Visit visit(call);
-    std::string line = visit.Failed() + ":";
-    for (const std::string& text : visit.Told())
-      line += " " + std::regex_replace(text, std::regex("\n"), " / ");
-    if (met.insert(line).second) seen += line + '\n';
-    ASSERT_FALSE(HasFailure()) << line;
+    std::string told;
+    for (const std::string& text : visit.Told()) told += std::regex_replace(text, std::regex("\n"), " / ");
+    const QString failed = QString::fromStdString(visit.Failed());
+    if (!calls[told].contains(failed)) calls[told] << failed;
+    ASSERT_FALSE(HasFailure()) << visit.Failed();
   }
+  std::string seen;
+  for (const auto& [told, failed] : calls)
+    seen += (told.empty() ? "nothing" : told) + '\n' + Wrapped("  ", failed).join('\n').toStdString() + '\n';
   ExpectText("tests/transcripts/faults.txt", seen);
 }
 

@@ -3,12 +3,15 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QExposeEvent>
 #include <QHelpEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <QUrl>
 #include <QWindow>
@@ -19,6 +22,8 @@
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/views/view_text.h"
 #include "platform/units.h"
+#include "shapes.h"
+#include "telling.h"
 #include "tests/hand/golden.h"
 #include "transcript.h"
 
@@ -163,6 +168,19 @@ void ChooseEntry(Scene& scene, Words words) {
   throw std::logic_error("no such entry");
 }
 
+// The menu of the arrow beside a tool, and an entry of it.
+void OpenArrow(Scene& scene, Words words) {
+  QToolButton& tool = Tool(scene.program.form1.Toolbar1, words.Next());
+  QTimer::singleShot(0, qApp, [&scene, entry = words.rest] {
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr) return scene.Show("  no menu came");
+    for (QAction* const action : menu->actions())
+      if (action->text() == entry)
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+  });
+  QTest::mouseClick(&tool, Qt::LeftButton, {}, {tool.width() - 4, tool.height() / 2});
+}
+
 void Hold(Scene&, Words words) {
   for (int i = 0; i < 3; ++i) {
     QKeyEvent repeat(QEvent::KeyPress, QKeySequence(words.rest)[0].key(), {}, {}, true);
@@ -177,17 +195,24 @@ void Paste(Scene& scene, Words words) {
   Hand::Key(QKeySequence::Paste);
 }
 
+void PressMenuKey(Scene&, Words) {
+  QContextMenuEvent pressed(QContextMenuEvent::Keyboard, {});
+  QApplication::sendEvent(QApplication::focusWidget(), &pressed);
+}
+
 // All that a key leads to, as it is spoken.
 void Walk(Scene& scene, Words words) {
   const Qt::Key key = QKeySequence(words.rest)[0].key();
   QWidget& window = Hand::See(scene.Top());
   QWidgetList stops;
+  QStringList told;
   while (window.focusWidget() != nullptr && !stops.contains(window.focusWidget())) {
     stops << window.focusWidget();
     const QString spoken = QAccessible::queryAccessibleInterface(stops.back())->text(QAccessible::Name);
-    scene.Show("    " + stops.back()->objectName() + " \"" + spoken + "\"");
+    told << stops.back()->objectName() + " \"" + spoken + "\"";
     QTest::keyClick(stops.back(), key);
   }
+  scene.Show(Wrapped("    ", told).join('\n'));
 }
 
 // Files of one folder, or what else another program's window hands over.
@@ -241,11 +266,24 @@ void DragAway(Scene& scene, Words) {
 }
 
 // Of the rows of a tree.
-void TellImages(Scene& scene, const std::vector<TreeNode*>& nodes) {
+QStringList ImagesOf(const std::vector<TreeNode*>& nodes) {
+  QStringList images;
   for (const TreeNode* const node : nodes) {
-    scene.Show(QString::fromStdString("    " + node->Text() + ": " + node->Image()));
-    if (node->Expanded()) TellImages(scene, node->Children());
+    images << QString::fromStdString(node->Text() + ": " + node->Image());
+    if (node->Expanded()) images << ImagesOf(node->Children());
   }
+  return images;
+}
+
+void TellImages(Scene& scene, Words words) {
+  const auto& tree = dynamic_cast<const TreeView&>(scene.Named(words));
+  scene.Show(Wrapped("    ", ImagesOf(tree.Roots())).join('\n'));
+}
+
+void LookCloser(Scene& scene, Words words) {
+  const QStringList lines = LookAt(scene.Top()).at(words.rest);
+  for (const QString& line : IsDrawing(lines) ? InFull(lines) : lines)
+    scene.Show(IsDrawing(lines) ? line : "    " + line);
 }
 
 QStringList ColumnStarts(const DrawingList& drawing) {
@@ -341,6 +379,7 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     // The program and its main window.
     {"start", [](Scene& s, Words) { s.windows.ShowMain(s.program.form1.form); }},
     {"tool", [](Scene& s, Words w) { QTest::mouseClick(&Tool(s.program.form1.Toolbar1, w.rest), Qt::LeftButton); }},
+    {"arrow", OpenArrow},
     {"panel", [](Scene& s, Words w) { Tool(s.program.form1.StatusBar1, w.rest).click(); }},
     {"menu", ChooseEntry},
 
@@ -362,6 +401,7 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     {"key", [](Scene&, Words w) { Hand::Key(w.rest); }},
     // three repeats of a key
     {"hold", Hold},
+    {"menu-key", PressMenuKey},
     {"walk", Walk},
     {"carry", Carry},
     {"drag", Drag},
@@ -383,8 +423,8 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     {"repeat", Repeat},
 
     // A closer look.
-    {"look", [](Scene& s, Words w) { s.Show("    " + LookAt(s.Top()).at(w.rest).join("\n    ")); }},
-    {"images", [](Scene& s, Words w) { TellImages(s, dynamic_cast<const TreeView&>(s.Named(w)).Roots()); }},
+    {"look", LookCloser},
+    {"images", TellImages},
     {"listen", [](Scene& s, Words) { s.Show(UnseenIn(s.Top()).join('\n')); }},
     {"compare-columns", CompareColumns},
     {"take", TakePicture},

@@ -65,9 +65,6 @@ class Column {
     if (texts_.isEmpty()) return Add(text);
     const Text& first = texts_.front();
     if (text.font != first.font) return false;
-    const bool isBelow = std::abs(text.left - first.left) < kRounding;
-    const bool isLetter = text.words.size() == 1 && first.words.size() == 1;
-    if (!isBelow && !isLetter) return false;
     const auto count = static_cast<double>(texts_.size());
     const double step = (text.top - first.top) / count;
     if (step <= 0) return false;

@@ -12,8 +12,10 @@ namespace {
 constexpr qsizetype kLine = 120;  // characters
 constexpr qsizetype kShort = 44;
 constexpr qsizetype kWhole = 3 * kLine;  // of rows and texts that are told again as a whole
-constexpr qsizetype kMostLines = 4;      // of what is new
+constexpr qsizetype kMostLines = 3;      // of what is new
 constexpr qsizetype kMostWords = 12;     // of a column that is told in full
+constexpr qsizetype kMostPrinted = 20;   // the same on paper
+constexpr qsizetype kMostSettings = 40;
 
 const QString kDetail = "    ";
 
@@ -32,18 +34,11 @@ QStringList Less(const QStringList& lines, const QStringList& other) {
   return left;
 }
 
-// Of a column too long to read its first texts and the last.
-QString Readable(const QString& line) {
+// Of what is too long to read the first items and the last.
+QString Readable(const QString& line, qsizetype most = kMostWords) {
   const QStringList words = line.split(" | ");
-  if (words.size() <= kMostWords) return line;
+  if (words.size() <= most) return line;
   return words.first(3).join(" | ") + QString(" | %1 more | ").arg(words.size() - 4) + words.back();
-}
-
-void AddMarked(const QString& mark, const QStringList& lines, QStringList& told) {
-  for (const QString& line : lines.first(std::min(lines.size(), kMostLines)))
-    told << Wrapped(kDetail + mark, Readable(line).split(" | "), kDetail + "    ");
-  if (lines.size() > kMostLines)
-    told << QString("%1%2%3 more").arg(kDetail, mark).arg(lines.size() - kMostLines);
 }
 
 // What a line is about, where it is a setting, a measure or a menu's entry.
@@ -58,14 +53,18 @@ void TellKeyed(const QString& name, const QStringList& before, const QStringList
   for (const QString& line : before)
     if (!keys.contains(KeyOf(line))) lines << "without " + line;
   for (QString& line : lines) line = line.trimmed();
-  told << Wrapped("  " + name + ": ", lines.isEmpty() ? QStringList{"in another order"} : lines);
+  if (lines.isEmpty()) lines << "in another order";
+  told << Wrapped("  " + name + ": ", Readable(lines.join(" | "), kMostSettings).split(" | "));
 }
 
-void TellDrawing(const QString& name, const QStringList& before, const QStringList& after,
-                 QStringList& told) {
-  told << QString("  %1: %2 shapes, %3").arg(name).arg(after.size()).arg(Digest(after));
-  const QStringList added = Less(after, before);
-  AddMarked(added.isEmpty() ? "- " : "", Folded(added.isEmpty() ? Less(before, after) : added), told);
+void TellLong(const QString& name, const QStringList& before, const QStringList& after, QStringList& told) {
+  const char* const what = IsDrawing(after) ? "shapes" : "lines";
+  told << QString("  %1: %2 %3, %4").arg(name).arg(after.size()).arg(what).arg(Digest(after));
+  const QStringList added = Folded(Less(after, before));
+  for (const QString& line : added.first(std::min(added.size(), kMostLines)))
+    told << Wrapped(kDetail, Readable(line).split(" | "), kDetail + "    ");
+  if (added.size() > kMostLines) told << kDetail + QString("%1 more").arg(added.size() - kMostLines);
+  if (added.isEmpty()) told << kDetail + QString("%1 gone").arg(Less(before, after).size());
 }
 
 void Tell(const QString& name, const QStringList& before, const QStringList& after, QStringList& told) {
@@ -74,17 +73,12 @@ void Tell(const QString& name, const QStringList& before, const QStringList& aft
   const bool isKeyed = name == "window menu" || name.endsWith(".mvne") || name.endsWith(".ini");
   if (isKeyed && after != QStringList{"closed to all"} && after != QStringList{"folder"} && !after.isEmpty())
     return TellKeyed(name, before, after, told);
-  if (line.size() <= kLine) {
+  if (line.size() <= kLine)
     told << line;
-  } else if (IsDrawing(after)) {
-    TellDrawing(name, before, after, told);
-  } else if (whole.size() <= kWhole) {
+  else if (!IsDrawing(after) && whole.size() <= kWhole)
     told << Wrapped("  " + name + ": ", after);
-  } else {
-    told << QString("  %1: %2 lines, %3").arg(name).arg(after.size()).arg(Digest(after));
-    AddMarked("- ", Less(before, after), told);
-    AddMarked("+ ", Less(after, before), told);
-  }
+  else
+    TellLong(name, before, after, told);
 }
 
 // Each told thing with its details.
@@ -119,7 +113,7 @@ QStringList Wrapped(const QString& head, const QStringList& items, const QString
 QStringList InFull(const QStringList& shapes) {
   QStringList lines;
   for (const QString& shape : Folded(shapes))
-    lines << Wrapped(kDetail, shape.split(" | "), kDetail + kDetail);
+    lines << Wrapped(kDetail, Readable(shape, kMostPrinted).split(" | "), kDetail + kDetail);
   return lines;
 }
 
