@@ -19,8 +19,8 @@ EntryKind FolderEntry::Kind() const {
   return S_ISREG(info.st_mode) ? EntryKind::File : EntryKind::Other;
 }
 
-// With a directory iterator of the standard library, which makes a path of each name, the scan of a disc takes
-// half as long again.
+// With a directory iterator of the standard library, which makes a path of each name, the scan of a disc
+// takes half as long again.
 std::size_t VisitFolder(const std::string& native, const std::string& path,
                         const std::function<bool(const FolderEntry& entry)>& visit) {
   const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(native.c_str()), &::closedir);
