@@ -24,7 +24,6 @@
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "platform/qt/printing/qt_printers.h"
-#include "platform/qt/views/program_style.h"
 #include "windows/main_window/program.h"
 
 namespace {
@@ -79,7 +78,6 @@ int main(int argc, char** argv) {
   const std::future<void> fontRules = ReadFontRules();
   QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);  // a window's menus are in the window
   QApplication application(argc, argv);
-  QApplication::setStyle(std::make_unique<ProgramStyle>().release());  // the application owns its style
   QApplication::setApplicationName("Morvane");
   QApplication::setDesktopFileName("morvane");
   fontRules.wait();

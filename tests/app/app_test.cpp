@@ -30,7 +30,6 @@ TEST(App, TellsDesktopAndToolkitWhoItIsWhatIsWrongAndShowsThePrintersSheetWithou
       "name: Morvane\n"
       "desktop file: morvane\n"
       "icon: 1\n"
-      "style: QProxyStyle\n"
       "cancel: Annulla\n"
       "Tahoma: liberation sans\n");
 }

@@ -1,7 +1,6 @@
 #include <QApplication>
 #include <QGenericPlugin>
 #include <QMessageBox>
-#include <QStyle>
 #include <QTimer>
 #include <QWidget>
 #include <iostream>
@@ -55,7 +54,6 @@ class Witness : public QGenericPlugin {
     std::cout << "name: " << qPrintable(QApplication::applicationName()) << '\n'
               << "desktop file: " << qPrintable(QGuiApplication::desktopFileName()) << '\n'
               << "icon: " << !QApplication::windowIcon().isNull() << '\n'
-              << "style: " << QApplication::style()->metaObject()->className() << '\n'
               << "cancel: " << qPrintable(QCoreApplication::translate("QPlatformTheme", "Cancel")) << '\n'
               << "Tahoma: " << qPrintable(QFont::substitutes("Tahoma").join(' ')) << '\n';
   }

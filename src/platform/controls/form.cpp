@@ -24,21 +24,6 @@ void Collect(const Container& container, std::vector<Control*>& into) {
 
 }  // namespace
 
-Form::Form(const FormRow& row)
-    : name_(row.name),
-      caption_(row.caption),
-      backgroundKey_(row.backgroundKey),
-      iconKey_(row.iconKey),
-      resizable_(row.resizable),
-      frameHeight_(row.frameHeight),
-      width_(row.clientWidth),
-      height_(row.clientHeight + row.frameHeight) {}
-
-void Form::SetCaption(const std::string& caption) {
-  caption_ = caption;
-  OnViewChange(ViewChange::Appearance);
-}
-
 void Form::Move(double left, double top) {
   left_ = left;
   top_ = top;
@@ -60,7 +45,7 @@ void Form::SetSize(double width, double height) {
 
 MenuItem& Form::Menu(std::string_view name) {
   MenuItem* item = FindMenu(MenuBar, name);
-  if (item == nullptr) throw std::logic_error("no menu entry " + std::string(name) + " in " + name_);
+  if (item == nullptr) throw std::logic_error("no menu entry " + std::string(name) + " in " + Name());
   return *item;
 }
 
@@ -76,11 +61,11 @@ void Form::LayOut(std::span<const ControlRow> table) {
   for (const ControlRow& row : table) rank.emplace(row.name, static_cast<int>(rank.size()));
   const std::vector<Control*> controls = AllControls();
   if (controls.size() != table.size()) {
-    throw std::logic_error("controls and table of " + name_ + " differ in number");
+    throw std::logic_error("controls and table of " + Name() + " differ in number");
   }
   for (Control* control : controls) {
     const auto found = rank.find(control->Name());
-    if (found == rank.end()) throw std::logic_error("no line for " + control->Name() + " in " + name_);
+    if (found == rank.end()) throw std::logic_error("no line for " + control->Name() + " in " + Name());
     control->ApplyRow(table[static_cast<std::size_t>(found->second)]);
   }
   const auto byTable = [&](const Control& control) { return rank.at(control.Name()); };
@@ -133,7 +118,7 @@ void Form::UserMoves(double left, double top) {
 void Form::UserResizes(double clientWidth, double clientHeight) {
   if (clientWidth == ClientWidth() && clientHeight == ClientHeight()) return;
   width_ = clientWidth;
-  height_ = clientHeight + frameHeight_;
+  height_ = clientHeight + Design.frameHeight;
   FireResize();
 }
 

@@ -17,7 +17,7 @@ class Timer;
 
 // One window as designed: measures of its client area in twips. `frameHeight` is what the window's Height
 // counts beyond the client area (title bar, and menu bar where there is one), the same on every desktop, so
-// that no layout depends on one.
+// that no layout depends on one. The texts must outlive the window.
 struct FormRow {
   std::string_view name;
   std::string_view caption;
@@ -35,9 +35,12 @@ enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
 // controls; after unloading the window object is thrown away and made anew (see WindowSlot).
 class Form : public Container {
  public:
-  explicit Form(const FormRow& row);
+  explicit Form(const FormRow& design)
+      : Design(design), width_(design.clientWidth), height_(design.clientHeight + design.frameHeight) {}
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
+
+  const FormRow Design;
 
   std::function<void(ViewChange)> OnViewChange = [](ViewChange) {};
 
@@ -50,12 +53,7 @@ class Form : public Container {
 
   Form& OwnerForm() override { return *this; }
 
-  const std::string& Name() const { return name_; }
-  const std::string& Caption() const { return caption_; }
-  void SetCaption(const std::string& caption);
-  const std::string& BackgroundKey() const { return backgroundKey_; }
-  bool Resizable() const { return resizable_; }
-  const std::string& IconKey() const { return iconKey_; }
+  std::string Name() const { return std::string(Design.name); }
   // The window's own font; no control takes it over.
   const Font& GetFont() const { return font_; }
   void SetFont(const Font& font) { font_ = font; }
@@ -66,7 +64,7 @@ class Form : public Container {
   double Width() const { return width_; }
   double Height() const { return height_; }
   double ClientWidth() const { return width_; }
-  double ClientHeight() const { return height_ - frameHeight_; }
+  double ClientHeight() const { return height_ - Design.frameHeight; }
   void Move(double left, double top);
   void CentreOn(const Screen& screen);  // its frame counted in
   void SetSize(double width, double height);
@@ -106,13 +104,7 @@ class Form : public Container {
 
   void FireResize();
 
-  std::string name_;
-  std::string caption_;
-  std::string backgroundKey_;
-  std::string iconKey_;
-  bool resizable_;
   Font font_{.name = "Tahoma", .size = 8};
-  double frameHeight_;
   double left_ = 0;
   double top_ = 0;
   double width_;

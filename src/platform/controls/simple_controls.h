@@ -89,7 +89,6 @@ class ImageBox : public Control {
 
   const PicturePtr& GetPicture() const { return picture_; }
   void SetPicture(const PicturePtr& picture);
-  bool Stretch() const { return stretch_; }
   void SetStretch(bool on);
 
  private:

@@ -24,7 +24,6 @@ class TreeNode {
   TreeNode* Parent() const { return parent_; }
   const std::vector<TreeNode*>& Children() const { return children_; }
   bool Expanded() const { return expanded_; }
-  bool Sorted() const { return sorted_; }
 
  private:
   friend class TreeView;

@@ -111,7 +111,7 @@ std::string BuildTree(TreeView& tree, AppState& state, Screen& screen, const Fil
   ResumeNext([&] { loadContentsWindow(); });
   ResumeNext([&] { state.CartellaDesktop = files.DesktopFolder(); });
   AddDesktopFolder(tree, state.CartellaDesktop, files);
-  // The first drive's placeholder, or the second drive: so all drives are in view.
+  // The first drive's placeholder, or the second drive.
   ResumeNext([&] { tree.EnsureVisible(tree.Node(4)); });
   return firstFixed;
 }

@@ -198,7 +198,6 @@ void Dialog::OKButton_Click() {
   form.UnloadForm();
 }
 
-// In the list alone: elsewhere Enter would close the window over what was not saved.
 void Dialog::List1_KeyDown(int keyCode) {
   if (keyCode == kKeyEnter) OKButton_Click();
   if (keyCode == kKeyEscape) CancelButton_Click();
@@ -217,7 +216,7 @@ void Dialog::List1_Click() {
   ShowCover(1);
 }
 
-// Neither answer saves: that is for the save buttons, which take a name.
+// Neither answer saves.
 void Dialog::AskAboutChanges(const std::string& question) {
   if (state_.LayoutModificato != 0) {
     platform_.windows.MsgBox("Il file ' " + state_.NomeLayout + " ' è stato modificato" + question,

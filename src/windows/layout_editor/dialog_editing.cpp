@@ -13,8 +13,7 @@ namespace {
 constexpr double kLowestForStepDown = 1.99;  // millimetres; only above it
 constexpr double kNewCoverSide = 5;          // centimetres
 
-// Inches: one of the 30 whole millimetres from `firstMm` on. The divisions stand in the opposite order to all
-// others, which no one can see.
+// Inches: one of the 30 whole millimetres from `firstMm` on.
 double RandomPlace(std::minstd_rand& rnd, int firstMm) {
   return (firstMm + static_cast<int>(rnd() % 30)) / kCentimetresPerInch / 10;
 }
@@ -47,7 +46,7 @@ void Dialog::ChooseShape(double shape) {
   if (shape != before) MarkModified();
 }
 
-// While no cover is on show, because the current file is missing, there is nothing that a measure belongs to.
+// While the current file is missing no cover is on show.
 void Dialog::StepDown(const MeasureRow& row) {
   const double mm = Val((this->*row.box).Text());
   if (state_.CopCorrente == 0 || mm <= kLowestForStepDown) return;
@@ -78,15 +77,13 @@ void Dialog::Text_LostFocus(const MeasureRow& row) {
   ripitta();
 }
 
-// Enter takes over the measure, as leaving the box does, and the window stays open: whoever types a number
-// and presses Enter wants to see it drawn.
+// Enter takes over the measure, as leaving the box does, and the window stays open.
 void Dialog::Text_KeyDown(const MeasureRow& row, int keyCode) {
   if (keyCode == kKeyEnter) Text_LostFocus(row);
   if (keyCode == kKeyEscape) CancelButton_Click();
 }
 
-// A new cover takes the shape that its slot last held, so that one removed at the end and added again keeps
-// its shape.
+// A new cover takes the shape that its slot last held.
 void Dialog::Command17_Click() {
   if (state_.NumCopertine >= state_.MaxCopertine) {
     platform_.windows.MsgBox("È stato raggiunto il numero massimo di " + std::to_string(state_.MaxCopertine) +

@@ -16,8 +16,7 @@ struct MeasureRow {
   bool downMarksModified = true;
 };
 
-// The step to the left does not mark the layout as modified: a user who only
-// nudged a cover to the left is not asked about it.
+// The step to the left does not mark the layout as modified.
 inline constexpr std::array<MeasureRow, 4> kMeasureRows = {{
     {kLarg, &Dialog::Text1, &Dialog::Command6, &Dialog::Command7},
     {kAlte, &Dialog::Text2, &Dialog::Command8, &Dialog::Command9},

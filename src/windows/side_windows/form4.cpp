@@ -31,8 +31,8 @@ constexpr std::array kControls = {
 
 constexpr std::array kKinds = {"AUDIO", "VIDEO", "PC", "CONSOLE"};
 
-// Nothing of the term is escaped, so that the user's words reach the site as typed. An address with what a
-// pasted text may hold besides words, such as a tab, opens no browser.
+// Nothing of the term is escaped. An address with what a pasted text may hold besides words, such as a tab,
+// opens no browser.
 std::string SearchAddress(std::string terms, const std::string& kind) {
   std::replace_if(
       terms.begin(), terms.end(), [](unsigned char c) { return c < ' ' || c == 0x7f; }, ' ');

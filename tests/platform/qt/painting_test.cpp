@@ -9,7 +9,6 @@
 #include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/artwork.h"
 #include "platform/qt/pictures/qt_picture.h"
-#include "platform/qt/views/program_style.h"
 #include "tests/hand/golden.h"
 
 namespace Morvane {
@@ -119,15 +118,6 @@ TEST(GoldenTest, SeesWhatIsCutMissingOrMovedAndNotHowAnEdgeIsSmoothed) {
     EXPECT_TRUE(differs(Piece(ratio, 10, 200, 12)));
     EXPECT_TRUE(differs(Piece(ratio, 10, cut - 2)));
   }
-}
-
-TEST(ProgramStyleTest, HasItsOwnSignForEntriesThatFindNoRoomAndForNothingElse) {
-  const auto sign = [](QStyle::StandardPixmap which) {
-    return ProgramStyle().standardIcon(which, nullptr, nullptr).pixmap(16).toImage();
-  };
-  const QImage own = ArtworkIcon("altri").pixmap(16).toImage();
-  EXPECT_EQ(sign(QStyle::SP_ToolBarHorizontalExtensionButton), own);
-  EXPECT_NE(sign(QStyle::SP_DirOpenIcon), own);
 }
 
 }  // namespace

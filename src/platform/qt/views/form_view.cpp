@@ -23,7 +23,7 @@ Qt::WindowFlags FlagsFor(const Form& form, FormRole role) {
   Qt::WindowFlags flags =
       Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
   flags |= role == FormRole::Main ? Qt::Window | Qt::WindowMinimizeButtonHint : Qt::Dialog;
-  if (form.Resizable()) flags |= Qt::WindowMaximizeButtonHint;
+  if (form.Design.resizable) flags |= Qt::WindowMaximizeButtonHint;
   return flags;
 }
 
@@ -38,6 +38,8 @@ FormView::FormView(Form& model, FormRole role, const ViewContext& context)
       scroll_(&window_),
       designedWidth_(ToPixels(model.ClientWidth())) {
   window_.setObjectName(QString::fromStdString(model.Name()));
+  window_.setWindowTitle(QString::fromStdString(std::string(model.Design.caption)));
+  if (!model.Design.iconKey.empty()) window_.setWindowIcon(ArtworkIcon(std::string(model.Design.iconKey)));
   window_.installEventFilter(this);
   client_.installEventFilter(this);
   client_.setMouseTracking(true);
@@ -51,7 +53,6 @@ FormView::FormView(Form& model, FormRole role, const ViewContext& context)
   BuildViews(model_, client_);
   OrderTabs();
   for (Timer* const timer : model_.Timers) KeepTime(*timer);
-  MirrorAppearance();
   MirrorGeometry();
   model_.OnViewChange = [view = QPointer<FormView>(this)](ViewChange change) {
     if (view) view->Mirror(change);
@@ -106,15 +107,9 @@ void FormView::KeepTime(Timer& timer) {
 void FormView::Mirror(ViewChange change) {
   if (change == ViewChange::Geometry) return MirrorGeometry();
   if (change == ViewChange::Content) return MirrorEnabled(menuActions_);
-  MirrorAppearance();
   if (model_.Visible() || !window_.isVisible()) return;
   window_.hide();
   if (OnHidden) OnHidden();
-}
-
-void FormView::MirrorAppearance() {
-  window_.setWindowTitle(QString::fromStdString(model_.Caption()));
-  if (!model_.IconKey().empty()) window_.setWindowIcon(ArtworkIcon(model_.IconKey()));
 }
 
 void FormView::MirrorGeometry() {
@@ -134,7 +129,7 @@ void FormView::FitScreen(QSize client) {
   const bool tooWide = whole.width() > available.width();
   const bool tooHigh = whole.height() > available.height();
   const QSize size = (whole + QSize(tooHigh ? bar : 0, tooWide ? bar : 0)).boundedTo(available);
-  model_.Resizable() ? window_.resize(size) : window_.setFixedSize(size);
+  model_.Design.resizable ? window_.resize(size) : window_.setFixedSize(size);
 }
 
 QSize FormView::ClientSize() const {
@@ -153,7 +148,7 @@ int FormView::ScrollBarWidth() const {
 // The form takes the size of its window. Where it insists on more the window grows, as far as the screen has
 // room, and else scrolls.
 void FormView::FollowWindow() {
-  if (!model_.Resizable() || following_) return;
+  if (!model_.Design.resizable || following_) return;
   const QScopedValueRollback<bool> following(following_, true);
   QSize room = scroll_.maximumViewportSize();
   const QSize spare = window_.isMaximized() ? QSize(0, 0) : RoomOnScreen() - window_.size();
@@ -262,9 +257,9 @@ bool FormView::ClientEvent(QEvent& event) {
 }
 
 void FormView::PaintBackground() {
-  if (model_.BackgroundKey().empty()) return;
-  QPainter(&client_).drawPixmap(
-      0, 0, ArtworkPixmap(model_.BackgroundKey(), client_.size(), client_.devicePixelRatioF()));
+  const std::string key(model_.Design.backgroundKey);
+  if (key.empty()) return;
+  QPainter(&client_).drawPixmap(0, 0, ArtworkPixmap(key, client_.size(), client_.devicePixelRatioF()));
 }
 
 // A window paints when the window system has uncovered some of it, not when the program changes a control: a

@@ -46,7 +46,6 @@ class FormView : public QObject {
   void OrderTabs();
   void KeepTime(Timer& timer);
   void Mirror(ViewChange change);
-  void MirrorAppearance();
   void MirrorGeometry();
   void FitScreen(QSize client);
   QSize ClientSize() const;
