@@ -161,7 +161,8 @@ TEST_P(RealPrinter, TakesASheetInItsPlaceWhateverTheDialogDid) {
   printer_.SetOrientation(PageOrientation::Portrait);
   Accept();
   ExpectInPlace(a4, PageOrientation::Portrait);
-  Accept([](QDialog& dialog) { InProperties(dialog, "", QDialogButtonBox::Cancel); });
+  for (const auto end : {QDialogButtonBox::Ok, QDialogButtonBox::Cancel})
+    Accept([&](QDialog& dialog) { InProperties(dialog, "", end); });
   Accept([](QDialog& dialog) { Press(dialog, "foglio"); });
   ExpectInPlace(a4, PageOrientation::Landscape);
 
