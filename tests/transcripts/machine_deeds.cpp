@@ -65,9 +65,11 @@ void Deny(Scene& scene, Words words) {
 }
 
 void Before(Scene& scene, Words words) {
-  scene.machine.Files->BeforeCall = [&scene, wanted = words.Path(), of = words.Path(), command = words.All()](
-                                        const std::string& call, const std::string& path) {
-    if (call == wanted && path.starts_with(of)) RunSilently(scene, command);
+  auto& hook = scene.machine.Files->BeforeCall;
+  hook = [&scene, other = hook, wanted = words.Path(), of = words.Path(), deed = words.rest](
+             const char* call, const std::string& path) {
+    if (other) other(call, path);
+    if (call == wanted && path == of) scene.Perform(deed);
   };
 }
 
@@ -104,7 +106,7 @@ const std::map<QString, Deed> kDeedsOfTheWorld = {
     // of whole files and folders, from now on
     {"tell-reads", TellReads},
     {"deny", Deny},
-    // call, path, command: each time before the file system does this there, or below
+    // call, path, deed: each time before the file system does this there
     {"before", Before},
 };
 // clang-format on

@@ -172,17 +172,21 @@ void Transcript::PlayModal(Form& form) {
   if (form.Unloaded()) windows_.erase(&form);
 }
 
-void Transcript::Do(const QString& deed) {
+void Transcript::Perform(const QString& deed) {
   Words words{deed};
+  const QString name = words.Next();
+  for (const auto* const deeds : {&kDeedsOfTheWorld, &kDeedsOfTheHand})
+    if (deeds->contains(name)) return deeds->at(name)(*this, words);
+  throw std::logic_error("no such deed");
+}
+
+void Transcript::Do(const QString& deed) {
   try {
     if (ended_) throw std::logic_error("the program has ended");
-    const QString name = words.Next();
-    const bool isOfTheWorld = kDeedsOfTheWorld.contains(name);
-    if (!isOfTheWorld && !kDeedsOfTheHand.contains(name)) throw std::logic_error("no such deed");
-    (isOfTheWorld ? kDeedsOfTheWorld : kDeedsOfTheHand).at(name)(*this, words);
+    Perform(deed);
     Hand::Settle();
     if (top_ != nullptr && top_->Name() == "frmAbout") WaitForPicker(*top_);
-    if (isOfTheWorld) around_ = LookAround(machine);
+    if (kDeedsOfTheWorld.contains(Words{deed}.Next())) around_ = LookAround(machine);
   } catch (const std::exception& error) {
     seen_ << QString("  cannot be done: ") + error.what();
   }

@@ -45,6 +45,7 @@ class Transcript {
 
   // For the deeds.
   void Do(const QString& deed);
+  void Perform(const QString& deed);  // at once, whatever comes of it
   void Repeat(int times, const QStringList& deeds);
   Form& Top() const { return top_ != nullptr ? *top_ : throw std::logic_error("no window is there yet"); }
   Control& Named(Words& words);
