@@ -175,7 +175,7 @@ void Transcript::PlayModal(Form& form) {
 void Transcript::Perform(const QString& deed) {
   Words words{deed};
   const QString name = words.Next();
-  for (const auto* const deeds : {&kDeedsOfTheWorld, &kDeedsOfTheHand})
+  for (const auto* const deeds : {&kDeedsOfTheWorld, &kDeedsOfTheHand, &kDeedsOfTheEye})
     if (deeds->contains(name)) return deeds->at(name)(*this, words);
   throw std::logic_error("no such deed");
 }

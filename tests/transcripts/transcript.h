@@ -98,6 +98,7 @@ class Transcript {
 using Deed = void (*)(Transcript& scene, Words words);
 extern const std::map<QString, Deed> kDeedsOfTheWorld;  // what they do stands in the scene already
 extern const std::map<QString, Deed> kDeedsOfTheHand;
+extern const std::map<QString, Deed> kDeedsOfTheEye;
 
 void RunPrintProgram(Transcript& scene, Words words);
 QByteArray PictureFile(const QString& size);  // width x height in pixels

@@ -1,0 +1,140 @@
+#include <malloc.h>
+
+#include <QAccessible>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTest>
+
+#include "platform/controls/tree_view.h"
+#include "platform/drawing/calibration_sheet.h"
+#include "platform/qt/painting/drawing_painter.h"
+#include "platform/units.h"
+#include "shapes.h"
+#include "telling.h"
+#include "tests/hand/golden.h"
+#include "transcript.h"
+
+namespace Morvane {
+namespace {
+
+using Scene = Transcript;
+
+// All that a key leads to, as it is spoken.
+void Walk(Scene& scene, Words words) {
+  const Qt::Key key = QKeySequence(words.rest)[0].key();
+  QWidget& window = Hand::See(scene.Top());
+  QWidgetList stops;
+  QStringList told;
+  while (window.focusWidget() != nullptr && !stops.contains(window.focusWidget())) {
+    stops << window.focusWidget();
+    const QString spoken = QAccessible::queryAccessibleInterface(stops.back())->text(QAccessible::Name);
+    told << stops.back()->objectName() + " \"" + spoken + "\"";
+    QTest::keyClick(stops.back(), key);
+  }
+  scene.Show(Wrapped("    ", told).join('\n'));
+}
+
+// Of the rows of a tree.
+QStringList ImagesOf(const std::vector<TreeNode*>& nodes) {
+  QStringList images;
+  for (const TreeNode* const node : nodes) {
+    images << QString::fromStdString(node->Text() + ": " + node->Image());
+    if (node->Expanded()) images << ImagesOf(node->Children());
+  }
+  return images;
+}
+
+void TellImages(Scene& scene, Words words) {
+  const auto& tree = dynamic_cast<const TreeView&>(scene.Named(words));
+  scene.Show(Wrapped("    ", ImagesOf(tree.Roots())).join('\n'));
+}
+
+void LookCloser(Scene& scene, Words words) {
+  const QStringList lines = LookAt(scene.Top()).at(words.rest);
+  for (const QString& line : IsDrawing(lines) ? InFull(lines) : lines)
+    scene.Show(IsDrawing(lines) ? line : "    " + line);
+}
+
+QStringList ColumnStarts(const DrawingList& drawing) {
+  QStringList firsts;
+  double left = 0;
+  for (const Shape& shape : drawing) {
+    const auto* text = std::get_if<TextShape>(&shape);
+    if (text == nullptr || text->left == left) continue;
+    left = text->left;
+    firsts << QString::fromStdString(text->text);
+  }
+  return firsts;
+}
+
+// Whether they begin on the sheet, which is taken away, as in the preview.
+void CompareColumns(Scene& scene, Words words) {
+  const auto& preview = dynamic_cast<const PictureBox&>(scene.Named(words));
+  const QStringList seen = ColumnStarts(preview.Surface.Drawing());
+  const auto jobs = std::exchange(scene.machine.Device.Jobs, {});
+  scene.Show(seen == ColumnStarts(jobs.at(0).page) ? "  columns as printed"
+                                                   : "  other columns: " + seen.join(" | "));
+}
+
+// The window must be as its picture in the documentation, but for the scroll bars.
+void TakePicture(Scene& scene, Words words) {
+  QWidget& window = Hand::See(scene.Top());
+  window.grab();
+  Hand::Settle();  // scroll bars come and go after the first painting
+  const QImage seen = window.grab().toImage();
+  const double scale = seen.devicePixelRatio();
+  QRegion bars;
+  for (const auto* bar : window.findChildren<QScrollBar*>())
+    if (bar->isVisible()) bars += QRect(bar->mapTo(&window, QPoint()), bar->size());
+  ExpectPicture(words.All() + "-" + std::to_string(std::lround(scale * 100)), seen,
+                QTransform::fromScale(scale, scale).map(bars));
+}
+
+// An upright sheet, from the corner of what is printable.
+void ExpectSheet(const std::string& name, const DrawingList& page, double dotsPerInch, QPointF corner = {}) {
+  const double dotsPerMm = dotsPerInch / kMillimetresPerInch;
+  QImage sheet((QSizeF(210, 297) * dotsPerMm).toSize(), QImage::Format_RGB32);
+  sheet.fill(Qt::white);
+  QPainter painter(&sheet);
+  painter.scale(dotsPerMm / kTwipsPerMillimetre, dotsPerMm / kTwipsPerMillimetre);
+  painter.translate(corner * kTwipsPerMillimetre);
+  PaintCache cache;
+  PaintDrawing(painter, page, cache);
+  ExpectPicture(name, sheet);
+}
+
+void TakeCalibrationSheet(Scene& scene, Words words) {
+  constexpr QPointF kCorner(3.4, 6.35);  // mm
+  DrawingSurface sheet(scene.metrics);
+  sheet.SetSize(210 * kTwipsPerMillimetre, 297 * kTwipsPerMillimetre);
+  DrawCalibrationSheet(sheet, kCorner.x(), kCorner.y(), 210 - 2 * kCorner.x(), 297 - 2 * kCorner.y());
+  ExpectSheet(words.All(), sheet.Drawing(), 80, kCorner);
+}
+
+// What the program holds, since it was told last.
+void TellMemory(Scene& scene, Words) {
+  constexpr std::size_t kMostGrowth = 1 << 20;  // bytes
+  const struct mallinfo2 memory = mallinfo2();
+  const std::size_t now = memory.uordblks + memory.hblkhd;
+  const std::size_t before = std::exchange(scene.Memory, now);
+  scene.Show(now < before || now - before < kMostGrowth ? "  memory is as before"
+                                                        : QString("  %1 bytes more").arg(now - before));
+}
+
+}  // namespace
+
+// clang-format off
+const std::map<QString, Deed> kDeedsOfTheEye = {
+    {"walk", Walk},
+    {"look", LookCloser},
+    {"images", TellImages},
+    {"listen", [](Scene& s, Words) { s.Show(UnseenIn(s.Top()).join('\n')); }},
+    {"compare-columns", CompareColumns},
+    {"take", TakePicture},
+    {"take-sheet", [](Scene& s, Words w) { ExpectSheet(w.All(), s.Printed, 60); }},
+    {"take-calibration-sheet", TakeCalibrationSheet},
+    {"memory", TellMemory},
+};
+// clang-format on
+
+}  // namespace Morvane
