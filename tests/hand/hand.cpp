@@ -130,6 +130,7 @@ std::string HandWindows::InputBox(const std::string& prompt, const std::string& 
                                   const std::string& defaultText) {
   const Meanwhile answer(*this, [&](const QWidget& box) {
     auto& line = Within<QLineEdit>(box);
+    EXPECT_GE(line.width(), 400);  // the title fits beside a desktop's buttons
     const QString question = Within<QLabel>(box).text() + " [" + line.selectedText() + "]";
     const std::string typed = Answer(box.windowTitle() + " asks", question);
     QTest::keyClicks(&line, QString::fromStdString(typed));

@@ -131,10 +131,10 @@ std::string QtWindowSystem::InputBox(const std::string& prompt, const std::strin
   box.setWindowTitle(TitleOr(title));
   box.setLabelText(QString::fromStdString(prompt));
   box.setTextValue(QString::fromStdString(defaultText));
-  box.setMinimumWidth(kPromptWidth);
   auto& question = *box.findChild<QLabel*>();
   question.setTextFormat(Qt::PlainText);
   question.setWordWrap(true);
+  question.setMinimumWidth(kPromptWidth);  // the box has no width of its own
   return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
 }
 
