@@ -73,7 +73,7 @@ void Fail(pid_t child, bool begins, int error) {
 Outcome Do(const Work& work, const Blow& blow) {
   const pid_t child = ::fork();
   if (child == 0) {
-    ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+    if (::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) ::_exit(0);
     ::raise(SIGSTOP);
     ::_exit(NumberTold(work));
   }
@@ -109,6 +109,10 @@ bool MustBeTold(const std::vector<std::uint64_t>& calls, std::size_t hit) {
 
 class EachCall : public FilesTest {
  protected:
+  void SetUp() override {
+    if (Do([] {}, {}).calls.empty()) GTEST_SKIP() << "this machine lets no process trace another";
+  }
+
   // What a work finds; C:\dati is the user's data folder, C:\share what is shipped.
   void LayOut() const {
     for (const auto& entry : fs::directory_iterator(disk.Path())) fs::remove_all(entry);
