@@ -8,8 +8,8 @@
 
 namespace Morvane {
 
-// A clock of a window: fires Tick every Interval milliseconds, at least 1, while it runs and the window is
-// there. Each tick ends before the next begins.
+// A clock of a window: fires Tick every Interval milliseconds while it runs and the window is there. Each
+// tick ends before the next begins. An interval is at least 1.
 class Timer {
  public:
   Timer(Form& form, std::string name) : name_(std::move(name)) { form.Timers.push_back(this); }

@@ -9,9 +9,9 @@ namespace Morvane {
 
 enum class EntryKind { File, Folder, Other };
 
-// One name of a folder that is being read.
+// One name of a folder that is being read, valid during the visit.
 struct FolderEntry {
-  std::string_view name;  // as it is on the disk
+  std::string_view name;  // as it is on the disk, with a zero behind it
   unsigned char type;     // as the folder tells it
   int folder;             // its descriptor
 

@@ -105,7 +105,11 @@ std::optional<std::string> PathMapping::FindName(const std::string& folder, cons
                                                  Wanted wanted) {
   if (MisleadsSystem(name)) return std::nullopt;
   if (IsThere(folder + "/" + name, wanted)) return name;
-  if (!IsThere(OrSlash(folder), Wanted::Folder)) return std::nullopt;
+  std::error_code unknown;
+  const fs::file_type type = fs::status(OrSlash(folder), unknown).type();
+  if (type == fs::file_type::none && unknown != std::errc::too_many_symbolic_link_levels)
+    throw SystemFileError(unknown.value(), name);
+  if (type != fs::file_type::directory) return std::nullopt;
   std::optional<std::string> best;
   VisitFolder(OrSlash(folder), name, [&](const FolderEntry& entry) {
     const std::string_view raw = entry.name;

@@ -6,7 +6,8 @@
 
 #include "platform/units.h"
 
-// What a picture of an old format may cost. The decoder keeps to this, and its caller checks that it did.
+// What a picture of an old format may cost. The decoder keeps to this; its caller checks time, bytes and the
+// size of a drawing, and reads a bitmap within the limits of all pictures.
 namespace Morvane::DecoderLimits {
 
 inline constexpr std::size_t kFileBytes = std::size_t{64} << 20;

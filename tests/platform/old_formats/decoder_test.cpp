@@ -134,6 +134,11 @@ TEST(DecoderProcess, EndsWithAForbiddenDeedAndAtItsLimits) {
   }
 }
 
+TEST(DecoderProcess, IsBelievedOnlyWhatWasAgreed) {
+  for (const OldFormat format : {OldFormat::Emf, OldFormat::Wmf, OldFormat::Iff})
+    EXPECT_EQ(DecodeOldFormat(MORVANE_MISBEHAVING_DECODER, format, ""), std::nullopt);
+}
+
 TEST(DecoderProcess, FeedsAndCollectsMoreThanAPipeHoldsAndSurvivesWhatDoesNotReadOrIsNotThere) {
   const QByteArray input(5'000'000, 'x');
   const auto run = [&](const char* program, const char* argument, qsizetype mostBytes) {

@@ -51,8 +51,9 @@ std::optional<QByteArray> DecodeOldFormat(const std::string& decoderPath, OldFor
   const bool isDrawing = format != OldFormat::Iff;
   const qint64 mostBytes = isDrawing ? qint64{DecoderLimits::kSvgBytes} : 4 * DecoderLimits::kPixels;
   auto decoded = RunDecoder(decoderPath, NameOf(format), bytes, mostBytes, DecoderLimits::kWallTime);
-  if (decoded && isDrawing && !RefersOnlyToItself(*decoded)) return std::nullopt;
-  return decoded;
+  if (!decoded) return std::nullopt;
+  const bool isAsAgreed = isDrawing ? RefersOnlyToItself(*decoded) : decoded->startsWith("BM");
+  return isAsAgreed ? decoded : std::nullopt;
 }
 
 std::optional<QByteArray> RunDecoder(const std::string& program, const char* argument,
