@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QProcess>
+#include <QScrollArea>
 #include <QToolButton>
 #include <QTreeView>
 #include <filesystem>
@@ -224,6 +225,9 @@ Sight LookAt(const Form& form) {
   sight["window frame"] = {FrameOf(window)};
   for (const auto* const tool : window.findChildren<QToolButton*>())
     if (!tool->toolTip().isEmpty()) sight["window tips"] << tool->toolTip();
+  const auto& area = *window.findChild<QScrollArea*>();
+  if (area.widget()->height() > area.viewport()->height())
+    sight["window scrolls"] = {PlaceOf(*area.widget())};
   if (const auto* const bar = window.findChild<QMenuBar*>()) AddEntries(*bar, "", sight["window menu"]);
   for (const Timer* const timer : form.Timers)
     sight[QString::fromStdString(timer->Name()) + " each"] = {QString("%1 ms").arg(timer->Interval())};

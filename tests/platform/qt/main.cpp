@@ -18,7 +18,7 @@ extern "C" const char* __lsan_default_suppressions() {
 #endif
 
 // The tests see neither the machine's printers nor the user's folders, language, fonts and taste, and no
-// screen but a wide one in memory.
+// screen but one in memory, a wide one unless MORVANE_SCREEN names another.
 int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
 #ifdef MORVANE_NEEDS
@@ -44,7 +44,8 @@ int main(int argc, char** argv) {
        {"QT_STYLE_OVERRIDE", "QT_FONT_DPI", "QT_SCREEN_SCALE_FACTORS", "QT_QPA_PLATFORMTHEME"}) {
     qunsetenv(taste);
   }
-  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" MORVANE_SOURCE_DIR "/tests/platform/qt/screen.json");
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" MORVANE_SOURCE_DIR "/tests/platform/qt/" +
+                                 qEnvironmentVariable("MORVANE_SCREEN", "screen").toUtf8() + ".json");
   Morvane::PrivateCups::ChooseSocket(home.Path());
   QApplication application(argc, argv);
   Morvane::InstallFontStandIns();

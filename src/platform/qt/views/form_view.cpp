@@ -115,7 +115,14 @@ void FormView::Mirror(ViewChange change) {
 void FormView::MirrorGeometry() {
   if (following_) return;
   FitScreen(ClientSize());
-  window_.move(Desk().topLeft() + QPoint(ToPixels(model_.Left()), ToPixels(model_.Top())));
+  window_.move(Desk().topLeft() + PlaceOnScreen());
+}
+
+// None is placed with its title bar or its scroll bars beyond the edge.
+QPoint FormView::PlaceOnScreen() const {
+  const QSize spare = (RoomOnScreen() - window_.size()).expandedTo({0, 0});
+  return {std::clamp(ToPixels(model_.Left()), 0, spare.width()),
+          std::clamp(ToPixels(model_.Top()), 0, spare.height())};
 }
 
 // A window larger than the screen scrolls.

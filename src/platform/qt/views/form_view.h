@@ -48,6 +48,7 @@ class FormView : public QObject {
   void Mirror(ViewChange change);
   void MirrorGeometry();
   void FitScreen(QSize client);
+  QPoint PlaceOnScreen() const;
   QSize ClientSize() const;
   QSize RoomOnScreen() const;
   int ScrollBarWidth() const;
