@@ -1,64 +1,80 @@
 #!/usr/bin/env bash
-# wayland_test.sh BIN: starts the program on a Wayland desktop without a screen and looks for its first page there, with the
-# two covers that a first run shows.
+# wayland_test.sh BIN: the program on a Wayland desktop, used by mouse and keyboard: its first page with the two covers that a
+# first run shows, a window opened and closed again, and a picture loaded into a cover.
 set -euo pipefail
 bin=$(cd "$1" && pwd)
-data=$(cd "$(dirname "$0")/../../data" && pwd)
-source "$data/../tests/support/needs.sh"
-needs weston weston-screenshooter convert
+cd "$(dirname "$0")/../.."
+source tests/support/needs.sh
+needs Xvfb xdotool weston convert
+manager=none
+source tools/desktop
 
-work=$(mktemp -d)
-pids=()
-clean_up() {
-  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-  wait 2>/dev/null || true
-  rm -rf "$work"
-}
-trap clean_up EXIT
-
-mkdir -m 700 "$work/runtime"
-mkdir "$work/home" "$work/Programmi" "$work/shots"
-cp "$bin/morvane" "$data/program_folder/morvane.ini" "$work/Programmi/"
-export HOME=$work/home XDG_RUNTIME_DIR=$work/runtime WAYLAND_DISPLAY=morvane-test
-unset DISPLAY XDG_CONFIG_HOME XDG_DATA_HOME
-
-# The debug protocol allows taking the screen's picture.
-weston --backend=headless-backend.so --use-pixman --width=1280 --height=1024 --socket="$WAYLAND_DISPLAY" --no-config \
-  --idle-time=0 --debug >"$work/weston.log" 2>&1 &
+# The desktop is a window in a corner of the screen.
+weston --backend=x11-backend.so --use-pixman --width=1280 --height=1024 --socket=morvane-test --no-config --idle-time=0 \
+  >"$home/weston.log" 2>&1 &
 pids+=($!)
-for _ in {1..100}; do
-  [[ -S "$XDG_RUNTIME_DIR/$WAYLAND_DISPLAY" ]] && break
-  sleep 0.1
-done
-QT_QPA_PLATFORM=wayland CUPS_SERVER=127.0.0.1:9 "$work/Programmi/morvane" 2>"$work/morvane.log" &
-pids+=($!)
+await "the desktop" test -S "$XDG_RUNTIME_DIR/morvane-test"
 
-# The large white places of the screen, as WIDTHxHEIGHT, from the top down.
-white_places() {
-  rm -f "$work"/shots/*
-  (cd "$work/shots" && weston-screenshooter >/dev/null 2>&1) || return 0
-  convert "$work"/shots/*.png -alpha off -fill black +opaque white -define connected-components:verbose=true \
-    -define connected-components:area-threshold=5000 -connected-components 4 null: |
-    awk '/(255|white)/ { split($2, box, "+"); print box[3], box[1] }' | sort -n | cut -d ' ' -f 2
+# places COLOUR: the large places of this colour on the desktop, each "WIDTH HEIGHT LEFT TOP", from the top down.
+places() {
+  import -window root -crop 1280x1024+0+0 png:- | convert - +repage -alpha off -fill black +opaque "$1" -fill white -opaque "$1" \
+    -define connected-components:verbose=true -define connected-components:area-threshold=3000 -connected-components 4 null: |
+    awk '/(255|white)/ { split($2, box, /[x+]/); print box[1], box[2], box[3], box[4] }' | sort -n -k 4
 }
 
-# An A4 page, then covers of 121 x 121 and 150 x 118 mm, each within two pixels.
-for _ in {1..40}; do
-  seen=$(white_places | tr '\nx' '  ')
-  awk -v seen="$seen" 'BEGIN {
-    n = split(seen, px, " "); split("210 297 121 121 150 118", mm, " "); scale = px[2] / mm[2]; bad = n != 6 || px[2] < 300
-    for (i = 1; i <= n && !bad; i++) { off = px[i] - mm[i] * scale; bad = off > 2.5 || off < -2.5 }
-    exit bad }' && break
-  if grep -q 'platform plugin "wayland"' "$work/morvane.log"; then
-    echo "Skipped: the toolkit's plug-in for Wayland is not here"
-    exit 77
-  fi
-  sleep 0.25
-  seen=
-done
-[[ -n "$seen" ]] || {
-  cat "$work"/*.log >&2
-  echo "FAILED: no page on the screen; white places: $(white_places | tr '\n' ' ')" >&2
-  exit 1
+# An A4 page, then covers of 121 x 121 and 150 x 118 mm, each within two pixels; $cover is the first one's place.
+shows_page() {
+  local seen
+  seen=$(places white)
+  cover=$(sed -n 2p <<<"$seen")
+  awk '{ px[++n] = $1; px[++n] = $2 }
+    END {
+      split("210 297 121 121 150 118", mm, " "); scale = px[2] / mm[2]; bad = n != 6 || px[2] < 300
+      for (i = 1; i <= n && !bad; i++) { off = px[i] - mm[i] * scale; bad = off > 2.5 || off < -2.5 }
+      exit bad }' <<<"$seen"
 }
-echo "page and covers, in pixels: $seen"
+
+# The picker alone has a yellow line, the folder's; the preview is red, and so is the cover that has the picture.
+shows_picker() { [[ -n "$(places '#ffffc0')" ]]; }
+shows_preview() { shows_picker && [[ "$(places '#c02020')" == "180 180 "* ]]; }
+shows_cover() {
+  ! shows_picker && places '#c02020' | awk -v cover="$cover" '
+    END { split(cover, px); for (i = 1; i <= 4; i++) if ($i - px[i] > 2 || px[i] - $i > 2) exit 1 }'
+}
+ended() { ! kill -0 "$program"; }
+
+# click_cover: in its middle, where all is white but the pointer.
+points() { [[ "$(import -window root -crop "9x9+$1+$2" png:- | convert - -format '%[fx:mean<1]' info:)" = 1 ]]; }
+click_cover() {
+  local width height left top
+  read -r width height left top <<<"$cover"
+  left=$((left + width / 2)) top=$((top + height / 2))
+  xdotool mousemove "$left" "$top"
+  await "the pointer" points "$left" "$top"
+  xdotool click 1
+}
+
+mkdir "$home/Desktop"
+convert -size 600x600 xc:'#c02020' "$home/Desktop/rosso.bmp"
+env -u DISPLAY QT_QPA_PLATFORM=wayland WAYLAND_DISPLAY=morvane-test "$home/Programmi/morvane" 2>"$home/morvane.log" &
+program=$!
+pids+=("$program")
+starts() { shows_page || ended; }
+await "the page" starts
+if ended; then
+  cat "$home/morvane.log" >&2
+  grep -q 'platform plugin "wayland"' "$home/morvane.log" || exit 1
+  echo "Skipped: the toolkit's plug-in for Wayland is not here"
+  exit 77
+fi
+
+click_cover
+await "the picker" shows_picker
+xdotool key alt+a
+await "the page again" shows_page
+click_cover
+await "the picker once more" shows_picker
+xdotool key Home # the desktop, with its one picture
+await "the preview" shows_preview
+xdotool key alt+o
+await "the picture in its cover" shows_cover
