@@ -8,11 +8,11 @@
 namespace Morvane {
 namespace {
 
-// Started as installed, by a user without a home, with a printer that takes Letter.
+// Started as installed, by a user without a home, with a printer that takes Letter and stands still.
 TEST(App, TellsDesktopAndToolkitWhoItIsWhatIsWrongAndShowsThePrintersSheetWithoutATouch) {
   PrivateCups spooler;
   spooler.AddQueue("letter", PrivateCups::Takes::Raster);
-  spooler.Run("lpadmin -d letter");
+  spooler.Run("lpadmin -d letter && cupsdisable letter");
   const TemporaryFolder folder;
   const char* const start =
       "mkdir -p bin share/morvane && cp '" MORVANE_BIN "/morvane' bin && cp '" MORVANE_SOURCE_DIR
@@ -31,7 +31,8 @@ TEST(App, TellsDesktopAndToolkitWhoItIsWhatIsWrongAndShowsThePrintersSheetWithou
       "desktop file: morvane\n"
       "icon: 1\n"
       "cancel: Annulla\n"
-      "Tahoma: liberation sans\n");
+      "Tahoma: liberation sans\n"
+      "La stampante 'letter' è ferma: i lavori aspettano nella coda.\n");
 }
 
 }  // namespace

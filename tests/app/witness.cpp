@@ -2,13 +2,14 @@
 #include <QGenericPlugin>
 #include <QMessageBox>
 #include <QTimer>
+#include <QToolButton>
 #include <QWidget>
 #include <iostream>
 #include <memory>
 #include <utility>
 
 // Loaded into a program by the toolkit (QT_QPA_GENERIC_PLUGINS=witness): tells on standard output what the
-// desktop, the toolkit and the user get of it, answers its messages and closes its window.
+// desktop, the toolkit and the user get of it, prints, answers its boxes and closes its window.
 class Witness : public QGenericPlugin {
   Q_OBJECT
   Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "witness.json")
@@ -27,8 +28,11 @@ class Witness : public QGenericPlugin {
   // Until the page, drawn for A4 at first, has taken on the sheet of the printer.
   void Look() {
     for (QWidget* const window : QApplication::topLevelWidgets()) {
-      if (auto* const box = qobject_cast<QMessageBox*>(window); box && box->isVisible()) {
-        std::cout << qPrintable(box->text()) << '\n';
+      if (auto* const box = qobject_cast<QDialog*>(window); box && box->isVisible()) {
+        auto* const message = qobject_cast<QMessageBox*>(box);
+        if (message != nullptr) std::cout << qPrintable(message->text()) << '\n';
+        // The last comes of the printing.
+        if (message != nullptr && edges_ == 2) QTimer::singleShot(0, qApp, &QApplication::closeAllWindows);
         return box->accept();
       }
       auto* const page = window->findChild<QWidget*>("Picture1");
@@ -37,10 +41,8 @@ class Witness : public QGenericPlugin {
       if (edge == std::exchange(edge_, edge)) continue;
       std::cout << "cover's right edge: " << edge << " of " << page->width() << '\n';
       if (++edges_ < 2) continue;
-      timer_->stop();
       TellRest();
-      window->close();
-      return;
+      return window->findChild<QToolButton*>("Stampa")->animateClick();
     }
   }
 
