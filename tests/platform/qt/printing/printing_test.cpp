@@ -179,15 +179,6 @@ TEST_F(QueueTest, DialogAsksForCopiesWhichAreJobsOfTheirOwnThatNobodyScales) {
   }
 }
 
-TEST_F(QueueTest, SheetOfTheDefaultQueueIsTakenAndToldOnceItIsFound) {
-  cups_.Run("lpadmin -d raster");
-  int told = 0;
-  device_.OnSheetChanged = [&] { ++told; };
-  device_.Prepare();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return told > 0; }, 20000));
-  EXPECT_NEAR(device_.PortraitSheet().heightTwips, 11 * kTwipsPerInch, 1);
-}
-
 MeasuredSheet ReadRaster(const std::string& path) {
   const int file = open(path.c_str(), O_RDONLY);
   const std::unique_ptr<cups_raster_t, void (*)(cups_raster_t*)> raster(
