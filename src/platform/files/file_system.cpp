@@ -104,12 +104,12 @@ void MoveToOtherVolume(const std::string& native, const PathTarget& target, cons
 FileSystem::FileSystem(std::string root, MountTable mounts, std::string desktopFolder)
     : paths_(std::move(root), std::move(mounts)), desktopFolder_(std::move(desktopFolder)) {}
 
-void FileSystem::Tell(const char* call, const std::string& path) const {
+void FileSystem::BeginCall(const char* call, const std::string& path) const {
   if (BeforeCall) BeforeCall(call, path);
 }
 
 std::vector<std::string> FileSystem::DriveRoots() const {
-  Tell("DriveRoots");
+  BeginCall("DriveRoots");
   std::vector<std::string> roots;
   for (const Volume& volume : paths_.CurrentVolumes()) {
     roots.push_back(std::string(1, volume.letter) + ":\\");
@@ -118,33 +118,33 @@ std::vector<std::string> FileSystem::DriveRoots() const {
 }
 
 DriveType FileSystem::TypeOfDrive(const std::string& drive) const {
-  Tell("TypeOfDrive", drive);
+  BeginCall("TypeOfDrive", drive);
   const auto volume = paths_.VolumeOf(drive);
   return volume ? volume->type : DriveType::NoRoot;
 }
 
 std::string FileSystem::VolumeLabel(const std::string& root) const {
-  Tell("VolumeLabel", root);
+  BeginCall("VolumeLabel", root);
   const auto volume = paths_.VolumeOf(root);
   return volume ? paths_.Label(*volume) : "";
 }
 
 std::vector<std::string> FileSystem::PlainFiles(const std::string& folder) const {
-  Tell("PlainFiles", folder);
+  BeginCall("PlainFiles", folder);
   return SortedNames(ExistingFolder(paths_, folder), folder, [](const FolderEntry& entry) {
     return !entry.name.starts_with('.') && entry.Kind() == EntryKind::File;
   });
 }
 
 std::vector<std::string> FileSystem::SubFolders(const std::string& folder) const {
-  Tell("SubFolders", folder);
+  BeginCall("SubFolders", folder);
   return SortedNames(ExistingFolder(paths_, folder), folder,
                      [](const FolderEntry& entry) { return entry.Kind() == EntryKind::Folder; });
 }
 
 std::string FileSystem::FirstSubFolder(const std::string& folder,
                                        const std::function<bool(const std::string&)>& accept) const {
-  Tell("FirstSubFolder", folder);
+  BeginCall("FirstSubFolder", folder);
   std::string first;
   VisitFolder(ExistingFolder(paths_, folder), folder, [&](const FolderEntry& entry) {
     if (entry.Kind() == EntryKind::Folder && accept(NameOf(entry))) first = NameOf(entry);
@@ -154,7 +154,7 @@ std::string FileSystem::FirstSubFolder(const std::string& folder,
 }
 
 FolderEntries FileSystem::ReadFolder(const std::string& folder) const {
-  Tell("ReadFolder", folder);
+  BeginCall("ReadFolder", folder);
   FolderEntries entries;
   entries.leftOut = VisitFolder(ExistingFolder(paths_, folder), folder, [&](const FolderEntry& entry) {
     const EntryKind kind = entry.Kind();
@@ -168,34 +168,34 @@ FolderEntries FileSystem::ReadFolder(const std::string& folder) const {
 }
 
 std::string FileSystem::FolderIdentity(const std::string& folder) const {
-  Tell("FolderIdentity", folder);
+  BeginCall("FolderIdentity", folder);
   return ResolveLinks(ExistingFolder(paths_, folder), folder);
 }
 
 bool FileSystem::FileExists(const std::string& path) const {
-  Tell("FileExists", path);
+  BeginCall("FileExists", path);
   const auto native = paths_.Find(path, Wanted::Anything);
   std::error_code unknown;  // then it is none
   return native && fs::is_regular_file(*native, unknown);
 }
 
 bool FileSystem::FolderExists(const std::string& path) const {
-  Tell("FolderExists", path);
+  BeginCall("FolderExists", path);
   return paths_.Find(path, Wanted::Folder).has_value();
 }
 
 std::unique_ptr<InputFile> FileSystem::OpenForInput(const std::string& path) const {
-  Tell("OpenForInput", path);
+  BeginCall("OpenForInput", path);
   return std::make_unique<InputFile>(paths_.Existing(path), path, BeforeCall);
 }
 
 std::string FileSystem::ReadBytes(const std::string& path) const {
-  Tell("ReadBytes", path);
+  BeginCall("ReadBytes", path);
   return ReadPlainFile(paths_.Existing(path), path);
 }
 
 void FileSystem::WriteText(const std::string& path, const std::string& utf8) {
-  Tell("WriteText", path);
+  BeginCall("WriteText", path);
   const PathTarget target = paths_.Target(path);
   const std::string bytes = ToWindows1252(utf8);
   if (target.existing) {
@@ -208,7 +208,7 @@ void FileSystem::WriteText(const std::string& path, const std::string& utf8) {
 }
 
 void FileSystem::Kill(const std::string& path) {
-  Tell("Kill", path);
+  BeginCall("Kill", path);
   const std::string native = paths_.Existing(path);
   std::error_code unknown;
   const bool leadsNowhere = !fs::exists(native, unknown);
@@ -217,7 +217,7 @@ void FileSystem::Kill(const std::string& path) {
 }
 
 void FileSystem::Name(const std::string& from, const std::string& to) {
-  Tell("Name", from);
+  BeginCall("Name", from);
   const std::string native = paths_.Existing(from);
   const PathTarget target = paths_.Target(to);
   const bool toItself = target.existing && target.NativePath() == native;
@@ -236,22 +236,22 @@ void FileSystem::Name(const std::string& from, const std::string& to) {
 }
 
 void FileSystem::ChDir(const std::string& folder) {
-  Tell("ChDir", folder);
+  BeginCall("ChDir", folder);
   if (::chdir(ExistingFolder(paths_, folder).c_str()) != 0) throw SystemFileError(errno, folder);
 }
 
 std::string FileSystem::DesktopFolder() const {
-  Tell("DesktopFolder");
+  BeginCall("DesktopFolder");
   return paths_.FromNative(desktopFolder_);
 }
 
 std::string FileSystem::ToNative(const std::string& path) const {
-  Tell("ToNative", path);
+  BeginCall("ToNative", path);
   return paths_.ToNative(path);
 }
 
 std::string FileSystem::FromNative(const std::string& nativePath) const {
-  Tell("FromNative", nativePath);
+  BeginCall("FromNative", nativePath);
   return paths_.FromNative(nativePath);
 }
 

@@ -80,7 +80,7 @@ class FileSystem {
   std::string FromNative(const std::string& nativePath) const;
 
  private:
-  void Tell(const char* call, const std::string& path = {}) const;
+  void BeginCall(const char* call, const std::string& path = {}) const;
 
   PathMapping paths_;
   std::string desktopFolder_;
