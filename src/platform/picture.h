@@ -22,8 +22,8 @@ class PictureLoader {
  public:
   virtual ~PictureLoader() = default;
 
-  // Reads and checks a picture file; several threads may do so at once. RuntimeError: FileNotFound,
-  // PathNotFound, InvalidPicture (cannot be decoded, or is too large to be).
+  // Reads and checks a picture file. RuntimeError: FileNotFound, PathNotFound, InvalidPicture (cannot be
+  // decoded, or is too large to be).
   virtual PicturePtr LoadPicture(const std::string& path) const = 0;
 };
 

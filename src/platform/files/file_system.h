@@ -27,8 +27,8 @@ class FileSystem {
   // `root` is the native folder that stands for "/", `desktopFolder` the native path of the user's desktop.
   FileSystem(std::string root, MountTable mounts, std::string desktopFolder);
 
-  // Told of each call before it is made, from the caller's thread: its name and its first path. It may wait,
-  // as a slow disk does, and what it throws is the call's failure. Set before the first call.
+  // Told of each call before it is made: its name and its first path. It may wait, as a slow disk does, and
+  // what it throws is the call's failure.
   FileHook BeforeCall;
 
   // Roots of all drives in drive order, as "C:\".

@@ -82,7 +82,6 @@ PathMapping::SplitPath PathMapping::Split(const std::string& path) {
 }
 
 std::optional<Volume> PathMapping::VolumeWithLetter(char letter) const {
-  const std::lock_guard lock(mountsMutex_);
   const Volume* volume = mounts_.Find(letter);
   if (volume == nullptr) {
     mounts_.Refresh();
@@ -96,7 +95,6 @@ std::optional<Volume> PathMapping::VolumeOf(const std::string& drive) const {
 }
 
 std::vector<Volume> PathMapping::CurrentVolumes() const {
-  const std::lock_guard lock(mountsMutex_);
   mounts_.Refresh();
   return mounts_.Volumes();
 }

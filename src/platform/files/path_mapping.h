@@ -1,6 +1,5 @@
 #pragma once
 
-#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,8 +21,7 @@ struct PathTarget {
 enum class Wanted { Anything, Folder };
 
 // Turns paths of the Windows form into this system's and back. Each name is looked up: the exact one wins,
-// else the first that is equal without case. ".." never leads out of a drive. Several threads may ask at
-// once.
+// else the first that is equal without case. ".." never leads out of a drive.
 class PathMapping {
  public:
   // `root` is the native folder that stands for "/".
@@ -66,8 +64,7 @@ class PathMapping {
   std::optional<Walk> Follow(const SplitPath& path, Wanted wanted) const;
 
   std::string root_;
-  mutable std::mutex mountsMutex_;
-  mutable MountTable mounts_;  // the machine's state, not this object's; only with the mutex
+  mutable MountTable mounts_;  // the machine's state, not this object's
 };
 
 }  // namespace Morvane

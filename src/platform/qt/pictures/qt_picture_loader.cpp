@@ -74,16 +74,12 @@ PicturePtr QtPictureLoader::LoadPicture(const std::string& path) const {
   if (!missing) now.size = std::filesystem::file_size(now.nativePath, missing);
   if (missing) return Read(path);
   if (now.size > PictureLimits::kFileBytes) throw TooLarge(path);
-  {
-    const std::lock_guard lock(lastMutex_);
-    const PicturePtr picture = last_.picture.lock();
-    const bool same =
-        last_.nativePath == now.nativePath && last_.changed == now.changed && last_.size == now.size;
-    if (picture && same) return picture;
-  }
-  const PicturePtr picture = Read(path);
+  const bool same =
+      last_.nativePath == now.nativePath && last_.changed == now.changed && last_.size == now.size;
+  PicturePtr picture = same ? last_.picture.lock() : nullptr;
+  if (picture) return picture;
+  picture = Read(path);
   now.picture = picture;
-  const std::lock_guard lock(lastMutex_);
   last_ = now;
   return picture;
 }

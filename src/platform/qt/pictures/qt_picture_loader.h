@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <cstdint>
 #include <filesystem>
-#include <mutex>
 #include <string>
 
 #include "platform/files/file_system.h"
@@ -54,8 +53,7 @@ class QtPictureLoader : public PictureLoader {
   const FileSystem& files_;
   const std::string decoderPath_;
   const DamageShows damage_;
-  mutable std::mutex lastMutex_;
-  mutable LastRead last_;  // only with the mutex
+  mutable LastRead last_;
 };
 
 // The native path of the decoder of old formats: beside this program, as it is built, else in
