@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iomanip>
-#include <random>
 #include <sstream>
 
 #include "core/default_layout.h"
@@ -35,18 +34,6 @@ TEST(Numbers, AreReadWrittenAndRoundedAsTheCasesTell) {
     return number.str();
   });
   EXPECT_EQ(Val("\r7"), 0) << "a carriage return is no blank";
-}
-
-TEST(NumberToText, ComesBackThroughValToFifteenDigits) {
-  std::mt19937 random(20240611);
-  std::uniform_int_distribution<long long> digits(-999'999'999'999'999, 999'999'999'999'999);
-  std::uniform_int_distribution<int> exponent(-300, 280);
-  for (int i = 0; i < 2000; ++i) {
-    const std::string text = std::to_string(digits(random)) + "e" + std::to_string(exponent(random));
-    const double value = std::stod(text);
-    EXPECT_EQ(Val(text), value);
-    EXPECT_EQ(Val(NumberToText(value, '.')), value) << text;
-  }
 }
 
 constexpr const char* kSettings = "C:\\Morvane\\morvane.ini";

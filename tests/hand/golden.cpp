@@ -64,8 +64,9 @@ QImage Marked(QImage picture, const QPolygon& different) {
   return picture;
 }
 
-}  // namespace
-
+// Where the pictures differ at a glance, in device pixels; empty where nobody would see it. Colours count
+// that are not met within a pixel of their place: a caption that lost two columns, a line that is missing,
+// what stands two pixels off. How a release of the toolkit or the font library smooths an edge doesn't.
 QPolygon SeenAtAGlance(const QImage& held, const QImage& seen) {
   const QSize whole = held.size().expandedTo(seen.size());
   const QImage a = OnCanvas(held, whole);
@@ -80,6 +81,8 @@ QPolygon SeenAtAGlance(const QImage& held, const QImage& seen) {
   }
   return different.size() > kStrayPixels ? different : QPolygon();
 }
+
+}  // namespace
 
 void ExpectPicture(const std::string& name, const QImage& seen, const QRegion& others) {
   const std::string file = "docs/pictures/" + name;

@@ -2,7 +2,6 @@
 
 #include <deque>
 #include <functional>
-#include <map>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -30,8 +29,6 @@ class ScriptedWindows : public WindowSystem {
 
   std::vector<Box> Boxes;
   std::deque<std::string> Folders;  // that are chosen
-  // Plays the user in the next showing of the window of this name.
-  std::map<std::string, std::deque<std::function<void(Form&)>>> Modal;
 
   // One event of the user: the handler, then whatever was queued meanwhile.
   void UserEvent(const std::function<void()>& handler) {
@@ -50,7 +47,6 @@ class ScriptedWindows : public WindowSystem {
  protected:
   void ShowFirst(Form&) override { RunPosted(); }
   void RunModal(Form& form) override {
-    UserEvent([&] { TakeFront(Modal[form.Name()], form.Name())(form); });
     if (form.Visible()) form.UnloadForm();
   }
   void ProcessToolkitEvents() override {}

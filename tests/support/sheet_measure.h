@@ -7,7 +7,6 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/units.h"
@@ -40,9 +39,6 @@ class MeasuredSheet {
       throw std::runtime_error("half a page in " + path);
     }
   }
-  // Of dots at 600 to the inch, row by row; 255 is white.
-  MeasuredSheet(int width, int height, std::vector<unsigned char> gray)
-      : width_(width), height_(height), gray_(std::move(gray)) {}
 
   int WidthDots() const { return width_; }
   int HeightDots() const { return height_; }

@@ -163,8 +163,8 @@ void OpenArrow(Scene& scene, Words words) {
     auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     if (menu == nullptr) return scene.Show("  no menu came");
     for (QAction* const action : menu->actions())
-      if (action->text() == entry)
-        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+      if (action->text() == entry) menu->setActiveAction(action);
+    QTest::keyClick(menu, Qt::Key_Return);
   });
   QTest::mouseClick(&tool, Qt::LeftButton, {}, {tool.width() - 4, tool.height() / 2});
 }

@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 
 #include <regex>
-#include <thread>
 
 #include "files_test.h"
 #include "platform/files/mount_table.h"
@@ -77,28 +76,6 @@ TEST_F(FilesTest, TheHomeIsTheFirstDriveAndTheWholeDiskTheLast) {
     EXPECT_THAT(homeless.Files->DriveRoots(), ElementsAre("C:\\")) << none;
     EXPECT_EQ(homeless.Files->VolumeLabel("C:\\"), "") << none;
   }
-}
-
-TEST_F(FilesTest, TheRealRootIsServed) {
-  const FileSystem real("/", MountTable({}, "", ""), "/");
-  EXPECT_EQ(real.ToNative("C:\\") + real.ToNative("\\") + real.FromNative("/"), "//C:\\");
-  EXPECT_EQ(files.FromNative("/altrove") + files.FromNative("relativo"), "");
-  EXPECT_EQ(real.ToNative(real.FromNative(disk.Path("nuovo.txt"))), disk.Path("nuovo.txt"));
-}
-
-TEST_F(FilesTest, ManyThreadsMayAskWhileVolumesAreReadAnew) {
-  std::string mounts;
-  for (int stick = 1; stick <= 20; ++stick) {
-    const std::string n = std::to_string(stick);
-    mounts += "9 1 8:" + n + " / /media/" + n + " rw - vfat /dev/sd" + n + " rw\n";
-  }
-  disk.Write("mountinfo", mounts);
-  std::vector<std::thread> threads;
-  for (int i = 0; i < 4; ++i)
-    threads.emplace_back([&] {
-      for (int times = 0; times < 500; ++times) EXPECT_EQ(files.DriveRoots().size(), 21U);
-    });
-  for (std::thread& thread : threads) thread.join();
 }
 
 TEST(Text, KeepsEachByteOfWindowsAndReadsBackUtf8AndKeepsBytesThatAreNone) {

@@ -7,9 +7,7 @@
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/painting/qt_font_catalog.h"
 #include "platform/qt/painting/qt_text_metrics.h"
-#include "platform/qt/pictures/artwork.h"
 #include "platform/qt/pictures/qt_picture.h"
-#include "tests/hand/golden.h"
 
 namespace Morvane {
 namespace {
@@ -88,36 +86,6 @@ TEST(QtFontCatalogTest, StandInsAreListedAndPrintable) {
   EXPECT_EQ(std::count(families.begin(), families.end(), "Arial"), 1);
   EXPECT_TRUE(fonts.CanPrint("Arial") && fonts.CanPrint("liberation sans"));
   EXPECT_FALSE(fonts.CanPrint("") || fonts.CanPrint("Carattere che non esiste"));
-}
-
-// A piece of a window: an icon, a caption whose end may be cut, a ruling of light lines, one of which may be
-// missing.
-QImage Piece(double ratio, double captionLeft, int captionEnd = 200, int missingLine = -1) {
-  QImage image((QSizeF(200, 60) * ratio).toSize(), QImage::Format_RGB32);
-  image.setDevicePixelRatio(ratio);
-  image.fill(QColor(239, 239, 239));
-  QPainter painter(&image);
-  ArtworkIcon("stampa").paint(&painter, 150, 30, 24, 24);
-  painter.setFont(QFont("Liberation Sans", 10));
-  painter.drawText(QPointF(captionLeft, 20), "Scelta immagine");
-  painter.fillRect(captionEnd, 0, 200, 25, QColor(239, 239, 239));
-  painter.setPen(QColor(170, 170, 170));
-  for (int line = 0; line < 30; ++line)
-    if (line != missingLine) painter.drawLine(5 + 4 * line, 40, 5 + 4 * line, 50);
-  return image;
-}
-
-TEST(GoldenTest, SeesWhatIsCutMissingOrMovedAndNotHowAnEdgeIsSmoothed) {
-  for (const double ratio : {1.0, 2.0}) {
-    const QImage held = Piece(ratio, 10);
-    const auto differs = [&](const QImage& seen) { return !SeenAtAGlance(held, seen).empty(); };
-    int cut = 200;  // at the end of the caption
-    while (Piece(ratio, 10, cut) == held) --cut;
-    EXPECT_FALSE(differs(Piece(ratio, 10.25)));
-    EXPECT_TRUE(differs(Piece(ratio, 12)));
-    EXPECT_TRUE(differs(Piece(ratio, 10, 200, 12)));
-    EXPECT_TRUE(differs(Piece(ratio, 10, cut - 2)));
-  }
 }
 
 }  // namespace

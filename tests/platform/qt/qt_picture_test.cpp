@@ -9,7 +9,6 @@
 
 #include "platform/drawing/drawing_surface.h"
 #include "platform/qt/painting/qt_text_metrics.h"
-#include "platform/qt/pictures/picture_limits.h"
 #include "platform/qt/pictures/qt_picture.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
 #include "platform/qt/printing/pdf_file_writer.h"
@@ -124,15 +123,6 @@ std::string BytesOf(const std::string& given) {
 TEST_F(QtPictureTest, AreReadByTheirContentAsTheCasesTell) {
   ExpectCases("tests/platform/qt/pictures.txt",
               [&](const std::string& given) { return Told(BytesOf(given.substr(0, given.size() - 1))); });
-}
-
-// In pixels, and the scans of a JPEG; 0 for other formats.
-TEST(PictureLimits, RefuseWhatTakesTooLongOrTooMuch) {
-  const auto passes = [](int width, int height, int scans) {
-    return !PictureLimits::Exceeds({width, height}, scans);
-  };
-  EXPECT_TRUE(passes(8192, 8192, 0) && passes(16384, 8192, 1) && passes(8192, 8192, 16));
-  EXPECT_FALSE(passes(8192, 8193, 0) || passes(16384, 8193, 1) || passes(8192, 8192, 17));
 }
 
 // A phone appends its film to the photo: megabytes in which the start of a scan stands by chance.
