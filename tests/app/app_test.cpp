@@ -11,7 +11,7 @@ namespace {
 // Started as installed, by a user without a home, with a printer that takes Letter and stands still.
 TEST(App, TellsDesktopAndToolkitWhoItIsWhatIsWrongAndShowsThePrintersSheetWithoutATouch) {
   PrivateCups spooler;
-  spooler.AddQueue("letter", PrivateCups::Takes::Raster);
+  spooler.AddQueue("letter", "letter");
   spooler.Run("lpadmin -d letter && cupsdisable letter");
   const TemporaryFolder folder;
   const char* const start =

@@ -82,10 +82,8 @@ void PrivateCups::WriteSettings() const {
   if (geteuid() == 0) files << "User lp\nGroup lp\nSystemGroup root\n";
 }
 
-void PrivateCups::AddQueue(const std::string& name, Takes sheets) const {
-  const std::string printer = sheets == Takes::Raster ? RasterPath() + " -P '" + kPrinters + "raster.ppd'"
-                                                      : SheetPath() + " -P '" + kPrinters + "uneven.ppd'";
-  Run("lpadmin -p " + name + " -E -v file:" + printer);
+void PrivateCups::AddQueue(const std::string& name, const std::string& printer) const {
+  Run("lpadmin -p " + name + " -E -v file:" + SheetPath() + " -P '" + kPrinters + printer + ".ppd'");
 }
 
 void PrivateCups::AddQueueOf(const std::string& name, const std::string& description) const {

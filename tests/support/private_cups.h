@@ -23,25 +23,20 @@ class PrivateCups {
   PrivateCups(const PrivateCups&) = delete;
   PrivateCups& operator=(const PrivateCups&) = delete;
 
-  // A queue whose sheets are written to SheetPath, each over the one before. Its printer takes A4 and cannot
-  // reach 9.64 points at the left, 17.97 at the top, 14.48 at the right, 14.40 at the bottom. A driverless
-  // one has the same margins, 600 dots per inch and Letter by default; its sheets are written to RasterPath
-  // as it would get them.
-  enum class Takes { Pdf, Raster };
-  void AddQueue(const std::string& name, Takes sheets = Takes::Pdf) const;
+  // A queue whose sheets are written to SheetPath, each over the one before. The printer "uneven" takes A4
+  // and cannot reach 9.64 points at the left, 17.97 at the top, 14.48 at the right, 14.40 at the bottom;
+  // "letter" has the same margins, and Letter by default.
+  void AddQueue(const std::string& name, const std::string& printer = "uneven") const;
   // A queue of the printer that a PPD describes, whose sheets are written to SheetPath.
   void AddQueueOf(const std::string& name, const std::string& description) const;
   // Runs a command of the spooler, such as "cupsreject name".
   void Run(const std::string& command) const;
   // The spooler itself, to be stopped, killed and the like.
   pid_t Process() const { return process_; }
-  // Where the jobs wait.
-  std::string SpoolFolder() const { return folder_.Path() + "/spool"; }
   // Ends the spooler; its port is silent from then on.
   void Stop();
 
   std::string SheetPath() const { return folder_.Path() + "/out/sheet.pdf"; }
-  std::string RasterPath() const { return folder_.Path() + "/out/sheet.pwg"; }
   void WaitForJobs() const;
   // What the spooler kept of each job, as it stands in its spool; complete once the spooler has stopped.
   std::vector<std::string> JobRecords() const;

@@ -56,12 +56,10 @@ SheetSize RecordingPrinter::PortraitSheet() {
   return Sheet;
 }
 
-PrintDialogAnswer RecordingPrinter::ShowDialog(const PrintDialogRequest& request,
-                                               PageOrientation& orientation) {
+PrintDialogAnswer RecordingPrinter::ShowDialog(const PrintDialogRequest& request, PageOrientation&) {
   Tell("ShowDialog", ErrorNumber::PrinterFailure);
   Dialogs.push_back(request);
   FailWith(DialogBroken);
-  orientation = Turned.value_or(orientation);
   return TakeFront(Answers, "print dialog");
 }
 

@@ -3,7 +3,6 @@
 #include <deque>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -52,9 +51,8 @@ class RecordingPrinter : public Printers, public Hooked {
   };
 
   std::deque<PrintDialogAnswer> Answers;
-  std::optional<PageOrientation> Turned;  // by the user in each dialog
-  SheetSize Sheet = {11905.5, 16837.8};   // A4
-  std::string Broken, DialogBroken;       // what it complains of
+  SheetSize Sheet = {11905.5, 16837.8};  // A4
+  std::string Broken, DialogBroken;      // what it complains of
   std::vector<Job> Jobs;
   std::vector<PrintDialogRequest> Dialogs;
 

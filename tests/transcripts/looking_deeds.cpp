@@ -55,27 +55,6 @@ void LookCloser(Scene& scene, Words words) {
     scene.Show(IsDrawing(lines) ? line : "    " + line);
 }
 
-QStringList ColumnStarts(const DrawingList& drawing) {
-  QStringList firsts;
-  double left = 0;
-  for (const Shape& shape : drawing) {
-    const auto* text = std::get_if<TextShape>(&shape);
-    if (text == nullptr || text->left == left) continue;
-    left = text->left;
-    firsts << QString::fromStdString(text->text);
-  }
-  return firsts;
-}
-
-// Whether they begin on the sheet, which is taken away, as in the preview.
-void CompareColumns(Scene& scene, Words words) {
-  const auto& preview = dynamic_cast<const PictureBox&>(scene.Named(words));
-  const QStringList seen = ColumnStarts(preview.Surface.Drawing());
-  const auto jobs = std::exchange(scene.machine.Device.Jobs, {});
-  scene.Show(seen == ColumnStarts(jobs.at(0).page) ? "  columns as printed"
-                                                   : "  other columns: " + seen.join(" | "));
-}
-
 // The window must be as its picture in the documentation, but for the scroll bars.
 void TakePicture(Scene& scene, Words words) {
   QWidget& window = Hand::See(scene.Top());
@@ -129,7 +108,6 @@ const std::map<QString, Deed> kDeedsOfTheEye = {
     {"look", LookCloser},
     {"images", TellImages},
     {"listen", [](Scene& s, Words) { s.Show(UnseenIn(s.Top()).join('\n')); }},
-    {"compare-columns", CompareColumns},
     {"take", TakePicture},
     {"take-sheet", [](Scene& s, Words w) { ExpectSheet(w.All(), s.Printed, 60); }},
     {"take-calibration-sheet", TakeCalibrationSheet},

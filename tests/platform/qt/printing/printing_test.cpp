@@ -121,17 +121,11 @@ class QueueTest : public PrintingTest {
  protected:
   QueueTest() {
     cups_.AddQueue("uneven");
-    cups_.AddQueue("raster", PrivateCups::Takes::Raster);  // of Letter
+    cups_.AddQueue("letter", "letter");
   }
   ~QueueTest() override {
     for (const QString& folder : {QDir::homePath() + "/.cups", QFileInfo(calibrationFile_).path()})
       QDir(folder).removeRecursively();
-  }
-
-  // As the user left them with lpoptions.
-  static void LeaveOptions(const std::string& line) {
-    QDir().mkpath(QDir::homePath() + "/.cups");
-    std::ofstream(QDir::homePath().toStdString() + "/.cups/lpoptions") << line << '\n';
   }
 
   const QString calibrationFile_ = qEnvironmentVariable("XDG_CONFIG_HOME") + "/morvane/taratura.ini";
@@ -140,8 +134,10 @@ class QueueTest : public PrintingTest {
 
 // What the toolkit's dialog offers, and what comes of it with options left from elsewhere.
 TEST_F(QueueTest, DialogAsksForCopiesWhichAreJobsOfTheirOwnThatNobodyScales) {
-  LeaveOptions("Dest uneven page-ranges=2-3 number-up=2 fit-to-page");
-  device_.SelectPrinter("raster");
+  QDir().mkpath(QDir::homePath() + "/.cups");
+  std::ofstream(QDir::homePath().toStdString() + "/.cups/lpoptions")
+      << "Dest uneven page-ranges=2-3 number-up=2 fit-to-page\n";
+  device_.SelectPrinter("letter");
   InNext([](QDialog& dialog) {
     for (const char* choice : {"printRange", "printSelection"})
       EXPECT_TRUE(dialog.findChild<QWidget*>(choice)->isVisible()) << choice;
@@ -151,7 +147,7 @@ TEST_F(QueueTest, DialogAsksForCopiesWhichAreJobsOfTheirOwnThatNobodyScales) {
   InNext([](QDialog& dialog) {
     auto* const printers = dialog.findChild<QComboBox*>("printers");
     EXPECT_EQ(printers->count(), 2) << "a file is no printer";
-    EXPECT_EQ(printers->currentText(), "raster");
+    EXPECT_EQ(printers->currentText(), "letter");
     printers->setCurrentText("uneven");
     for (const char* none : {"gbPrintRange", "collate"})
       EXPECT_FALSE(dialog.findChild<QWidget*>(none)->isVisible()) << none;
