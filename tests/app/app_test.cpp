@@ -12,7 +12,7 @@ namespace {
 TEST(App, TellsDesktopAndToolkitWhoItIsWhatIsWrongAndShowsThePrintersSheetWithoutATouch) {
   PrivateCups spooler;
   spooler.AddQueue("letter", "letter");
-  spooler.Run("lpadmin -d letter && cupsdisable letter");
+  for (const char* command : {"lpadmin -d letter", "cupsdisable letter"}) spooler.Run(command);
   const TemporaryFolder folder;
   const char* const start =
       "mkdir -p bin share/morvane && cp '" MORVANE_BIN "/morvane' bin && cp '" MORVANE_SOURCE_DIR
