@@ -135,7 +135,7 @@ TEST(Faults, OneCallThatFailsHarmsNothingAndIsToldAsHeld) {
   }
   std::string seen;
   for (const auto& [told, failed] : calls)
-    seen += (told.empty() ? "nothing" : told) + '\n' + Wrapped("  ", failed).join('\n').toStdString() + '\n';
+    seen += (told.empty() ? "nothing" : told) + '\n' + Wrapped("  ", failed).toStdString() + '\n';
   ExpectText("tests/transcripts/faults.txt", seen);
 }
 

@@ -9,7 +9,6 @@
 #include "platform/drawing/calibration_sheet.h"
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/units.h"
-#include "shapes.h"
 #include "telling.h"
 #include "tests/hand/golden.h"
 #include "transcript.h"
@@ -31,7 +30,7 @@ void Walk(Scene& scene, Words words) {
     told << stops.back()->objectName() + " \"" + spoken + "\"";
     QTest::keyClick(stops.back(), key);
   }
-  scene.Show(Wrapped("    ", told).join('\n'));
+  scene.Show(Wrapped("    ", told));
 }
 
 // Of the rows of a tree.
@@ -46,13 +45,11 @@ QStringList ImagesOf(const std::vector<TreeNode*>& nodes) {
 
 void TellImages(Scene& scene, Words words) {
   const auto& tree = dynamic_cast<const TreeView&>(scene.Named(words));
-  scene.Show(Wrapped("    ", ImagesOf(tree.Roots())).join('\n'));
+  scene.Show(Wrapped("    ", ImagesOf(tree.Roots())));
 }
 
 void LookCloser(Scene& scene, Words words) {
-  const QStringList lines = LookAt(scene.Top()).at(words.rest);
-  for (const QString& line : IsDrawing(lines) ? InFull(lines) : lines)
-    scene.Show(IsDrawing(lines) ? line : "    " + line);
+  for (const QString& line : InFull(LookAt(scene.Top()).at(words.rest))) scene.Show(line);
 }
 
 // The window must be as its picture in the documentation, but for the scroll bars.

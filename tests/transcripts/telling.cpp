@@ -4,8 +4,6 @@
 #include <QHash>
 #include <QSet>
 
-#include "shapes.h"
-
 namespace Morvane {
 namespace {
 
@@ -13,8 +11,7 @@ constexpr qsizetype kLine = 120;  // characters
 constexpr qsizetype kShort = 44;
 constexpr qsizetype kWhole = 3 * kLine;  // of rows and texts that are told again as a whole
 constexpr qsizetype kMostLines = 3;      // of what is new
-constexpr qsizetype kMostWords = 12;     // of a column that is told in full
-constexpr qsizetype kMostPrinted = 20;   // the same on paper
+constexpr qsizetype kMostWords = 20;     // of a column that is told in full
 constexpr qsizetype kMostSettings = 40;
 
 const QString kDetail = "    ";
@@ -35,10 +32,9 @@ QStringList Less(const QStringList& lines, const QStringList& other) {
 }
 
 // Of what is too long to read the first items and the last.
-QString Readable(const QString& line, qsizetype most = kMostWords) {
-  const QStringList words = line.split(" | ");
-  if (words.size() <= most) return line;
-  return words.first(3).join(" | ") + QString(" | %1 more | ").arg(words.size() - 4) + words.back();
+QStringList Readable(const QStringList& items, qsizetype most) {
+  if (items.size() <= most) return items;
+  return items.first(3) + QStringList{QString("%1 more").arg(items.size() - 4), items.back()};
 }
 
 // What a line is about, where it is a setting, a measure or a menu's entry.
@@ -46,7 +42,7 @@ QString KeyOf(const QString& line) {
   return line.contains('=') ? line.section('=', 0, 0) : QString(line).remove(" (disabled)");
 }
 
-void TellKeyed(const QString& name, const QStringList& before, const QStringList& after, QStringList& told) {
+QString NewSettings(const QString& head, const QStringList& before, const QStringList& after) {
   QStringList lines = Less(after, before);
   QSet<QString> keys;
   for (const QString& line : after) keys << KeyOf(line);
@@ -54,67 +50,50 @@ void TellKeyed(const QString& name, const QStringList& before, const QStringList
     if (!keys.contains(KeyOf(line))) lines << "without " + line;
   for (QString& line : lines) line = line.trimmed();
   if (lines.isEmpty()) lines << "in another order";
-  told << Wrapped("  " + name + ": ", Readable(lines.join(" | "), kMostSettings).split(" | "));
+  return Wrapped(head, Readable(lines, kMostSettings));
 }
 
-void TellLong(const QString& name, const QStringList& before, const QStringList& after, QStringList& told) {
-  const char* const what = IsDrawing(after) ? "shapes" : "lines";
-  told << QString("  %1: %2 %3, %4").arg(name).arg(after.size()).arg(what).arg(Digest(after));
-  const QStringList added = Folded(Less(after, before));
-  for (const QString& line : added.first(std::min(added.size(), kMostLines)))
-    told << Wrapped(kDetail, Readable(line).split(" | "), kDetail + "    ");
+QString NewLines(const QString& head, const QStringList& before, const QStringList& after) {
+  const QStringList added = Less(after, before);
+  QStringList told = {head + QString("%1 in all, %2").arg(after.size()).arg(Digest(after))};
+  told << InFull(added.mid(0, kMostLines));
   if (added.size() > kMostLines) told << kDetail + QString("%1 more").arg(added.size() - kMostLines);
   if (added.isEmpty()) told << kDetail + QString("%1 gone").arg(Less(before, after).size());
+  return told.join('\n');
 }
 
-void Tell(const QString& name, const QStringList& before, const QStringList& after, QStringList& told) {
-  const QString whole = after.join(" | ");
-  const QString line = "  " + name + ": " + (after.isEmpty() ? "-" : whole);
+QString Change(const QString& name, const QStringList& before, const QStringList& after) {
+  const QString head = "  " + name + ": ";
   const bool isKeyed = name == "window menu" || name.endsWith(".mvne") || name.endsWith(".ini");
-  if (isKeyed && after != QStringList{"closed to all"} && after != QStringList{"folder"} && !after.isEmpty())
-    return TellKeyed(name, before, after, told);
-  if (line.size() <= kLine)
-    told << line;
-  else if (!IsDrawing(after) && whole.size() <= kWhole)
-    told << Wrapped("  " + name + ": ", after);
-  else
-    TellLong(name, before, after, told);
+  if (isKeyed && after.size() > 1) return NewSettings(head, before, after);
+  const qsizetype size = after.join(" | ").size();
+  const bool isDrawing = name.startsWith("Picture");
+  if (head.size() + size > kLine && (isDrawing || size > kWhole)) return NewLines(head, before, after);
+  return Wrapped(head, after.isEmpty() ? QStringList("-") : after);
 }
 
-// Each told thing with its details.
-QList<QStringList> Things(const QStringList& told) {
-  QList<QStringList> things;
-  for (const QString& line : told) {
-    if (!line.startsWith(kDetail) || things.isEmpty()) things << QStringList();
-    things.back() << line;
-  }
-  return things;
-}
-
-QString NameOf(const QStringList& thing) {
-  return thing.front().section(": ", 0, 0);
+QString NameOf(const QString& thing) {
+  return thing.section(": ", 0, 0);
 }
 
 }  // namespace
 
-QStringList Wrapped(const QString& head, const QStringList& items, const QString& indent) {
-  QStringList lines = {head};
-  bool isFirst = true;
-  for (const QString& item : items) {
-    const QString next = std::exchange(isFirst, false) ? item : " | " + item;
-    if (lines.back().size() + next.size() > kLine && lines.back() != head)
-      lines << indent + next.mid(next == item ? 0 : 1);
-    else
-      lines.back() += next;
+QString Wrapped(const QString& head, const QStringList& items, const QString& indent) {
+  QString text = head + items.value(0);
+  qsizetype start = 0;  // of the last line
+  for (const QString& item : items.mid(1)) {
+    const bool fits = text.size() - start + 3 + item.size() <= kLine;
+    if (!fits) start = text.size() + 1;
+    text += (fits ? " | " : '\n' + indent + "| ") + item;
   }
-  return lines;
+  return text;
 }
 
-QStringList InFull(const QStringList& shapes) {
-  QStringList lines;
-  for (const QString& shape : Folded(shapes))
-    lines << Wrapped(kDetail, Readable(shape, kMostPrinted).split(" | "), kDetail + kDetail);
-  return lines;
+QStringList InFull(const QStringList& lines) {
+  QStringList told;
+  for (const QString& line : lines)
+    told << Wrapped(kDetail, Readable(line.split(" | "), kMostWords), kDetail + kDetail);
+  return told;
 }
 
 QStringList Changes(const Sight& before, const Sight& after) {
@@ -124,8 +103,8 @@ QStringList Changes(const Sight& before, const Sight& after) {
   }
   for (const auto& [name, lines] : after) {
     const auto old = before.find(name);
-    if (old == before.end() || old->second != lines)
-      Tell(name, old == before.end() ? QStringList() : old->second, lines, told);
+    const QStringList known = old == before.end() ? QStringList() : old->second;
+    if (old == before.end() || known != lines) told << Change(name, known, lines);
   }
   return told;
 }
@@ -140,14 +119,13 @@ QStringList FirstSight(const Sight& window) {
 }
 
 QStringList BesideUsual(const QStringList& told, const QStringList& usual) {
-  const QList<QStringList> known = Things(usual);
   QStringList unusual;
   QSet<QString> names;
-  for (const QStringList& thing : Things(told)) {
+  for (const QString& thing : told) {
     names << NameOf(thing);
-    if (!known.contains(thing)) unusual << thing;
+    if (!usual.contains(thing)) unusual << thing;
   }
-  for (const QStringList& thing : known)
+  for (const QString& thing : usual)
     if (!names.contains(NameOf(thing))) unusual << NameOf(thing) + ": -";
   return unusual;
 }
@@ -155,10 +133,10 @@ QStringList BesideUsual(const QStringList& told, const QStringList& usual) {
 QStringList Beside(const QStringList& told) {
   QStringList lines;
   bool goesOn = false;
-  for (const QStringList& thing : Things(told)) {
-    const bool isShort = thing.size() == 1 && thing.front().size() <= kShort;
-    if (isShort && goesOn && lines.back().size() + thing.front().size() < kLine) {
-      lines.back() += "; " + thing.front().trimmed();
+  for (const QString& thing : told) {
+    const bool isShort = thing.size() <= kShort && !thing.contains('\n');
+    if (isShort && goesOn && lines.back().size() + thing.size() < kLine) {
+      lines.back() += "; " + thing.trimmed();
     } else {
       lines << thing;
     }

@@ -7,20 +7,20 @@
 
 namespace Morvane {
 
-// What came, went or became another, a line or some lines each. What fits on a line is told whole; of
+// What came, went or became another, each on a line or some lines. What fits on a line is told whole; of
 // settings, measures and menus what is new; of long texts and drawings what is new, how much there is and a
 // digest of all.
 QStringList Changes(const Sight& before, const Sight& after);
 // What of a window's first sight no picture of the window tells: its texts, rows, choices and drawings.
 QStringList FirstSight(const Sight& window);
 
-// Told lines but those that are usual; what is usual and missing is told as well.
+// Told things but those that are usual; what is usual and missing is told as well.
 QStringList BesideUsual(const QStringList& told, const QStringList& usual);
-// Told lines, the short ones beside each other.
+// Told things, the short ones beside each other.
 QStringList Beside(const QStringList& told);
-// A whole drawing.
-QStringList InFull(const QStringList& shapes);
+// All lines of a drawing or a text.
+QStringList InFull(const QStringList& lines);
 // Items between bars, on as many lines as it takes.
-QStringList Wrapped(const QString& head, const QStringList& items, const QString& indent = "    ");
+QString Wrapped(const QString& head, const QStringList& items, const QString& indent = "    ");
 
 }  // namespace Morvane

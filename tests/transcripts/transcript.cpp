@@ -20,7 +20,6 @@ const char* const kFirstSights = "first_sights";
 const QString kStart = "> start";
 const QString kRepeat = "> repeat";
 const QString kSpoken = "  # ";
-const QString kFooter = "(the footer)";
 constexpr qsizetype kMostSpoken = 40;
 
 bool HasHome(const std::string& scene) {
@@ -98,31 +97,23 @@ void Transcript::LearnWhatIsUsual() {
   for (const QString& line : HeldLines(kFirstSights)) {
     if (line.startsWith('>') || line.startsWith('['))
       of = usual_.contains(line) || (line.startsWith('>') && line != kStart) ? "" : line;
+    else if (!of.isEmpty() && line.startsWith("    "))
+      usual_[of].back() += '\n' + line;
     else if (!of.isEmpty() && line.startsWith(' '))
       usual_[of] << line;
   }
-  footer_ = usual_["[Form1]"].join("").section('"', 1, 1);
-  for (auto& [window, lines] : usual_) lines.replaceInStrings(footer_, kFooter);
 }
 
 Control& Transcript::Named(Words& words) {
   Control& control = The(Top(), words.Path());
-  handled_ = &control.Parent().OwnerForm();
-  control_ = QString::fromStdString(control.Name());
-  auto* const widget = Hand::See(*handled_).findChild<QWidget*>(control_);
-  if (widget == nullptr) handled_ = nullptr;
-  const QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(widget);
-  if (spoken != nullptr && !seen_.at(deed_).contains(kSpoken)) {
-    const QString name = spoken->text(QAccessible::Name).remove('&');
+  QWidget& widget = Hand::See(control);
+  if (const auto told = windows_.find(top_); told != windows_.end())
+    told->second["keyboard"] = {widget.objectName()};  // where it belongs now
+  if (!seen_.at(deed_).contains(kSpoken)) {
+    const QString name = QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name).remove('&');
     seen_[deed_] += kSpoken + (name.size() > kMostSpoken ? name.first(kMostSpoken).trimmed() + "..." : name);
   }
   return control;
-}
-
-QStringList Transcript::Shapes(const DrawingList& drawing) const {
-  QStringList shapes = ShapesAsText(drawing);
-  if (!footer_.isEmpty()) shapes.replaceInStrings(footer_, kFooter);
-  return shapes;
 }
 
 QStringList Transcript::Play() {
@@ -164,8 +155,6 @@ void Transcript::PlayModal(Form& form) {
   EXPECT_TRUE(QTest::qWaitForWindowActive(&window) && QTest::qWaitForWindowExposed(&window)) << form.Name();
   if (form.Name() == "Form3") StandStill(form);
   Form* const below = top_;
-  if (const auto told = windows_.find(below); handled_ == below && told != windows_.end())
-    told->second["keyboard"] = {control_};  // from where this window was opened
   if (!silent_) PlayIn(&form);
   top_ = below;
   if (form.Visible()) window.close();
@@ -216,7 +205,6 @@ void Transcript::Report() {
   } catch (const std::exception& error) {
     seen_ << QString("  cannot be seen: ") + error.what();
   }
-  handled_ = nullptr;
 }
 
 void Transcript::ReportTheWorld() {
@@ -230,7 +218,7 @@ void Transcript::ReportTheWorld() {
   for (const auto& job : std::exchange(machine.Device.Jobs, {})) {
     const char* const sheet = job.orientation == PageOrientation::Portrait ? "upright" : "across";
     const QString name = QString("prints %1 \"%2\"").arg(sheet, job.title.c_str());
-    seen_ << "  " + name + ":" << InFull(Shapes(job.page));
+    seen_ << "  " + name + ":" << InFull(ShapesAsText(job.page));
     Printed = job.page;
   }
   const Sight now = LookAround(machine);
@@ -242,35 +230,13 @@ void Transcript::ReportTheWorld() {
   }
 }
 
-Sight Transcript::See(const Form& form) const {
-  Sight sight = LookAt(form);
-  for (const Control* const control : form.AllControls()) {
-    const auto* const box = dynamic_cast<const PictureBox*>(control);
-    const QString name = QString::fromStdString(control->Name());
-    if (box != nullptr && sight.contains(name)) sight[name] = Shapes(box->Surface.Drawing());
-  }
-  return sight;
-}
-
-// At the control that the deed names, or where it was.
-bool Transcript::HasKeyboardAsExpected(const Sight& before, const Sight& now) const {
-  const QStringList& there = now.at("keyboard");
-  return handled_ == top_ ? there == QStringList(control_) : there == before.at("keyboard");
-}
-
 void Transcript::ReportTheWindow() {
-  const Sight now = See(*top_);
+  const Sight now = LookAt(*top_);
   const QString name = "[" + QString::fromStdString(top_->Name()) + "]";
   if (name != std::exchange(reported_, name)) seen_ << name;
   const auto before = windows_.find(top_);
-  QStringList told;
-  if (before == windows_.end()) {
-    told = BesideUsual(FirstSight(now), usual_[name]);
-  } else {
-    Sight old = before->second;
-    old["keyboard"] = HasKeyboardAsExpected(old, now) ? now.at("keyboard") : QStringList("another");
-    told = Changes(old, now);
-  }
+  const QStringList told =
+      before == windows_.end() ? BesideUsual(FirstSight(now), usual_[name]) : Changes(before->second, now);
   if (!told.isEmpty()) ExpectShownAsItIs(*top_);
   seen_ << (scene_ == kFirstSights ? told : Beside(told));
   windows_[top_] = now;

@@ -74,19 +74,13 @@ class Transcript {
   void Report();
   void ReportTheWorld();
   void ReportTheWindow();
-  QStringList Shapes(const DrawingList& drawing) const;
-  Sight See(const Form& form) const;
-  bool HasKeyboardAsExpected(const Sight& before, const Sight& now) const;
   void Tell(const std::string& what, const std::string& text);
 
   const std::string scene_;
   QStringList lines_;
   QStringList seen_;
-  qsizetype deed_ = 0;             // the line of it in what is seen
-  const Form* handled_ = nullptr;  // the window of the control that the deed names
-  QString control_;
+  qsizetype deed_ = 0;  // the line of it in what is seen
   std::map<QString, QStringList> usual_;
-  QString footer_;
   Form* top_ = nullptr;
   QString reported_;
   bool ended_ = false;
