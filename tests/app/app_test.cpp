@@ -11,7 +11,7 @@ namespace {
 // Started as installed, by a user without a home, with a printer that takes Letter and stands still.
 TEST(App, TellsDesktopAndToolkitWhoItIsWhatIsWrongAndShowsThePrintersSheetWithoutATouch) {
   PrivateCups spooler;
-  spooler.AddQueue("letter", "letter");
+  spooler.AddQueue("letter");
   for (const char* command : {"lpadmin -d letter", "cupsdisable letter"}) spooler.Run(command);
   const TemporaryFolder folder;
   const char* const start =

@@ -2,8 +2,8 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <string>
-#include <vector>
 
 #include "tests/support/test_machine.h"
 
@@ -19,31 +19,30 @@ class PrivateCups {
   static void ChooseSocket(const std::string& folder);
 
   PrivateCups();
-  ~PrivateCups();
+  ~PrivateCups() { Stop(); }
   PrivateCups(const PrivateCups&) = delete;
   PrivateCups& operator=(const PrivateCups&) = delete;
 
-  // A queue whose sheets are written to SheetPath, each over the one before. The printer "uneven" takes A4
-  // and cannot reach 9.64 points at the left, 17.97 at the top, 14.48 at the right, 14.40 at the bottom;
-  // "letter" has the same margins, and Letter by default.
-  void AddQueue(const std::string& name, const std::string& printer = "uneven") const;
-  // A queue of the printer that a PPD describes, whose sheets are written to SheetPath.
-  void AddQueueOf(const std::string& name, const std::string& description) const;
-  // Runs a command of the spooler, such as "cupsreject name".
-  void Run(const std::string& command) const;
+  // A queue of the printer that a PPD file describes, else of the one of its name: "uneven" takes A4 and
+  // cannot reach 9.64 points at the left, 17.97 at the top, 14.48 at the right, 14.40 at the bottom; "letter"
+  // has the same margins, and Letter by default. Its sheets are written to SheetPath, each over the one
+  // before.
+  void AddQueue(const std::string& name, const std::string& description = {}) const;
+  // Runs a command of the spooler, such as "cupsreject name", again and again until it succeeds or `patience`
+  // is at its end.
+  void Run(const std::string& command, std::chrono::seconds patience = {}) const;
   // The spooler itself, to be stopped, killed and the like.
   pid_t Process() const { return process_; }
   // Ends the spooler; its port is silent from then on.
   void Stop();
 
-  std::string SheetPath() const { return folder_.Path() + "/out/sheet.pdf"; }
+  std::string SheetPath() const { return folder_.Path("sheet.pdf"); }
   void WaitForJobs() const;
-  // What the spooler kept of each job, as it stands in its spool; complete once the spooler has stopped.
-  std::vector<std::string> JobRecords() const;
+  // What the spooler kept of a job, as it stands in its spool, counted from 1; complete once the spooler has
+  // stopped.
+  std::string JobRecord(int job) const { return folder_.Read("spool/c0000" + std::to_string(job)); }
 
  private:
-  void WriteSettings() const;
-
   TemporaryFolder folder_;
   pid_t process_ = -1;
 };

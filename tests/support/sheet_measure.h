@@ -1,14 +1,17 @@
 #pragma once
 
-#include <algorithm>
+#include <QBitmap>
+#include <QImage>
+#include <QImageReader>
+#include <QProcess>
+#include <QRegion>
+#include <QTransform>
 #include <cmath>
-#include <cstdio>
-#include <fstream>
-#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "platform/qt/pictures/picture_limits.h"
 #include "platform/units.h"
 
 namespace Morvane {
@@ -23,91 +26,56 @@ class MeasuredSheet {
  public:
   // Renders the first page of a PDF file, or of the PostScript among a printer's own commands.
   explicit MeasuredSheet(const std::string& path) {
-    const std::string command =
-        IsPdf(path) ? "pdftoppm -gray -r 600 '" + path + "'"
-                    : "sed -n '/%!PS/,$p' '" + path +
-                          "' | gs -q -dBATCH -dNOPAUSE -sDEVICE=pgmraw -sOutputFile=- -r600 -";
-    const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
-    // A line of the renderer's own may stand behind the first.
-    if (!pipe || std::fscanf(pipe.get(), "P5 #%*[^\n]") == EOF ||
-        std::fscanf(pipe.get(), "%d %d 255", &width_, &height_) != 2) {
+    QProcess renderer;
+    renderer.start("sh", {"-c",
+                          "pdftoppm -gray -r 600 \"$0\" || sed -n '/%!PS/,$p' \"$0\" | "
+                          "gs -q -dBATCH -dNOPAUSE -sDEVICE=pgmraw -sOutputFile=- -r600 -",
+                          QString::fromStdString(path)});
+    renderer.waitForFinished(-1);
+    QImageReader::setAllocationLimit(PictureLimits::kDecodedMegabytes);
+    if (!page_.loadFromData(renderer.readAllStandardOutput(), "PGM"))
       throw std::runtime_error("no page in " + path);
-    }
-    std::fgetc(pipe.get());
-    gray_.resize(static_cast<size_t>(width_) * static_cast<size_t>(height_));
-    if (std::fread(gray_.data(), 1, gray_.size(), pipe.get()) != gray_.size()) {
-      throw std::runtime_error("half a page in " + path);
-    }
   }
 
-  int WidthDots() const { return width_; }
-  int HeightDots() const { return height_; }
+  bool IsOnItsSide() const { return page_.width() > page_.height(); }
 
   // The middles of the dark lines that are met along a row or a column, in mm from the left or the top.
-  std::vector<double> AcrossMm(double yMm) const { return Lines(DotAt(yMm) * width_, 1, width_); }
-  std::vector<double> DownMm(double xMm) const { return Lines(DotAt(xMm), width_, height_); }
+  std::vector<double> AcrossMm(double yMm) const {
+    return Lines(page_.width(), [&](int x) { return Ink(x, DotAt(yMm)); });
+  }
+  std::vector<double> DownMm(double xMm) const {
+    return Lines(page_.height(), [&](int y) { return Ink(DotAt(xMm), y); });
+  }
 
-  // The corners of the box that holds all that is dark, in mm from the left and the top; all 0 on an empty
-  // sheet.
-  struct Box {
-    double left = 0, top = 0, right = 0, bottom = 0;
-  };
-  Box InkMm() const {
-    int left = 0, top = 0, right = width_, bottom = height_;
-    while (top < bottom && !IsInk(left, top, right, top + 1)) ++top;
-    while (top < bottom && !IsInk(left, bottom - 1, right, bottom)) --bottom;
-    while (left < right && !IsInk(left, top, left + 1, bottom)) ++left;
-    while (left < right && !IsInk(right - 1, top, right, bottom)) --right;
-    return left == right ? Box() : Box{MmAt(left), MmAt(top), MmAt(right), MmAt(bottom)};
+  // The box that holds all that is dark.
+  QRectF InkMm() const {
+    const QRegion ink(QBitmap::fromImage(page_, Qt::ThresholdDither));
+    return QTransform::fromScale(kMmPerDot, kMmPerDot).mapRect(QRectF(ink.boundingRect()));
   }
 
  private:
-  // Commands of the printer's own may stand in front.
-  static bool IsPdf(const std::string& path) {
-    std::string start(1024, ' ');
-    std::ifstream(path, std::ios::binary).read(start.data(), 1024);
-    return start.find("%PDF") != std::string::npos;
-  }
+  static constexpr double kMmPerDot = kMillimetresPerInch / 600;
+  static constexpr double kFaint = 100;  // of a dot of 255; the ink of a line is more, all over its breadth
 
-  static constexpr int kDotsPerInch = 600;
-  static constexpr int kWhite = 255;
-  static constexpr int kDark = 100;  // paper is above it
+  static int DotAt(double mm) { return static_cast<int>(std::lround(mm / kMmPerDot)); }
+  int Ink(int x, int y) const { return 255 - qGray(page_.pixel(x, y)); }
 
-  static int DotAt(double mm) {
-    return static_cast<int>(std::lround(mm / kMillimetresPerInch * kDotsPerInch));
-  }
-
-  bool IsInk(int left, int top, int right, int bottom) const {
-    for (int y = top; y < bottom; ++y)
-      for (int x = left; x < right; ++x)
-        if (kWhite - gray_[static_cast<size_t>(y) * static_cast<size_t>(width_) + static_cast<size_t>(x)] >
-            kDark)
-          return true;
-    return false;
-  }
-  static double MmAt(double dots) { return dots / kDotsPerInch * kMillimetresPerInch; }
-
-  std::vector<double> Lines(int start, int step, int count) const {
+  template <typename InkAt>
+  static std::vector<double> Lines(int count, InkAt inkAt) {
     std::vector<double> middles;
-    double weight = 0;
-    double moment = 0;
-    bool dark = false;
+    double weight = 0, moment = 0;
     for (int dot = 0; dot <= count; ++dot) {
-      const int ink = dot < count ? kWhite - gray_.at(static_cast<size_t>(start + dot * step)) : 0;
-      dark = dark || ink > kDark;
+      const int ink = dot < count ? inkAt(dot) : 0;
       weight += ink;
       moment += ink * (dot + 0.5);
       if (ink > 0) continue;
-      if (dark) middles.push_back(MmAt(moment / weight));
+      if (weight > kFaint) middles.push_back(moment / weight * kMmPerDot);
       weight = moment = 0;
-      dark = false;
     }
     return middles;
   }
 
-  int width_ = 0;
-  int height_ = 0;
-  std::vector<unsigned char> gray_;
+  QImage page_;
 };
 
 }  // namespace Morvane

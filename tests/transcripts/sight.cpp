@@ -151,12 +151,12 @@ QStringList AnswerOf(const QString& program, const QStringList& arguments) {
 // Where the first page has ink, and whether it lies on its side.
 QString InkOn(const QString& file) {
   const MeasuredSheet sheet(file.toStdString());
-  const MeasuredSheet::Box box = sheet.InkMm();
+  const QRectF box = sheet.InkMm();
   QStringList mm;
-  for (const double corner : {box.left, box.top, box.right, box.bottom})
+  for (const double corner : {box.left(), box.top(), box.right(), box.bottom()})
     mm << QString::number(corner, 'f', 1);
   return QString("from %1,%2 to %3,%4 mm").arg(mm[0], mm[1], mm[2], mm[3]) +
-         (sheet.WidthDots() > sheet.HeightDots() ? " on its side" : "");
+         (sheet.IsOnItsSide() ? " on its side" : "");
 }
 
 // Where ink is, how many pictures, which fonts of which sizes and which texts the first page has.

@@ -76,7 +76,8 @@ class RealPrinter : public PrintingTest, public testing::WithParamInterface<Publ
     const std::string package = GetParam().package;
     if (!std::filesystem::exists(kDrivers + package)) GTEST_SKIP() << "no package " << package << " here";
     ASSERT_NE(description_.AsItIs(), "");
-    cups_.AddQueueOf("prova", description_.TakingPdf());
+    folder_.Write("taking_pdf", description_.TakingPdf());
+    cups_.AddQueue("prova", folder_.Path("taking_pdf"));
   }
 
   static std::string Read(const TemporaryFolder& folder) {
@@ -166,13 +167,13 @@ TEST_P(RealPrinter, TakesASheetInItsPlaceWhateverTheDialogDid) {
   Accept([](QDialog& dialog) { Press(dialog, "foglio"); });
   ExpectInPlace(a4, PageOrientation::Landscape);
 
-  cups_.AddQueue("altra");
-  for (const char* queue : {"altra", "prova"})
+  cups_.AddQueue("uneven");
+  for (const char* queue : {"uneven", "prova"})
     Accept([&](QDialog& dialog) { dialog.findChild<QComboBox*>("printers")->setCurrentText(queue); });
   ExpectInPlace(a4, PageOrientation::Portrait);
 
   if (!GetParam().isPostScript) return;  // else what the printer itself gets
-  cups_.AddQueueOf("prova", description_.AsItIs());
+  cups_.AddQueue("prova", folder_.Path("description"));
   device_.SelectPrinter("prova");
   for (const PageOrientation orientation : {PageOrientation::Portrait, PageOrientation::Landscape})
     ExpectInPlace(own, orientation);
