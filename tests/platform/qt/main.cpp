@@ -8,15 +8,6 @@
 #include "tests/support/private_cups.h"
 #include "tests/support/test_machine.h"
 
-// libcups never frees the options, nor all of the names, that it makes of a printer's description.
-constexpr char kLeaks[] = "leak:cupsAddOption\nleak:_ppdCacheCreateWithPPD\n";
-
-#ifdef MORVANE_SANITIZE
-extern "C" const char* __lsan_default_suppressions() {
-  return kLeaks;
-}
-#endif
-
 // The tests see neither the machine's printers nor the user's folders, language, fonts and taste, and no
 // screen but one in memory, a wide one unless MORVANE_SCREEN names another.
 int main(int argc, char** argv) {
@@ -31,19 +22,13 @@ int main(int argc, char** argv) {
   }
 #endif
   const Morvane::TemporaryFolder home;
-  home.Write("leaks", kLeaks);  // for the programs that the tests start
-  qputenv("LSAN_OPTIONS", ("suppressions=" + home.Path() + "/leaks").c_str());
-  qputenv("HOME", home.Path().c_str());
-  qputenv("XDG_CONFIG_HOME", home.Path().c_str());
-  qputenv("XDG_RUNTIME_DIR", home.Path().c_str());
+  for (const char* folder : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"})
+    qputenv(folder, home.Path().c_str());
   qputenv("LC_ALL", "C.UTF-8");
-  qunsetenv("LANGUAGE");
-  qunsetenv("XDG_CACHE_HOME");
   qputenv("FONTCONFIG_FILE", MORVANE_FONTS);
-  for (const char* taste :
-       {"QT_STYLE_OVERRIDE", "QT_FONT_DPI", "QT_SCREEN_SCALE_FACTORS", "QT_QPA_PLATFORMTHEME"}) {
+  for (const char* taste : {"LANGUAGE", "XDG_CACHE_HOME", "QT_STYLE_OVERRIDE", "QT_FONT_DPI",
+                            "QT_SCREEN_SCALE_FACTORS", "QT_QPA_PLATFORMTHEME"})
     qunsetenv(taste);
-  }
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" MORVANE_SOURCE_DIR "/tests/platform/qt/" +
                                  qEnvironmentVariable("MORVANE_SCREEN", "screen").toUtf8() + ".json");
   Morvane::PrivateCups::ChooseSocket(home.Path());
