@@ -4,12 +4,9 @@
 #include <QXmlStreamReader>
 #include <sstream>
 
-#include "platform/drawing/drawing_surface.h"
-#include "platform/qt/painting/qt_text_metrics.h"
 #include "platform/qt/pictures/old_formats.h"
 #include "platform/qt/pictures/qt_picture.h"
 #include "platform/qt/pictures/qt_picture_loader.h"
-#include "platform/qt/printing/pdf_file_writer.h"
 #include "platform/runtime_error.h"
 #include "tests/support/held_text.h"
 #include "tests/support/test_machine.h"
@@ -156,20 +153,6 @@ TEST_F(PicturesTest, FileInUseIsReadAgainOnceItChanged) {
   const PicturePtr before = Load(ContentOf("fuzz/corpus/images/cmyk.jpg"));
   EXPECT_EQ(loader_.LoadPicture("C:\\foto"), before);
   EXPECT_EQ(Load(ContentOf("fuzz/corpus/images/p3.jpg"))->WidthTwips(), 2 * before->WidthTwips());
-}
-
-// What the toolkit makes of a picture's texts is no affair of the paper.
-TEST_F(PicturesTest, TransparentPictureIsPrintedAsItIsSeenWhateverItsTextsSay) {
-  const QtTextMetrics metrics;
-  DrawingSurface page(metrics);
-  page.SetScaleMode(ScaleMode::Millimetres);
-  page.PaintPicture(Load(ContentOf("fuzz/corpus/images/hostile_text.png")), 10, 10, 50, 50);
-  const std::string sheet = machine_.Root.Path("foglio");
-  WritePdf(sheet, page.Drawing(), PageOrientation::Portrait, kA4, "");
-  ASSERT_EQ(std::system(("pdftoppm -r 25.4 -png -singlefile '" + sheet + "' '" + sheet + "'").c_str()), 0);
-  const QImage paper(QString::fromStdString(sheet + ".png"));
-  EXPECT_EQ(NameOf(paper.pixel(22, 35)), 'R');
-  EXPECT_EQ(NameOf(paper.pixel(47, 35)), 'W');
 }
 
 }  // namespace
