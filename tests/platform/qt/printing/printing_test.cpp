@@ -1,5 +1,4 @@
 #include <QComboBox>
-#include <QDir>
 #include <QDoubleSpinBox>
 #include <QFileDialog>
 #include <QLabel>
@@ -24,13 +23,6 @@ using testing::HasSubstr;
 // As if 180 mm across came out as 181.8 and 250 mm down as 248.75, the cross 1.5 mm too far right and 2 too
 // high.
 constexpr Calibration kMeasured{181.8, 248.75, 1.5, -2};
-
-// A disc's booklet with the disc in it, 10 mm and 20 mm from the origin.
-void DrawCover(DrawingSurface& page) {
-  page.SetScaleMode(ScaleMode::Millimetres);
-  page.Line(10, 20, 131, 140, LineStyle::Box);
-  page.Circle(70.5, 80, 50, {}, 0.8);
-}
 
 TEST_F(PrintingTest, JobsWithoutAPrinterAreNumberedFilesNamedAfterTheirTitle) {
   device_.SetPdfFolder(QString::fromStdString(folder_.Path("pdf")));
@@ -117,26 +109,12 @@ TEST_F(PrintingTest, WhereNobodyListensThereIsNoPrinterAndNobodySaysThatItIsSile
   qputenv("CUPS_SERVER", own);
 }
 
-class QueueTest : public PrintingTest {
- protected:
-  QueueTest() {
-    cups_.AddQueue("uneven");
-    cups_.AddQueue("letter");
-  }
-  ~QueueTest() override {
-    for (const QString& folder : {QDir::homePath() + "/.cups", QFileInfo(calibrationFile_).path()})
-      QDir(folder).removeRecursively();
-  }
-
-  const QString calibrationFile_ = qEnvironmentVariable("XDG_CONFIG_HOME") + "/morvane/taratura.ini";
-  PrivateCups cups_;
-};
-
 // What the toolkit's dialog offers, and what comes of it with options left from elsewhere.
 TEST_F(QueueTest, DialogAsksForCopiesWhichAreJobsOfTheirOwnThatNobodyScales) {
   QDir().mkpath(QDir::homePath() + "/.cups");
   std::ofstream(QDir::homePath().toStdString() + "/.cups/lpoptions")
       << "Dest uneven page-ranges=2-3 number-up=2 fit-to-page\n";
+  for (const char* queue : {"uneven", "letter"}) cups_.AddQueue(queue);
   device_.SelectPrinter("letter");
   InNext([](QDialog& dialog) {
     for (const char* choice : {"printRange", "printSelection"})
@@ -170,47 +148,11 @@ TEST_F(QueueTest, DialogAsksForCopiesWhichAreJobsOfTheirOwnThatNobodyScales) {
   }
 }
 
-// The corner of what a test's queue can reach of A4, in mm.
-constexpr double kLeft = 9.64 * kMmPerPoint;
-constexpr double kTop = 17.97 * kMmPerPoint;
-constexpr double kBottom = 297 - 14.4 * kMmPerPoint;
-
-// The middle row and column of the cover meet its box and its ellipse. What stands at the cross of the
-// calibration, 20 mm from the corner, is only shifted; lengths from there are scaled.
-std::vector<double> Across(const Calibration& paper, std::vector<double> mm) {
-  for (double& x : mm) x = kLeft + 20 - paper.rightMm + (x - 20) * 180 / paper.acrossMm;
-  return mm;
-}
-std::vector<double> Down(const Calibration& paper, std::vector<double> mm) {
-  for (double& y : mm) y = kTop + 20 - paper.downwardsMm + (y - 20) * 250 / paper.downMm;
-  return mm;
-}
-
-TEST_F(QueueTest, SheetsHaveTheirSizesCalibratedOrNot) {
-  for (const Calibration& paper : {Calibration{}, kMeasured}) {
-    Calibrations().Keep("uneven", paper);
-    QtPrinters device;
-    device.SelectPrinter("uneven");
-    Printer printer(device, metrics_, fonts_);
-    const auto printed = [&](PageOrientation orientation) {
-      printer.SetOrientation(orientation);
-      DrawCover(printer.Surface());
-      printer.EndDoc();
-      cups_.WaitForJobs();
-      return MeasuredSheet(cups_.SheetPath());
-    };
-    const MeasuredSheet upright = printed(PageOrientation::Portrait);
-    ExpectLines(upright.AcrossMm(Down(paper, {80})[0]), Across(paper, {10, 20.5, 120.5, 131}));
-    ExpectLines(upright.DownMm(Across(paper, {70.5})[0]), Down(paper, {20, 40, 120, 140}));
-    // Turned to the left: the page's left edge is the sheet's lower one.
-    const double bottom = kBottom - kTop;
-    ExpectLines(printed(PageOrientation::Landscape).DownMm(Across(paper, {80})[0]),
-                Down(paper, {bottom - 131, bottom - 120.5, bottom - 20.5, bottom - 10}));
-  }
-}
-
-TEST_F(QueueTest, CalibrationIsTypedOnATabPrintsItsSheetWithoutItselfAndIsTakenByThePrintProgram) {
+TEST_F(QueueTest, CalibrationIsTypedOnATabPrintsItsSheetWithoutItselfAndSheetsWithItHaveTheirSizes) {
+  constexpr Area kUneven{9.64 * kMmPerPoint, 17.97 * kMmPerPoint, 14.4 * kMmPerPoint, 297};
+  cups_.AddQueue("uneven");
   device_.SelectPrinter("uneven");
+  ExpectInPlace(kUneven, PageOrientation::Portrait);
   InNext([](QDialog& dialog) {
     CalibrationTab* tab = nullptr;
     for (auto* child : dialog.findChildren<QWidget*>())
@@ -234,9 +176,13 @@ TEST_F(QueueTest, CalibrationIsTypedOnATabPrintsItsSheetWithoutItselfAndIsTakenB
   });
   printer_.ShowDialog({});
   cups_.WaitForJobs();
-  const std::vector<double> ruler = MeasuredSheet(cups_.SheetPath()).AcrossMm(kTop + 117.5);
+  const std::vector<double> ruler = MeasuredSheet(cups_.SheetPath()).AcrossMm(kUneven.top + 117.5);
   ASSERT_FALSE(ruler.empty());
-  EXPECT_NEAR(ruler.front(), kLeft + 10, kOriginMm);
+  EXPECT_NEAR(ruler.front(), kUneven.left + 10, kOriginMm);
+  for (const PageOrientation orientation : {PageOrientation::Portrait, PageOrientation::Landscape}) {
+    printer_.SetOrientation(orientation);
+    ExpectInPlace(kUneven, orientation, kMeasured);
+  }
 
   const auto printed = [&](const std::string& option, const std::string& told = "") {
     EXPECT_THAT(RunPrintProgram("--printer uneven" + option).errors, HasSubstr(told));
@@ -245,7 +191,8 @@ TEST_F(QueueTest, CalibrationIsTypedOnATabPrintsItsSheetWithoutItselfAndIsTakenB
   };
   const double plain = printed(" --no-calibration");
   EXPECT_NEAR(plain - printed(""), kMeasured.rightMm, 0.2);
-  std::ofstream(calibrationFile_.toStdString()) << "[uneven]\norizzontale180=grosso\n";
+  std::ofstream(QDir::homePath().toStdString() + "/morvane/taratura.ini")
+      << "[uneven]\norizzontale180=grosso\n";
   EXPECT_EQ(printed("", "morvane-print: Il file della taratura è danneggiato"), plain);
 }
 
