@@ -67,7 +67,7 @@ struct OpenWindow {
 
   OpenWindow() { window.form.BeginShow(); }
   void Read(const std::string& folder) {
-    machine.Windows.Folders.push_back(folder);
+    machine.Windows.Folder = folder;
     window.Command2.Click();
   }
 };

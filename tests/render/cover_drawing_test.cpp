@@ -54,7 +54,7 @@ TEST_F(CoverDrawing, PageIsTurnedByTheLayoutAloneHasThePrintersLettersAndStaysWh
   surface.SetSize(100, 0);
   EXPECT_DOUBLE_EQ(ImpostaPagina(surface, state, printer), 0.01);
   surface.CurrentX = 7;
-  machine.Device.Broken = "inceppata";
+  machine.Device.BeforeCall = [](auto&, auto number) { throw RuntimeError(number, "inceppata"); };
   EXPECT_THROW(ImpostaPagina(surface, state, printer), RuntimeError);
   EXPECT_EQ(surface.CurrentX, 7) << "the page in view stays";
 }

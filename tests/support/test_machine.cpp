@@ -9,28 +9,11 @@
 #include <fstream>
 
 #include "platform/files/file_system.h"
-#include "platform/runtime_error.h"
 
 namespace Morvane {
 
-namespace {
-
-class SquarePicture : public Picture {
- public:
-  double WidthTwips() const override { return 1500; }
-  double HeightTwips() const override { return 1500; }
-};
-
-void FailWith(const std::string& complaint) {
-  if (!complaint.empty()) throw RuntimeError(ErrorNumber::PrinterFailure, complaint);
-}
-
-}  // namespace
-
 double EvenTextMetrics::Width(const Font& font, const std::string& text) const {
-  const auto isCharacter = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
-  return static_cast<double>(std::count_if(text.begin(), text.end(), isCharacter)) * font.size *
-         kTwipsPerPoint * 0.5;
+  return static_cast<double>(text.size()) * font.size * kTwipsPerPoint * 0.5;
 }
 
 double EvenTextMetrics::LineHeight(const Font& font) const {
@@ -44,41 +27,33 @@ std::vector<std::string> ListedFonts::Families() const {
 
 bool ListedFonts::CanPrint(const std::string& family) const {
   Tell("CanPrint", ErrorNumber::InvalidPropertyValue);
-  const auto in = [&](const std::vector<std::string>& names) {
-    return std::find(names.begin(), names.end(), family) != names.end();
-  };
-  return in(Names) && !in(NotForPrinting);
+  return std::ranges::count(Names, family) > std::ranges::count(NotForPrinting, family);
 }
 
 SheetSize RecordingPrinter::PortraitSheet() {
   Tell("PortraitSheet", ErrorNumber::PrinterFailure);
-  FailWith(Broken);
-  return Sheet;
+  return {11905.5, 16837.8};  // A4
 }
 
 PrintDialogAnswer RecordingPrinter::ShowDialog(const PrintDialogRequest& request, PageOrientation&) {
-  Tell("ShowDialog", ErrorNumber::PrinterFailure);
   Dialogs.push_back(request);
-  FailWith(DialogBroken);
-  return TakeFront(Answers, "print dialog");
+  Tell("ShowDialog", ErrorNumber::PrinterFailure);
+  if (Answers.empty()) throw std::logic_error("unexpected print dialog");
+  const PrintDialogAnswer answer = Answers.front();
+  Answers.pop_front();
+  return answer;
 }
 
 std::vector<PicturePtr> RecordingPrinter::SendPage(const DrawingList& page, PageOrientation orientation,
                                                    const std::string& title) {
   Tell("SendPage", ErrorNumber::PrinterFailure);
-  FailWith(Broken);
   Jobs.push_back({page, orientation, title});
   return {};
 }
 
-PicturePtr SquarePictures::LoadPicture(const std::string&) const {
-  return std::make_shared<SquarePicture>();
-}
-
 void RecordingLauncher::Shell(const std::string& program) {
-  Tell("Shell", ErrorNumber::FileNotFound);
   Started.push_back(program);
-  if (ShellFails) throw RuntimeError(ErrorNumber::FileNotFound, "File non trovato: " + program);
+  Tell("Shell", ErrorNumber::FileNotFound);
 }
 
 // A request that fails has an empty body.
@@ -90,11 +65,6 @@ std::string CannedHttp::OpenUrl(const std::string& url) {
   }
   Fetched.push_back(url);
   return Body;
-}
-
-bool KeepInMemory() {
-  constexpr const char* kDisk = "/dev/shm";
-  return access(kDisk, W_OK) == 0 && setenv("TMPDIR", kDisk, 1) == 0;
 }
 
 TemporaryFolder::TemporaryFolder() {
@@ -120,10 +90,6 @@ std::string TemporaryFolder::Read(const std::string& name) const {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-void TemporaryFolder::MakeFolder(const std::string& name) const {
-  std::filesystem::create_directories(Path(name));
-}
-
 ProgramRun RunProgram(const std::string& command, const TemporaryFolder& folder) {
   const int status = std::system((command + " 2>'" + folder.Path("errors") + "'").c_str());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.Read("errors")};
@@ -136,19 +102,14 @@ TestMachine::TestMachine(const UserHome& home)
       ThePrinter(Device, Metrics, Fonts),
       platform{Windows, TheScreen,  *Files,   Pictures, Metrics,
                Fonts,   ThePrinter, Launches, Http,     AppInfo{.path = "C:\\Morvane"}} {
-  Root.MakeFolder("home/u/Scrivania");
-  MakeFolder("C:\\Morvane");
+  std::filesystem::create_directories(Root.Path("home/u/Scrivania"));
+  std::filesystem::create_directories(Files->ToNative("C:") + "/Morvane");
 }
 
 void TestMachine::WriteFile(const std::string& windowsPath, const std::string& bytes) {
-  MakeFolder(windowsPath.substr(0, windowsPath.rfind('\\')));
-  Root.Write(Files->ToNative(windowsPath).substr(Root.Path().size() + 1), bytes);
-}
-
-void TestMachine::MakeFolder(const std::string& windowsPath) {
-  std::string below = windowsPath.substr(2);
-  std::replace(below.begin(), below.end(), '\\', '/');
-  std::filesystem::create_directories(Files->ToNative(windowsPath.substr(0, 2)) + below);
+  std::string native = Files->ToNative(windowsPath.substr(0, 2)) + windowsPath.substr(2);
+  std::replace(native.begin(), native.end(), '\\', '/');
+  Root.Write(native.substr(Root.Path().size() + 1), bytes);
 }
 
 }  // namespace Morvane

@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/controls/window_system.h"
 #include "platform/runtime_error.h"
-#include "tests/support/scripted_windows.h"
 #include "windows/platform_services.h"
 
 namespace Morvane {
@@ -25,7 +25,37 @@ class Hooked {
   }
 };
 
-// Text of one width for each character, in exact proportion to the font's size.
+// Windows without a toolkit, for what needs no more. Messages are kept, questions are answered with no.
+class ScriptedWindows : public WindowSystem {
+ public:
+  std::vector<std::string> Boxes;
+  std::string Folder;  // that is chosen
+
+  // One event of the user: the handler, then whatever was queued meanwhile.
+  void UserEvent(const std::function<void()>& handler) {
+    Dispatch(handler);
+    RunPosted();
+  }
+
+  MsgBoxAnswer MsgBox(const std::string& text, MsgBoxButtons buttons, const std::string&) override {
+    Boxes.push_back(text);
+    return buttons == MsgBoxButtons::YesNo ? MsgBoxAnswer::No : MsgBoxAnswer::Cancel;
+  }
+  std::string InputBox(const std::string&, const std::string&, const std::string&) override { return {}; }
+  void PopupMenu(const std::vector<MenuItem>&) override {}
+  std::string BrowseForFolder(const std::string&) override { return Folder; }
+
+ protected:
+  void ShowFirst(Form&) override { RunPosted(); }
+  void RunModal(Form& form) override {
+    if (form.Visible()) form.UnloadForm();
+  }
+  void ProcessToolkitEvents() override {}
+  void WakeUp() override {}
+  void Quit() override {}
+};
+
+// Text of one width for each byte, in exact proportion to the font's size.
 class EvenTextMetrics : public TextMetrics {
  public:
   double Width(const Font& font, const std::string& text) const override;
@@ -51,8 +81,6 @@ class RecordingPrinter : public Printers, public Hooked {
   };
 
   std::deque<PrintDialogAnswer> Answers;
-  SheetSize Sheet = {11905.5, 16837.8};  // A4
-  std::string Broken, DialogBroken;      // what it complains of
   std::vector<Job> Jobs;
   std::vector<PrintDialogRequest> Dialogs;
 
@@ -62,17 +90,18 @@ class RecordingPrinter : public Printers, public Hooked {
                                    const std::string& title) override;
 };
 
-// Whatever a file holds is a picture.
-class SquarePictures : public PictureLoader {
+// No file holds a picture.
+class NoPictures : public PictureLoader {
  public:
-  PicturePtr LoadPicture(const std::string& path) const override;
+  PicturePtr LoadPicture(const std::string& path) const override {
+    throw RuntimeError(ErrorNumber::InvalidPicture, path);
+  }
 };
 
 class RecordingLauncher : public Launcher, public Hooked {
  public:
   std::vector<std::string> Opened;
   std::vector<std::string> Started;
-  bool ShellFails = false;
 
   void ShellExecute(const std::string& target) override { Opened.push_back(target); }
   void Shell(const std::string& program) override;
@@ -86,9 +115,6 @@ class CannedHttp : public HttpClient, public Hooked {
   std::string OpenUrl(const std::string& url) override;
 };
 
-// Temporary folders lie in memory from now on, where the machine has a disk of that kind.
-bool KeepInMemory();
-
 // A folder in the system's temporary folder, removed with everything in it.
 class TemporaryFolder {
  public:
@@ -101,7 +127,6 @@ class TemporaryFolder {
   std::string Path(const std::string& name) const { return path_ + "/" + name; }
   void Write(const std::string& name, const std::string& bytes) const;  // folders too
   std::string Read(const std::string& name) const;
-  void MakeFolder(const std::string& name) const;
 
  private:
   std::string path_;
@@ -130,14 +155,13 @@ class TestMachine {
   ListedFonts Fonts;
   RecordingPrinter Device;
   Printer ThePrinter;
-  SquarePictures Pictures;
+  NoPictures Pictures;
   RecordingLauncher Launches;
   CannedHttp Http;
   Platform platform;
 
   // Puts a file on the machine, folders too. Bytes as they are.
   void WriteFile(const std::string& windowsPath, const std::string& bytes);
-  void MakeFolder(const std::string& windowsPath);
 };
 
 }  // namespace Morvane

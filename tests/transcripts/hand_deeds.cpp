@@ -32,8 +32,9 @@ void Darken(Scene&, Words) {
 
 void SetPrinter(Scene& scene, Words words) {
   const QString part = words.Next();
-  scene.machine.Device.Broken = part == "broken" ? words.All() : "";
-  scene.machine.Device.DialogBroken = part == "dialog" ? words.All() : "";
+  scene.machine.Device.BeforeCall = [part, text = words.All()](const std::string& call, ErrorNumber number) {
+    if (part != "works" && (part == "dialog") == (call == "ShowDialog")) throw RuntimeError(number, text);
+  };
 }
 
 void AtBox(Scene& scene, Words words) {
@@ -251,7 +252,7 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     {"screen", SetScreen},
     // a desktop that the user has made so
     {"dark", Darken},
-    {"launches", [](Scene& s, Words w) { s.machine.Launches.ShellFails = w.rest == "fail"; }},
+    {"launches", [](Scene& s, Words) { s.machine.Launches.BeforeCall = [](auto&, auto number) { throw RuntimeError(number, "File non trovato."); }; }},
     // dialog or broken and what it complains of, or works
     {"printer", SetPrinter},
     // how many, or none: in the next print dialog

@@ -3,7 +3,7 @@
 #include <new>
 
 #include "platform/runtime_error.h"
-#include "tests/support/scripted_windows.h"
+#include "tests/support/test_machine.h"
 
 namespace Morvane {
 namespace {
@@ -13,7 +13,7 @@ TEST(WindowSystem, TellsWhateverFailsGoesOnAndDoesNothingAfterTheEnd) {
   windows.UserEvent([] { throw RuntimeError(ErrorNumber::FileNotFound, "File non trovato."); });
   windows.UserEvent([] { throw std::bad_alloc(); });
   ASSERT_EQ(windows.Boxes.size(), 2U);
-  EXPECT_EQ(windows.Boxes[0].text, "File non trovato.");
+  EXPECT_EQ(windows.Boxes[0], "File non trovato.");
   windows.UserEvent([&] { windows.End(); });
   bool isDone = false;
   windows.UserEvent([&] { isDone = true; });

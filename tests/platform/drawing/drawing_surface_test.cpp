@@ -9,11 +9,15 @@
 namespace Morvane {
 namespace {
 
+struct Square : Picture {
+  double WidthTwips() const override { return 1500; }
+  double HeightTwips() const override { return 1500; }
+};
+
 // On a sheet of two by one inches; the margin of a printer lies to the left of and above 0,0.
 TEST(Surface, KeepsOnlyWhatLiesOnTheSheet) {
   TestMachine machine;
-  machine.WriteFile("C:\\a.jpg", "PICTURE");
-  const PicturePtr picture = machine.Pictures.LoadPicture("C:\\a.jpg");
+  const auto picture = std::make_shared<Square>();
   DrawingSurface surface(machine.Metrics);
   surface.SetSize(2880, 1440);
   surface.SetScaleMode(ScaleMode::Inches);

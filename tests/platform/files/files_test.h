@@ -19,9 +19,6 @@ namespace Morvane {
 // Tests of the files of a machine; `disk` is what stands for "/".
 class FilesTest : public ::testing::Test {
  protected:
-  void Link(const std::string& target, const std::string& name) const {
-    std::filesystem::create_symlink(target, disk.Path(name));
-  }
   // Each name below a folder with its mode and, of a small file, its text. Those that the program hides while
   // it writes are left out where it may have been killed.
   std::string Everything(bool hidden = true, const std::string& below = "") const {
