@@ -4,17 +4,16 @@
 #include <QApplication>
 #include <QFile>
 #include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QPlainTextEdit>
+#include <QMetaProperty>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QToolButton>
 #include <QTreeView>
 #include <filesystem>
 
-#include "platform/controls/bars.h"
 #include "platform/controls/picture_box.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/timer.h"
@@ -26,24 +25,18 @@
 namespace Morvane {
 namespace {
 
-const QString kPlace = " at";
-const QString kCaption = " caption";
-
-// From one row to the next below it, as they stand there.
-QStringList RowsOf(const QTreeView& tree) {
+// As they stand there: what lies below an open row of a tree, indented.
+QStringList RowsOf(const QAbstractItemView& view, const QModelIndex& parent = {},
+                   const QString& indent = "") {
+  const auto* const tree = qobject_cast<const QTreeView*>(&view);
   QStringList rows;
-  for (QModelIndex row = tree.model()->index(0, 0); row.isValid(); row = tree.indexBelow(row)) {
-    QString indent;
-    for (QModelIndex above = row.parent(); above.isValid(); above = above.parent()) indent += "  ";
-    const QString mark = !tree.model()->hasChildren(row) ? "" : tree.isExpanded(row) ? "-" : "+";
+  for (int i = 0; i < view.model()->rowCount(parent); ++i) {
+    const QModelIndex row = view.model()->index(i, 0, parent);
+    const bool isOpen = tree != nullptr && tree->isExpanded(row);
+    const QString mark = !view.model()->hasChildren(row) ? "" : isOpen ? "-" : "+";
     rows << indent + mark + row.data().toString();
+    if (isOpen) rows << RowsOf(view, row, indent + "  ");
   }
-  return rows;
-}
-
-QStringList RowsOf(const QAbstractItemView& list) {
-  QStringList rows;
-  for (int i = 0; i < list.model()->rowCount(); ++i) rows << list.model()->index(i, 0).data().toString();
   return rows;
 }
 
@@ -55,14 +48,6 @@ void AddEntries(const QWidget& menu, const QString& indent, QStringList& entries
   }
 }
 
-QStringList DisabledTools(const QWidget& bar) {
-  QStringList names;
-  for (const auto* const tool : bar.findChildren<QToolButton*>()) {
-    if (!tool->isEnabled()) names << "without " + tool->objectName();
-  }
-  return names;
-}
-
 QString FontOf(const QFont& font) {
   return QString("%1 %2 px%3%4%5")
       .arg(font.family())
@@ -70,12 +55,9 @@ QString FontOf(const QFont& font) {
       .arg(font.bold() ? " bold" : "", font.italic() ? " italic" : "", font.underline() ? " underlined" : "");
 }
 
-QString CaptionOf(const Control& control, const QWidget& widget) {
-  QString caption = QString::fromStdString(control.Caption());
-  if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget)) caption = button->text();
-  if (const auto* const label = qobject_cast<const QLabel*>(&widget)) caption = label->text();
-  if (const auto* const frame = qobject_cast<const QGroupBox*>(&widget)) caption = frame->title();
-  return caption.replace("\r\n", " / ");
+QString CaptionOf(const QWidget& widget) {
+  const QVariant text = widget.property(qobject_cast<const QGroupBox*>(&widget) ? "title" : "text");
+  return text.toString().replace("\r\n", " / ");
 }
 
 // On the paper of the window, and of the text.
@@ -85,19 +67,17 @@ QString ColoursOf(const QWidget& widget) {
 }
 
 // What the frame of a window offers, and whether the others wait for it.
-QString FrameOf(const QWidget& window) {
-  const std::vector<std::pair<bool, QString>> offers = {
-      {window.windowFlags().testFlag(Qt::WindowMinimizeButtonHint), "minimise"},
-      {window.windowFlags().testFlag(Qt::WindowMaximizeButtonHint), "maximise"},
-      {window.windowFlags().testFlag(Qt::WindowCloseButtonHint), "close"},
-      {window.minimumSize() != window.maximumSize(), "resize"},
-      {window.isModal(), "modal"},
-      {!window.windowIcon().isNull(), "icon"}};
+QStringList FrameOf(const QWidget& window) {
   QStringList there;
-  for (const auto& [is, offer] : offers) {
+  for (const auto& [is, offer] : std::initializer_list<std::pair<bool, QString>>{
+           {window.windowFlags().testFlag(Qt::WindowMinimizeButtonHint), "minimise"},
+           {window.windowFlags().testFlag(Qt::WindowMaximizeButtonHint), "maximise"},
+           {window.windowFlags().testFlag(Qt::WindowCloseButtonHint), "close"},
+           {window.minimumSize() != window.maximumSize(), "resize"},
+           {window.isModal(), "modal"},
+           {!window.windowIcon().isNull(), "icon"}})
     if (is) there << offer;
-  }
-  return there.join(", ");
+  return there;
 }
 
 // The size of a drawn pointer and its tip.
@@ -114,22 +94,16 @@ QString NameOf(const QCursor* pointer) {
 }
 
 QStringList Shown(const Control& control, const QWidget& widget) {
-  if (const auto* const box = qobject_cast<const QLineEdit*>(&widget)) return {box->text()};
-  if (const auto* const box = qobject_cast<const QPlainTextEdit*>(&widget))
-    return box->toPlainText().split('\n');
-  if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget))
-    return button->isChecked() ? QStringList{"on"} : QStringList();
-  if (const auto* const tree = qobject_cast<const QTreeView*>(&widget)) return RowsOf(*tree);
-  if (const auto* const list = qobject_cast<const QAbstractItemView*>(&widget)) return RowsOf(*list);
+  if (const auto* const view = qobject_cast<const QAbstractItemView*>(&widget)) return RowsOf(*view);
   if (const auto* const box = dynamic_cast<const PictureBox*>(&control))
     return ShapesAsText(box->Surface.Drawing());
   if (const auto* const image = dynamic_cast<const ImageBox*>(&control); image && image->GetPicture()) {
-    return {QString("picture of %1 x %2 twips")
-                .arg(image->GetPicture()->WidthTwips())
-                .arg(image->GetPicture()->HeightTwips())};
+    const PicturePtr& picture = image->GetPicture();
+    return {QString("picture of %1 x %2 twips").arg(picture->WidthTwips()).arg(picture->HeightTwips())};
   }
-  if (dynamic_cast<const Toolbar*>(&control) != nullptr) return DisabledTools(widget);
-  return {};
+  const QVariant shown = widget.metaObject()->userProperty().read(&widget);  // a text, or whether it is on
+  if (shown.typeId() == QMetaType::Bool) return shown.toBool() ? QStringList("on") : QStringList();
+  return shown.isValid() ? shown.toString().split('\n') : QStringList();
 }
 
 QString PlaceOf(const QWidget& widget) {
@@ -138,24 +112,18 @@ QString PlaceOf(const QWidget& widget) {
 }
 
 QStringList AnswerOf(const QString& program, const QStringList& arguments) {
+  static const QRegularExpression lineEnd("\\s*\n\\s*");
   QProcess process;
   process.start(program, arguments);
   EXPECT_TRUE(process.waitForFinished()) << program.toStdString();
-  QStringList lines;
-  for (const QString& line : QString::fromUtf8(process.readAllStandardOutput()).split('\n')) {
-    if (!line.trimmed().isEmpty()) lines << line.trimmed();
-  }
-  return lines;
+  return QString::fromUtf8(process.readAllStandardOutput()).split(lineEnd, Qt::SkipEmptyParts);
 }
 
 // Where the first page has ink, and whether it lies on its side.
 QString InkOn(const QString& file) {
   const MeasuredSheet sheet(file.toStdString());
-  const QRectF box = sheet.InkMm();
-  QStringList mm;
-  for (const double corner : {box.left(), box.top(), box.right(), box.bottom()})
-    mm << QString::number(corner, 'f', 1);
-  return QString("from %1,%2 to %3,%4 mm").arg(mm[0], mm[1], mm[2], mm[3]) +
+  const QRectF mm = sheet.InkMm();
+  return QString::asprintf("from %.1f,%.1f to %.1f,%.1f mm", mm.left(), mm.top(), mm.right(), mm.bottom()) +
          (sheet.IsOnItsSide() ? " on its side" : "");
 }
 
@@ -170,9 +138,9 @@ QStringList OnPaper(const QString& file) {
   for (const QString& font : AnswerOf("pdffonts", {file}).mid(kHeadings))
     lines << font.section(' ', 0, 0).section('+', -1);
   QStringList points;  // in thirds, as fine as the program tells them
-  for (const QString& line : AnswerOf("pdftohtml", {"-xml", "-stdout", "-i", "-l", "1", "-zoom", "3", file}))
-    if (const int thirds = line.section("size=\"", 1).section('"', 0, 0).toInt(); thirds > 0)
-      points << QString::number(thirds / 3.0, 'f', 1);
+  for (const QString& line :
+       AnswerOf("pdftohtml", {"-xml", "-stdout", "-i", "-l", "1", "-zoom", "3", file}).filter("<fontspec"))
+    points << QString::number(line.section('"', 3, 3).toInt() / 3.0, 'f', 1);
   if (points.removeDuplicates(); points.size() > 1) lines << "points " + points.join(' ');
   return lines + texts;
 }
@@ -198,16 +166,15 @@ QStringList LinesOf(const std::filesystem::path& file) {
 void AddControl(const Control& control, const QWidget& widget, Sight& sight) {
   const QString name = QString::fromStdString(control.Name());
   sight[name] = Shown(control, widget);
-  sight[name + kPlace] = {PlaceOf(widget)};
-  sight[name + kCaption] = {CaptionOf(control, widget)};
+  sight[name + " at"] = {PlaceOf(widget)};
+  if (qobject_cast<const QLineEdit*>(&widget) == nullptr) sight[name + " caption"] = {CaptionOf(widget)};
   sight[name + " font"] = {FontOf(widget.font())};
   sight[name + " colours"] = {ColoursOf(widget)};
   sight[name + " image"] = {QString::fromStdString(control.ImageKey())};
   sight[name + " tip"] = {widget.toolTip()};
   if (!widget.isEnabled()) sight[name + " disabled"] = {"yes"};
   if (widget.cursor().shape() == Qt::BitmapCursor) sight["window hands"] << name + PlaceIn(widget.cursor());
-  if (const auto* const box = qobject_cast<const QLineEdit*>(&widget))
-    sight[name + " selected"] = {box->selectedText()};
+  sight[name + " selected"] = {widget.property("selectedText").toString()};
   if (const auto* const view = qobject_cast<const QAbstractItemView*>(&widget)) {
     sight[name + " from"] = {view->indexAt({1, 1}).data().toString()};
     for (const QModelIndex& row : view->selectionModel()->selectedIndexes())
@@ -220,11 +187,9 @@ void AddControl(const Control& control, const QWidget& widget, Sight& sight) {
 Sight LookAt(const Form& form) {
   const QWidget& window = Hand::See(form);
   Sight sight;
-  sight["window" + kPlace] = {PlaceOf(window)};
-  sight["window" + kCaption] = {window.windowTitle()};
-  sight["window frame"] = {FrameOf(window)};
-  for (const auto* const tool : window.findChildren<QToolButton*>())
-    if (!tool->toolTip().isEmpty()) sight["window tips"] << tool->toolTip();
+  sight["window at"] = {PlaceOf(window)};
+  sight["window caption"] = {window.windowTitle()};
+  sight["window frame"] = FrameOf(window);
   const auto& area = *window.findChild<QScrollArea*>();
   if (area.widget()->height() > area.viewport()->height())
     sight["window scrolls"] = {PlaceOf(*area.widget())};
@@ -236,25 +201,25 @@ Sight LookAt(const Form& form) {
     const auto* const widget = window.findChild<QWidget*>(name);
     if (widget != nullptr && widget->isVisible()) AddControl(*control, *widget, sight);
   }
+  for (const auto* const tool : window.findChildren<QToolButton*>()) {
+    if (!tool->toolTip().isEmpty()) sight["window tips"] << tool->toolTip();
+    if (!tool->isEnabled()) sight[tool->parent()->objectName()] << "without " + tool->objectName();
+  }
   const QWidget* const focused = QApplication::focusWidget();
   sight["keyboard"] = {focused == nullptr ? "" : focused->objectName()};
   return sight;
 }
 
 QStringList UnseenIn(const Form& form) {
-  const Sight sight = LookAt(form);
-  const QWidget& window = Hand::See(form);
-  QStringList spoken;
-  for (const auto* const part : window.findChildren<QWidget*>()) {
+  Sight sight = LookAt(form);
+  for (const auto* const part : Hand::See(form).findChildren<QWidget*>()) {
     const QString name = part->accessibleName();
-    if (!name.isEmpty()) spoken << part->objectName() + " \"" + name + '"';
+    if (!name.isEmpty()) sight["window spoken"] << part->objectName() + " \"" + name + '"';
   }
   QStringList told;
-  for (const char* const unseen : {"frame", "hands", "tips"}) {
-    const auto there = sight.find(QString("window ") + unseen);
-    if (there != sight.end()) told << Wrapped(QString("  %1: ").arg(unseen), there->second);
-  }
-  return told << Wrapped("  spoken: ", spoken);
+  for (const char* const unseen : {"window frame", "window hands", "window tips", "window spoken"})
+    if (sight.contains(unseen)) told << Wrapped(QString("  %1: ").arg(unseen), sight[unseen]);
+  return told;
 }
 
 Sight LookAround(const TestMachine& machine) {

@@ -17,7 +17,6 @@ namespace Morvane {
 namespace {
 
 const char* const kFirstSights = "first_sights";
-const QString kStart = "> start";
 const QString kRepeat = "> repeat";
 const QString kSpoken = "  # ";
 constexpr qsizetype kMostSpoken = 40;
@@ -96,10 +95,10 @@ void Transcript::LearnWhatIsUsual() {
   QString of;
   for (const QString& line : HeldLines(kFirstSights)) {
     if (line.startsWith('>') || line.startsWith('['))
-      of = usual_.contains(line) || (line.startsWith('>') && line != kStart) ? "" : line;
-    else if (!of.isEmpty() && line.startsWith("    "))
+      of = usual_.contains(line) ? "what comes later" : line;
+    else if (line.startsWith("    "))
       usual_[of].back() += '\n' + line;
-    else if (!of.isEmpty() && line.startsWith(' '))
+    else if (line.startsWith(' '))
       usual_[of] << line;
   }
 }
@@ -223,11 +222,9 @@ void Transcript::ReportTheWorld() {
   }
   const Sight now = LookAround(machine);
   seen_ << Changes(std::exchange(around_, now), now);
-  if (before > 0 && seen_.at(before - 1) == kStart) {
-    const QStringList told = BesideUsual(seen_.mid(before), usual_[kStart]);
-    seen_.resize(before);
-    seen_ << told;
-  }
+  const QStringList told = BesideUsual(seen_.mid(before), usual_[seen_.value(before - 1)]);
+  seen_.resize(before);
+  seen_ << told;
 }
 
 void Transcript::ReportTheWindow() {
