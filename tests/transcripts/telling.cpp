@@ -1,8 +1,7 @@
 #include "telling.h"
 
 #include <QCryptographicHash>
-#include <QHash>
-#include <QSet>
+#include <algorithm>
 
 namespace Morvane {
 namespace {
@@ -21,14 +20,13 @@ QString Digest(const QStringList& lines) {
 }
 
 // Those of `lines` that `other` has not, each as often.
-QStringList Less(const QStringList& lines, const QStringList& other) {
-  QHash<QString, int> counts;
-  for (const QString& line : other) ++counts[line];
-  QStringList left;
-  for (const QString& line : lines) {
-    if (--counts[line] < 0) left << line;
-  }
-  return left;
+QStringList Less(QStringList lines, const QStringList& other) {
+  for (const QString& line : other) lines.removeOne(line);
+  return lines;
+}
+
+bool AnyStartsWith(const QStringList& lines, const QString& start) {
+  return std::ranges::any_of(lines, [&](const QString& line) { return line.startsWith(start); });
 }
 
 // Of what is too long to read the first items and the last.
@@ -39,15 +37,13 @@ QStringList Readable(const QStringList& items, qsizetype most) {
 
 // What a line is about, where it is a setting, a measure or a menu's entry.
 QString KeyOf(const QString& line) {
-  return line.contains('=') ? line.section('=', 0, 0) : QString(line).remove(" (disabled)");
+  return line.contains('=') ? line.section('=', 0, 0) + '=' : QString(line).remove(" (disabled)");
 }
 
 QString NewSettings(const QString& head, const QStringList& before, const QStringList& after) {
   QStringList lines = Less(after, before);
-  QSet<QString> keys;
-  for (const QString& line : after) keys << KeyOf(line);
-  for (const QString& line : before)
-    if (!keys.contains(KeyOf(line))) lines << "without " + line;
+  for (const QString& line : Less(before, after))
+    if (!AnyStartsWith(after, KeyOf(line))) lines << "without " + line;
   for (QString& line : lines) line = line.trimmed();
   if (lines.isEmpty()) lines << "in another order";
   return Wrapped(head, Readable(lines, kMostSettings));
@@ -70,10 +66,6 @@ QString Change(const QString& name, const QStringList& before, const QStringList
   const bool isDrawing = name.startsWith("Picture");
   if (head.size() + size > kLine && (isDrawing || size > kWhole)) return NewLines(head, before, after);
   return Wrapped(head, after.isEmpty() ? QStringList("-") : after);
-}
-
-QString NameOf(const QString& thing) {
-  return thing.section(": ", 0, 0);
 }
 
 }  // namespace
@@ -119,14 +111,11 @@ QStringList FirstSight(const Sight& window) {
 }
 
 QStringList BesideUsual(const QStringList& told, const QStringList& usual) {
-  QStringList unusual;
-  QSet<QString> names;
-  for (const QString& thing : told) {
-    names << NameOf(thing);
-    if (!usual.contains(thing)) unusual << thing;
+  QStringList unusual = Less(told, usual);
+  for (const QString& thing : usual) {
+    const QString start = thing.section(": ", 0, 0) + ": ";
+    if (!AnyStartsWith(told, start)) unusual << start + '-';
   }
-  for (const QString& thing : usual)
-    if (!names.contains(NameOf(thing))) unusual << NameOf(thing) + ": -";
   return unusual;
 }
 
