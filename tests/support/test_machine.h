@@ -31,12 +31,6 @@ class ScriptedWindows : public WindowSystem {
   std::vector<std::string> Boxes;
   std::string Folder;  // that is chosen
 
-  // One event of the user: the handler, then whatever was queued meanwhile.
-  void UserEvent(const std::function<void()>& handler) {
-    Dispatch(handler);
-    RunPosted();
-  }
-
   MsgBoxAnswer MsgBox(const std::string& text, MsgBoxButtons buttons, const std::string&) override {
     Boxes.push_back(text);
     return buttons == MsgBoxButtons::YesNo ? MsgBoxAnswer::No : MsgBoxAnswer::Cancel;

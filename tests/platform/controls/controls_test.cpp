@@ -10,13 +10,13 @@ namespace {
 
 TEST(WindowSystem, TellsWhateverFailsGoesOnAndDoesNothingAfterTheEnd) {
   ScriptedWindows windows;
-  windows.UserEvent([] { throw RuntimeError(ErrorNumber::FileNotFound, "File non trovato."); });
-  windows.UserEvent([] { throw std::bad_alloc(); });
+  windows.Dispatch([] { throw RuntimeError(ErrorNumber::FileNotFound, "File non trovato."); });
+  windows.Dispatch([] { throw std::bad_alloc(); });
   ASSERT_EQ(windows.Boxes.size(), 2U);
   EXPECT_EQ(windows.Boxes[0], "File non trovato.");
-  windows.UserEvent([&] { windows.End(); });
+  windows.Dispatch([&] { windows.End(); });
   bool isDone = false;
-  windows.UserEvent([&] { isDone = true; });
+  windows.Dispatch([&] { isDone = true; });
   EXPECT_FALSE(isDone);
 }
 
