@@ -8,7 +8,7 @@ namespace Morvane {
 void InstallDefaultLayout(AppState& state);
 
 // PaginaLarg and PaginaAlte of the A4 sheet. Anything but 0 in Orientamento is landscape here, while the
-// drawing takes anything but 1 as portrait: files with another number were made for that.
+// drawing takes anything but 1 as portrait.
 void SetWorkspacePage(AppState& state);
 
 }  // namespace Morvane
