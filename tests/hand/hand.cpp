@@ -3,9 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QAbstractItemView>
 #include <QApplication>
-#include <QLabel>
+#include <QInputDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
@@ -13,65 +12,10 @@
 #include <QTimer>
 #include <stdexcept>
 
-#include "platform/qt/views/view_text.h"
-
 namespace Morvane {
 namespace {
 
-QWidget* OpenOver() {
-  QWidget* const menu = QApplication::activePopupWidget();
-  return menu == nullptr ? QApplication::activeModalWidget() : menu;
-}
-
-// Acts in the box or menu that opens over the windows, and gives the keyboard back to the one below, as a
-// desktop does. What cannot be done there is read as such, and the box is closed.
-class Meanwhile : public QObject {
- public:
-  Meanwhile(HandWindows& windows, std::function<void(QWidget& open)> act)
-      : windows_(windows), act_(std::move(act)), below_(OpenOver()), before_(std::exchange(newest_, this)) {
-    connect(&watch_, &QTimer::timeout, this, [this] { Look(); });
-    watch_.start(0);
-  }
-  ~Meanwhile() override {
-    newest_ = before_;
-    if (watch_.isActive()) windows_.Read.emplace_back("cannot be done", "no box came");
-    for (QWidget* const window : QApplication::topLevelWidgets()) {
-      const Form* const top = windows_.TopForm();
-      if (top && window->isVisible() && window->objectName().toStdString() == top->Name())
-        window->activateWindow();
-    }
-  }
-
- private:
-  void Look() {
-    QWidget* const open = OpenOver();
-    if (open == nullptr || open == below_ || newest_ != this) return;
-    watch_.stop();
-    try {
-      act_(*open);
-    } catch (const std::exception& error) {
-      windows_.Read.emplace_back("cannot be done", error.what());
-      auto* const box = qobject_cast<QDialog*>(open);
-      box == nullptr ? static_cast<void>(open->close()) : box->reject();
-    }
-  }
-
-  HandWindows& windows_;
-  const std::function<void(QWidget&)> act_;
-  QWidget* const below_;
-  Meanwhile* const before_;
-  QTimer watch_;
-  static inline Meanwhile* newest_ = nullptr;  // a box may open over another
-};
-
-// A part that a box must have.
-template <typename Part>
-Part& Within(const QWidget& box) {
-  auto* const part = box.findChild<Part*>();
-  return part != nullptr ? *part : throw std::logic_error("the box lacks a part");
-}
-
-// What of the widgets or entries bears a caption, or throws.
+// What of the buttons or entries bears a caption, or throws.
 template <typename Part>
 Part& Captioned(const QList<Part*>& parts, const std::string& caption) {
   for (Part* const part : parts)
@@ -86,23 +30,69 @@ QString CaptionsOf(const QList<Part*>& parts) {
   return captions.join(" | ");
 }
 
-void EndWith(QWidget& box, bool isAnswered) {
-  QTest::keyClick(&box, isAnswered ? Qt::Key_Return : Qt::Key_Escape);
-}
-
-// A desktop gives the keyboard to the window that waits for its answer; the toolkit's platform for tests does
-// not when a window comes back.
-QWidget& WithKeyboard() {
-  if (QWidget* const menu = QApplication::activePopupWidget()) return *menu;
-  if (QWidget* const focused = QApplication::focusWidget()) return *focused;
-  QWidget* window = QApplication::activeModalWidget();
-  if (window == nullptr) window = QApplication::activeWindow();
-  if (window == nullptr) throw std::logic_error("no window has the keyboard");
-  QWidget* const within = window->focusWidget();
-  return within == nullptr ? *window : *within;
-}
-
 }  // namespace
+
+HandWindows::HandWindows(FileSystem& files) : QtWindowSystem(files), files_(files) {
+  qApp->installEventFilter(this);
+}
+
+// What opens over the windows is answered as soon as it is there. The menu of a bar or button is left to the
+// keys, unless an answer waits for it.
+bool HandWindows::eventFilter(QObject* opened, QEvent* event) {
+  if (event->type() != QEvent::Show || Ended()) return false;
+  const bool isMenu = qobject_cast<QMenu*>(opened) != nullptr;
+  if (qobject_cast<QDialog*>(opened) != nullptr ||
+      (isMenu && (opened->parent() == nullptr || !Answers.empty())))
+    QTimer::singleShot(0, opened, [this, opened] { Reply(static_cast<QWidget&>(*opened)); });
+  return false;
+}
+
+// Gives the keyboard back to the window below, as a desktop does. What cannot be done is read as such.
+void HandWindows::Reply(QWidget& open) {
+  try {
+    if (auto* const box = qobject_cast<QMessageBox*>(&open))
+      ReplyTo(*box);
+    else if (auto* const menu = qobject_cast<QMenu*>(&open))
+      ReplyTo(*menu);
+    else
+      ReplyInLine(open);
+  } catch (const std::exception& error) {
+    Read.emplace_back("cannot be done", error.what());
+    QTest::keyClick(&open, Qt::Key_Escape);
+  }
+  for (QWidget* const window : QApplication::topLevelWidgets())
+    if (TopForm() != nullptr && window->isVisible() &&
+        window->objectName().toStdString() == TopForm()->Name())
+      window->activateWindow();
+}
+
+void HandWindows::ReplyTo(const QMessageBox& box) {
+  EXPECT_EQ(box.textFormat(), Qt::PlainText);
+  if (box.buttons().size() == 1) Answers.emplace_front("OK");
+  const QString what = "box " + box.windowTitle() + " [" + CaptionsOf(box.buttons()) + "]";
+  QTest::mouseClick(&Captioned(box.buttons(), Answer(what, box.text())), Qt::LeftButton);
+}
+
+void HandWindows::ReplyTo(QMenu& menu) {
+  const std::string choice = Answer("menu", CaptionsOf(menu.actions()));
+  if (!choice.empty()) menu.setActiveAction(&Captioned(menu.actions(), choice));
+  QTest::keyClick(&menu, choice.empty() ? Qt::Key_Escape : Qt::Key_Return);
+}
+
+// A prompt, or the chooser of folders; '/' begins one that the program doesn't know of.
+void HandWindows::ReplyInLine(const QWidget& open) {
+  auto& line = *open.findChild<QLineEdit*>();
+  std::string text;
+  if (const auto* const prompt = qobject_cast<const QInputDialog*>(&open)) {
+    EXPECT_GE(line.width(), 400);  // the title fits beside a desktop's buttons
+    text = Answer(open.windowTitle() + " asks", prompt->labelText() + " [" + line.selectedText() + "]");
+  } else {
+    text = Answer("chooser", open.windowTitle());
+    if (!text.empty() && !text.starts_with('/')) text = files_.ToNative(text);
+  }
+  line.setText(QString::fromStdString(text));
+  QTest::keyClick(&line, text.empty() ? Qt::Key_Escape : Qt::Key_Return);
+}
 
 // Of what asks for it.
 std::string HandWindows::Answer(const QString& what, const QString& text) {
@@ -112,52 +102,6 @@ std::string HandWindows::Answer(const QString& what, const QString& text) {
   const std::string answer = Answers.front();
   Answers.pop_front();
   return answer;
-}
-
-MsgBoxAnswer HandWindows::MsgBox(const std::string& text, MsgBoxButtons buttons, const std::string& title) {
-  const Meanwhile answer(*this, [&](QWidget& open) {
-    auto& box = dynamic_cast<QMessageBox&>(open);
-    EXPECT_EQ(box.textFormat(), Qt::PlainText);
-    if (buttons == MsgBoxButtons::Ok) Answers.emplace_front("OK");
-    const std::string caption =
-        Answer("box " + box.windowTitle() + " [" + CaptionsOf(box.buttons()) + "]", box.text());
-    QTest::mouseClick(&Captioned(box.buttons(), caption), Qt::LeftButton);
-  });
-  return QtWindowSystem::MsgBox(text, buttons, title);
-}
-
-std::string HandWindows::InputBox(const std::string& prompt, const std::string& title,
-                                  const std::string& defaultText) {
-  const Meanwhile answer(*this, [&](const QWidget& box) {
-    auto& line = Within<QLineEdit>(box);
-    EXPECT_GE(line.width(), 400);  // the title fits beside a desktop's buttons
-    const QString question = Within<QLabel>(box).text() + " [" + line.selectedText() + "]";
-    const std::string typed = Answer(box.windowTitle() + " asks", question);
-    QTest::keyClicks(&line, QString::fromStdString(typed));
-    EndWith(line, !typed.empty());
-  });
-  return QtWindowSystem::InputBox(prompt, title, defaultText);
-}
-
-void HandWindows::PopupMenu(const std::vector<MenuItem>& items) {
-  const Meanwhile choose(*this, [&](QWidget& open) {
-    auto& menu = dynamic_cast<QMenu&>(open);
-    const std::string choice = Answer("menu", CaptionsOf(menu.actions()));
-    if (!choice.empty()) menu.setActiveAction(&Captioned(menu.actions(), choice));
-    EndWith(menu, !choice.empty());
-  });
-  QtWindowSystem::PopupMenu(items);
-}
-
-std::string HandWindows::BrowseForFolder(const std::string& title) {
-  const Meanwhile choose(*this, [&](const QWidget& chooser) {
-    const std::string folder = Answer("chooser", chooser.windowTitle());
-    auto& line = Within<QLineEdit>(chooser);
-    const bool isBeyond = folder.starts_with('/');  // what the program knows of
-    line.setText(QString::fromStdString(isBeyond ? folder : files_.ToNative(folder)));
-    EndWith(line, !folder.empty());
-  });
-  return QtWindowSystem::BrowseForFolder(title);
 }
 
 void HandWindows::RunModal(Form& form) {
@@ -173,51 +117,10 @@ QWidget& See(const Form& form) {
   throw std::logic_error("no window " + form.Name());
 }
 
-QWidget& Find(const Control& control) {
+QWidget& See(const Control& control) {
   QWidget* const found =
       See(control.Parent().OwnerForm()).findChild<QWidget*>(QString::fromStdString(control.Name()));
   return found != nullptr ? *found : throw std::logic_error("no control " + control.Name());
-}
-
-void Click(const Control& control, double x, double y, Qt::MouseButton button) {
-  QWidget& widget = See(control);
-  auto* const scrolled = qobject_cast<QAbstractScrollArea*>(&widget);
-  QTest::mouseClick(scrolled == nullptr ? &widget : scrolled->viewport(), button, {},
-                    QPoint(ToPixels(x), ToPixels(y)));
-  Settle();
-}
-
-void Press(const Control& control) {
-  Click(control, control.Width() / 2, control.Height() / 2);
-}
-
-void Type(const Control& box, const QString& text) {
-  Press(box);
-  QTest::keyClick(&WithKeyboard(), Qt::Key_A, Qt::ControlModifier);
-  QTest::keyClick(&WithKeyboard(), Qt::Key_Delete);
-  QTest::keyClicks(&WithKeyboard(), text);
-  Settle();
-}
-
-void Key(const QKeySequence& keys) {
-  QTest::keySequence(&WithKeyboard(), keys);
-  Settle();
-}
-
-QModelIndex Row(const Control& list, const QString& text) {
-  const QAbstractItemModel& model = *See<QAbstractItemView>(list).model();
-  const auto found = model.match(model.index(0, 0), Qt::DisplayRole, text, 1,
-                                 Qt::MatchExactly | Qt::MatchCaseSensitive | Qt::MatchRecursive);
-  return found.empty() ? throw std::logic_error("no row " + text.toStdString()) : found.front();
-}
-
-void ClickRow(const Control& list, const QModelIndex& row, int x, Qt::MouseButton button,
-              Qt::KeyboardModifiers modifiers) {
-  auto& view = See<QAbstractItemView>(list);
-  view.scrollTo(row);
-  const QRect place = view.visualRect(row);
-  QTest::mouseClick(view.viewport(), button, modifiers, {place.left() + x, place.center().y()});
-  Settle();
 }
 
 // What boxes give back comes after their end.

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QKeySequence>
-#include <QModelIndex>
-#include <QWidget>
+#include <QMenu>
+#include <QMessageBox>
 #include <deque>
 #include <functional>
 #include <string>
@@ -14,9 +13,9 @@
 namespace Morvane {
 
 // Real windows, boxes and menus, shown without a screen, with a person before them.
-class HandWindows : public QtWindowSystem {
+class HandWindows : public QtWindowSystem, public QObject {
  public:
-  explicit HandWindows(FileSystem& files) : QtWindowSystem(files), files_(files) {}
+  explicit HandWindows(FileSystem& files);
 
   // What the boxes, prompts, choosers and menus that ask for something are answered with, in turn: the
   // caption of a button or entry, a name, a folder. An empty one is Esc.
@@ -26,43 +25,25 @@ class HandWindows : public QtWindowSystem {
   std::function<void()> AtBox = [] {};             // what else happens while a box is open
   std::function<void(Form&)> Play = [](auto&) {};  // in each modal window
 
-  MsgBoxAnswer MsgBox(const std::string& text, MsgBoxButtons buttons, const std::string& title) override;
-  std::string InputBox(const std::string& prompt, const std::string& title,
-                       const std::string& defaultText) override;
-  void PopupMenu(const std::vector<MenuItem>& items) override;
-  std::string BrowseForFolder(const std::string& title) override;
-
  protected:
+  bool eventFilter(QObject* opened, QEvent* event) override;
   void RunModal(Form& form) override;
 
  private:
+  void Reply(QWidget& open);
+  void ReplyTo(const QMessageBox& box);
+  void ReplyTo(QMenu& menu);
+  void ReplyInLine(const QWidget& open);
   std::string Answer(const QString& what, const QString& text);
 
   FileSystem& files_;
 };
 
-// At the keyboard and mouse. Controls are found in the window on the screen, by name; places are twips from
-// a control's corner.
 namespace Hand {
 
+// On the screen, by name.
 QWidget& See(const Form& form);
-QWidget& Find(const Control& control);
-template <typename Widget = QWidget>
-Widget& See(const Control& control) {
-  return dynamic_cast<Widget&>(Find(control));
-}
-
-void Click(const Control& control, double x, double y, Qt::MouseButton button = Qt::LeftButton);
-void Press(const Control& control);
-// Clicks into the box and replaces its text.
-void Type(const Control& box, const QString& text);
-// To what has the keyboard, faster than anything answers.
-void Key(const QKeySequence& keys);
-// The first row of this text, from the top.
-QModelIndex Row(const Control& list, const QString& text);
-// Pixels from the row's left edge; a tree's triangle lies before it.
-void ClickRow(const Control& list, const QModelIndex& row, int x, Qt::MouseButton button,
-              Qt::KeyboardModifiers modifiers = {});
+QWidget& See(const Control& control);
 // Lets waiting events run.
 void Settle();
 

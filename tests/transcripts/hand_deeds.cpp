@@ -6,7 +6,6 @@
 #include <QHelpEvent>
 #include <QMenu>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 #include <QUrl>
 #include <QWindow>
@@ -24,28 +23,11 @@ void SetScreen(Scene& scene, Words words) {
   scene.machine.TheScreen.Measure = [side = words.Number()] { return ScreenSize{side, side}; };
 }
 
-void Darken(Scene&, Words) {
-  QPalette dark(QColor(50, 50, 50), QColor(42, 42, 42));
-  dark.setColor(QPalette::Highlight, QColor(48, 140, 198));
-  QApplication::setPalette(dark);
-}
-
 void SetPrinter(Scene& scene, Words words) {
   const QString part = words.Next();
   scene.machine.Device.BeforeCall = [part, text = words.All()](const std::string& call, ErrorNumber number) {
     if (part != "works" && (part == "dialog") == (call == "ShowDialog")) throw RuntimeError(number, text);
   };
-}
-
-void AtBox(Scene& scene, Words words) {
-  scene.windows.AtBox = [&scene, n = words.Next().toInt(), deed = words.rest]() mutable {
-    if (--n == 0) scene.Do(deed);
-  };
-}
-
-void Repeat(Scene& scene, Words words) {
-  const int times = words.Next().toInt();
-  scene.Repeat(times, words.rest.split(" | "));
 }
 
 void Move(Scene& scene, Words words) {
@@ -68,9 +50,20 @@ void Tick(Scene& scene, Words words) {
   throw std::logic_error("no timer " + name);
 }
 
-QPointF Place(const Control& control, Words& words) {  // percent of the control
-  const double x = words.Number() / 100 * control.Width();
-  return {x, words.Number() / 100 * control.Height()};
+// What the pointer is over, and a place in it, in percent.
+QWidget& Under(const Control& control) {
+  QWidget& widget = Hand::See(control);
+  auto* const scrolled = qobject_cast<QAbstractScrollArea*>(&widget);
+  return scrolled == nullptr ? widget : *scrolled->viewport();
+}
+
+QPoint Place(const QWidget& widget, Words& words) {
+  const double x = words.Number() / 100 * widget.width();
+  return QPointF(x, words.Number() / 100 * widget.height()).toPoint();
+}
+
+void Press(Scene& scene, Words words) {
+  QTest::mouseClick(&Under(scene.Named(words)), Qt::LeftButton);
 }
 
 void Click(Scene& scene, Words words) {
@@ -78,45 +71,81 @@ void Click(Scene& scene, Words words) {
                                                       {"right", Qt::RightButton},
                                                       {"middle", Qt::MiddleButton},
                                                       {"extra", Qt::ExtraButton1}};
-  const Control& control = scene.Named(words);
-  const QPointF place = Place(control, words);
-  Hand::Click(control, place.x(), place.y(), buttons.at(words.rest));
+  QWidget& widget = Under(scene.Named(words));
+  const QPoint place = Place(widget, words);
+  QTest::mouseClick(&widget, buttons.at(words.rest), {}, place);
 }
 
+void Point(Scene& scene, Words words) {
+  QWidget& widget = Under(scene.Named(words));
+  const QPoint place = Place(widget, words);
+  // The first move over a window only enters it.
+  for (const QPoint& on : {place - QPoint(1, 0), place}) QTest::mouseMove(&widget, on);
+}
+
+// The first row of this text, from the top.
+QRect Row(const Control& list, const QString& text) {
+  auto& view = dynamic_cast<QAbstractItemView&>(Hand::See(list));
+  const QModelIndexList found = view.model()->match(view.model()->index(0, 0), Qt::DisplayRole, text, 1,
+                                                    Qt::MatchExactly | Qt::MatchRecursive);
+  if (found.empty()) throw std::logic_error("no row " + text.toStdString());
+  view.scrollTo(found.front());
+  return view.visualRect(found.front());
+}
+
+// Pixels from the row's left edge; a tree's triangle lies before it.
 template <int x, Qt::MouseButton button, Qt::KeyboardModifier modifier>
 void ClickRow(Scene& scene, Words words) {
   const Control& list = scene.Named(words);
-  Hand::ClickRow(list, Hand::Row(list, words.rest), x, button, modifier);
-}
-
-QPoint RowPlace(const Control& list, const QString& row) {
-  return Hand::See<QAbstractItemView>(list).visualRect(Hand::Row(list, row)).center();
+  const QRect row = Row(list, words.rest);
+  QTest::mouseClick(&Under(list), button, modifier, {row.left() + x, row.center().y()});
 }
 
 void DoubleClick(Scene& scene, Words words) {
   ClickRow<5, Qt::LeftButton, Qt::NoModifier>(scene, words);
   const Control& list = scene.Named(words);
-  QTest::mouseDClick(Hand::See<QAbstractItemView>(list).viewport(), Qt::LeftButton, {},
-                     RowPlace(list, words.rest));
+  QTest::mouseDClick(&Under(list), Qt::LeftButton, {}, Row(list, words.rest).center());
 }
 
 void Slide(Scene& scene, Words words) {
   const Control& list = scene.Named(words);
-  QWidget& rows = *Hand::See<QAbstractItemView>(list).viewport();
-  const QPoint from = RowPlace(list, words.rest.section(" > ", 0, 0));
-  const QPoint to = RowPlace(list, words.rest.section(" > ", 1));
-  QTest::mousePress(&rows, Qt::LeftButton, {}, from);
+  QWidget& rows = Under(list);
+  const QPoint to = Row(list, words.rest.section(" > ", 1)).center();
+  QTest::mousePress(&rows, Qt::LeftButton, {}, Row(list, words.rest.section(" > ", 0, 0)).center());
   QMouseEvent move(QEvent::MouseMove, to, rows.mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
   QApplication::sendEvent(&rows, &move);
   QTest::mouseRelease(&rows, Qt::LeftButton, {}, to);
 }
 
-void Point(Scene& scene, Words words) {
-  const Control& control = scene.Named(words);
-  const QPointF place = Place(control, words);
-  const QPoint pixel(ToPixels(place.x()), ToPixels(place.y()));
-  // The first move over a window only enters it.
-  for (const QPoint& on : {pixel - QPoint(1, 0), pixel}) QTest::mouseMove(&Hand::See(control), on);
+// What has the keyboard. The toolkit's platform for tests gives it to none when a window comes back.
+QWidget& WithKeyboard(const Scene& scene) {
+  QWidget& window = Hand::See(scene.Top());
+  for (QWidget* const widget :
+       {QApplication::activePopupWidget(), QApplication::focusWidget(), window.focusWidget()})
+    if (widget != nullptr) return *widget;
+  return window;
+}
+
+// Faster than anything answers.
+void Key(Scene& scene, Words words) {
+  QTest::keySequence(&WithKeyboard(scene), QKeySequence(words.rest));
+}
+
+// Instead of what the box holds.
+void Type(Scene& scene, Words words) {
+  QTest::mouseClick(&Under(scene.Named(words)), Qt::LeftButton);
+  QTest::keySequence(&WithKeyboard(scene), QKeySequence("Ctrl+A, Del"));
+  QTest::keyClicks(&WithKeyboard(scene), words.rest);
+}
+
+void HoldKey(Scene&, Words words) {
+  QKeyEvent repeat(QEvent::KeyPress, QKeySequence(words.rest)[0].key(), {}, {}, true);
+  QApplication::sendEvent(QApplication::focusWidget(), &repeat);
+}
+
+void PressMenuKey(Scene&, Words) {
+  QContextMenuEvent pressed(QContextMenuEvent::Keyboard, {}, {});
+  QApplication::sendEvent(QApplication::focusWidget(), &pressed);
 }
 
 // On a screen where covered windows lose what they show.
@@ -127,20 +156,15 @@ void Uncover(Scene& scene, const QRegion& region) {
     QApplication::sendEvent(Hand::See(scene.Top()).windowHandle(), event);
 }
 
-// It comes, and goes.
+// It comes, and uncovers its place when it goes.
 void ShowTip(Scene& scene, Words words) {
   QWidget& control = Hand::See(scene.Named(words));
   QHelpEvent pause(QEvent::ToolTip, control.rect().center(), control.mapToGlobal(control.rect().center()));
   QApplication::sendEvent(&control, &pause);
+  QWidget& tip = *control.findChild<QWidget*>("qtooltip_label");
+  tip.hide();
   const QRect window = Hand::See(scene.Top()).geometry();
-  for (QWidget* const tip : QApplication::topLevelWidgets()) {
-    if (!tip->isVisible() || tip->windowType() != Qt::ToolTip || !tip->geometry().intersects(window))
-      continue;
-    const QRect covered = (tip->geometry() & window).translated(-window.topLeft());
-    tip->hide();
-    return Uncover(scene, covered);
-  }
-  throw std::logic_error("no tool-tip over the window");
+  Uncover(scene, (tip.geometry() & window).translated(-window.topLeft()));
 }
 
 QToolButton& Tool(const Control& bar, const QString& name) {
@@ -157,69 +181,34 @@ void ChooseEntry(Scene& scene, Words words) {
   throw std::logic_error("no such entry");
 }
 
-// The menu of the arrow beside a tool, and an entry of it.
+// The menu of the arrow beside a tool.
 void OpenArrow(Scene& scene, Words words) {
-  QToolButton& tool = Tool(scene.program.form1.Toolbar1, words.Next());
-  QTimer::singleShot(0, qApp, [&scene, entry = words.rest] {
-    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    if (menu == nullptr) return scene.Show("  no menu came");
-    for (QAction* const action : menu->actions())
-      if (action->text() == entry) menu->setActiveAction(action);
-    QTest::keyClick(menu, Qt::Key_Return);
-  });
+  QToolButton& tool = Tool(scene.program.form1.Toolbar1, words.rest);
   QTest::mouseClick(&tool, Qt::LeftButton, {}, {tool.width() - 4, tool.height() / 2});
 }
 
-void Hold(Scene&, Words words) {
-  for (int i = 0; i < 3; ++i) {
-    QKeyEvent repeat(QEvent::KeyPress, QKeySequence(words.rest)[0].key(), {}, {}, true);
-    QApplication::sendEvent(QApplication::focusWidget(), &repeat);
-  }
-}
-
-void Paste(Scene& scene, Words words) {
-  const Control& box = scene.Named(words);
-  QGuiApplication::clipboard()->setText(words.rest.replace("\\t", "\t"));
-  Hand::Type(box, "");
-  Hand::Key(QKeySequence::Paste);
-}
-
-void PressMenuKey(Scene&, Words) {
-  QContextMenuEvent pressed(QContextMenuEvent::Keyboard, {});
-  QApplication::sendEvent(QApplication::focusWidget(), &pressed);
-}
-
-// Files of one folder, or what else another program's window hands over.
+// Files of one folder, or a web page's link with a picture in these formats.
 void Carry(Scene& scene, Words words) {
   scene.Dragged.clear();
-  if (words.rest == "a text") return scene.Dragged.setText("C:\\Foto\\a.png");
+  const QString from = words.Next();
   QList<QUrl> urls;
-  if (words.rest.startsWith("a web page's ")) {
-    urls << QUrl("https://example.org/fronte.png");
-    if (words.rest.endsWith("picture")) {
-      scene.Dragged.setHtml("<img src='https://example.org/fronte.png'>");
-      scene.Dragged.setData("image/x-unknown", "?");
-      scene.Dragged.setData("image/bmp", PictureFile("50x25"));
-    }
-  } else {
-    const QString folder = QString::fromStdString(scene.machine.Files->ToNative(words.Path()));
-    for (const QString& name : words.rest.split(' ')) urls << QUrl::fromLocalFile(folder + "/" + name);
+  const bool isPage = from.startsWith("http");
+  if (isPage) urls << QUrl(from);
+  for (const QString& what : words.rest.split(' ')) {
+    if (isPage)
+      scene.Dragged.setData(what, PictureFile("50x25"));
+    else
+      urls << QUrl::fromLocalFile(scene.machine.Files->ToNative((from + "\\" + what).toStdString()).c_str());
   }
   scene.Dragged.setUrls(urls);
 }
 
-// Over the page, at millimetres of an upright A4 sheet. With Shift the other program offers to move its file;
-// it must not be told to.
+// Over the page. With Shift the other program offers to move its file; it must not be told to.
 constexpr Qt::DropActions kActions = Qt::CopyAction | Qt::MoveAction;
-
-QPointF OnPage(const QWidget& page, Words& words) {
-  const double x = words.Number() / 210 * page.width();
-  return {x, words.Number() / 297 * page.height()};
-}
 
 void Drag(Scene& scene, Words words) {
   QWidget& page = Hand::See(scene.program.form1.Picture1);
-  const QPoint place = OnPage(page, words).toPoint();
+  const QPoint place = Place(page, words);
   QDragEnterEvent enter(place, kActions, &scene.Dragged, Qt::LeftButton, {});
   QDragMoveEvent move(place, kActions, &scene.Dragged, Qt::LeftButton, {});
   QApplication::sendEvent(&page, &enter);
@@ -229,7 +218,7 @@ void Drag(Scene& scene, Words words) {
 
 void Drop(Scene& scene, Words words) {
   QWidget& page = Hand::See(scene.program.form1.Picture1);
-  QDropEvent drop(OnPage(page, words), kActions, &scene.Dragged, Qt::LeftButton, Qt::ShiftModifier);
+  QDropEvent drop(Place(page, words), kActions, &scene.Dragged, Qt::LeftButton, Qt::ShiftModifier);
   QApplication::sendEvent(&page, &drop);
   scene.Show(drop.isAccepted() && drop.dropAction() == Qt::CopyAction ? "  copied" : "  not copied");
 }
@@ -251,7 +240,7 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     {"in-use", [](Scene& s, Words w) { s.program.state.NomeLayout = w.All(); }},
     {"screen", SetScreen},
     // a desktop that the user has made so
-    {"dark", Darken},
+    {"dark", [](Scene&, Words) { QApplication::setPalette(QColor(50, 50, 50)); }},
     {"launches", [](Scene& s, Words) { s.machine.Launches.BeforeCall = [](auto&, auto number) { throw RuntimeError(number, "File non trovato."); }; }},
     // dialog or broken and what it complains of, or works
     {"printer", SetPrinter},
@@ -260,8 +249,6 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
 
     // Boxes, prompts, choosers and menus.
     {"answer", [](Scene& s, Words w) { s.windows.Answers.push_back(w.All()); }},
-    // n, deed: while the n-th from now is open
-    {"at-box", AtBox},
 
     // The program and its main window.
     {"start", [](Scene& s, Words) { s.windows.ShowMain(s.program.form1.form); }},
@@ -271,7 +258,7 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     {"menu", ChooseEntry},
 
     // Mouse and keyboard.
-    {"press", [](Scene& s, Words w) { Hand::Press(s.Named(w)); }},
+    {"press", Press},
     {"click", Click},
     {"point", Point},
     {"row", ClickRow<5, Qt::LeftButton, Qt::NoModifier>},
@@ -281,13 +268,12 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     {"double", DoubleClick},
     // row > row: pressed on one, let go on the other
     {"slide", Slide},
-    {"type", [](Scene& s, Words w) { const Control& box = s.Named(w); Hand::Type(box, w.rest); }},
+    {"type", Type},
     // "\\t" is a tab
-    {"paste", Paste},
+    {"copy", [](Scene&, Words w) { QGuiApplication::clipboard()->setText(w.rest.replace("\\t", "\t")); }},
     // several are parted by commas
-    {"key", [](Scene&, Words w) { Hand::Key(w.rest); }},
-    // three repeats of a key
-    {"hold", Hold},
+    {"key", Key},
+    {"hold", HoldKey},
     {"menu-key", PressMenuKey},
     {"carry", Carry},
     {"drag", Drag},
@@ -306,7 +292,7 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     // another window was over this one
     {"uncover", [](Scene& s, Words) { Uncover(s, QRegion(0, 0, 9, 9)); }},
     {"tip", ShowTip},
-    {"repeat", Repeat},
+    {"repeat", [](Scene& s, Words w) { const int times = w.Next().toInt(); s.Repeat(times, w.rest.split(" | ")); }},
     {"morvane-print", RunPrintProgram},
 };
 // clang-format on

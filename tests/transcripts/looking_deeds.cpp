@@ -5,7 +5,6 @@
 #include <QScrollBar>
 #include <QTest>
 
-#include "platform/controls/tree_view.h"
 #include "platform/drawing/calibration_sheet.h"
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/units.h"
@@ -31,21 +30,6 @@ void Walk(Scene& scene, Words words) {
     QTest::keyClick(stops.back(), key);
   }
   scene.Show(Wrapped("    ", told));
-}
-
-// Of the rows of a tree.
-QStringList ImagesOf(const std::vector<TreeNode*>& nodes) {
-  QStringList images;
-  for (const TreeNode* const node : nodes) {
-    images << QString::fromStdString(node->Text() + ": " + node->Image());
-    if (node->Expanded()) images << ImagesOf(node->Children());
-  }
-  return images;
-}
-
-void TellImages(Scene& scene, Words words) {
-  const auto& tree = dynamic_cast<const TreeView&>(scene.Named(words));
-  scene.Show(Wrapped("    ", ImagesOf(tree.Roots())));
 }
 
 void LookCloser(Scene& scene, Words words) {
@@ -103,7 +87,6 @@ void TellMemory(Scene& scene, Words) {
 const std::map<QString, Deed> kDeedsOfTheEye = {
     {"walk", Walk},
     {"look", LookCloser},
-    {"images", TellImages},
     {"listen", [](Scene& s, Words) { s.Show(UnseenIn(s.Top()).join('\n')); }},
     {"take", TakePicture},
     {"take-sheet", [](Scene& s, Words w) { ExpectSheet(w.All(), s.Printed, 60); }},
