@@ -13,7 +13,7 @@
 
 namespace Morvane {
 
-// A device tells of each call before it is made; what is thrown then is the call's failure, which has a
+// A device tells of each call before it does it; what is thrown then is the call's failure, which has a
 // number that suits the device.
 class Hooked {
  public:

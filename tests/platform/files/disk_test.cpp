@@ -52,7 +52,6 @@ class Disk : public FilesTest {
   std::string WithoutRoot(const std::string& text) const {
     return std::regex_replace(text, std::regex(disk.Path()), "");
   }
-  // A disk that takes files of so many bytes only is as good as full.
   static void Limit(int resource, rlim_t most) {
     rlimit limit{};
     ::getrlimit(resource, &limit);
@@ -98,6 +97,7 @@ class Disk : public FilesTest {
       {"link", [&](Text of, Text with) { fs::create_symlink(with, disk.Path(of)); }},
       {"mode", [&](Text of, Text with) { ::chmod(disk.Path(of).c_str(), std::stoi(with, nullptr, 8)); }},
       {"remove", [&](Text of, Text) { fs::remove_all(disk.Path(of)); }},
+      // A disk that takes files of so many bytes only is as good as full.
       {"full", [](Text of, Text) { Limit(RLIMIT_FSIZE, of == "no" ? RLIM_INFINITY : std::stoul(of)); }},
       {"tree", [&](Text of, Text) { said = Readable(Everything(true, of)); }},
       {"app", [&](Text of, Text) { said = FindApp(of); }},
