@@ -138,14 +138,14 @@ void Type(Scene& scene, Words words) {
   QTest::keyClicks(&WithKeyboard(scene), words.rest);
 }
 
-void HoldKey(Scene&, Words words) {
+void HoldKey(Scene& scene, Words words) {
   QKeyEvent repeat(QEvent::KeyPress, QKeySequence(words.rest)[0].key(), {}, {}, true);
-  QApplication::sendEvent(QApplication::focusWidget(), &repeat);
+  QApplication::sendEvent(&WithKeyboard(scene), &repeat);
 }
 
-void PressMenuKey(Scene&, Words) {
+void PressMenuKey(Scene& scene, Words) {
   QContextMenuEvent pressed(QContextMenuEvent::Keyboard, {}, {});
-  QApplication::sendEvent(QApplication::focusWidget(), &pressed);
+  QApplication::sendEvent(&WithKeyboard(scene), &pressed);
 }
 
 // On a screen where covered windows lose what they show.
@@ -187,7 +187,7 @@ void OpenArrow(Scene& scene, Words words) {
   QTest::mouseClick(&tool, Qt::LeftButton, {}, {tool.width() - 4, tool.height() / 2});
 }
 
-// Files of one folder, or a web page's link with a picture in these formats.
+// Files of one folder, or a web page's link with what it offers in these formats.
 void Carry(Scene& scene, Words words) {
   scene.Dragged.clear();
   const QString from = words.Next();
@@ -196,7 +196,7 @@ void Carry(Scene& scene, Words words) {
   if (isPage) urls << QUrl(from);
   for (const QString& what : words.rest.split(' ')) {
     if (isPage)
-      scene.Dragged.setData(what, PictureFile("50x25"));
+      scene.Dragged.setData(what, what == "image/bmp" ? PictureFile("50x25") : "?");
     else
       urls << QUrl::fromLocalFile(scene.machine.Files->ToNative((from + "\\" + what).toStdString()).c_str());
   }
