@@ -49,6 +49,7 @@ TEST_F(CoverDrawing, PageIsTurnedByTheLayoutAloneHasThePrintersLettersAndStaysWh
     const double ratio = ImpostaPagina(surface, state, printer);
     EXPECT_NEAR(surface.GetFont().size, 40 * ratio, 1e-6);
     EXPECT_EQ(surface.ScaleWidth() > surface.ScaleHeight(), landscape) << layout << left;
+    EXPECT_NEAR(ImpostaPaginaMm(surface, state, printer), ratio, 1e-6);
   }
   EXPECT_EQ(surface.GetFont().name, "Verdana");
   surface.SetSize(100, 0);
