@@ -156,6 +156,7 @@ void Transcript::PlayModal(Form& form) {
   Form* const below = top_;
   if (!silent_) PlayIn(&form);
   top_ = below;
+  if (form.Visible() && !silent_) seen_ << "  is still open";
   if (form.Visible()) window.close();
   if (form.Unloaded()) windows_.erase(&form);
 }
