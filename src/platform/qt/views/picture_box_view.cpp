@@ -72,7 +72,7 @@ PictureBoxView::PictureBoxView(PictureBox& model, QWidget& parent, const ViewCon
 
 void PictureBoxView::MirrorAppearance() {
   ControlView::MirrorAppearance();
-  widget_.setFocusPolicy(IsLink() ? Qt::StrongFocus : Qt::ClickFocus);
+  widget_.setFocusPolicy(Qt::ClickFocus);
   widget_.setAttribute(Qt::WA_OpaquePaintEvent, model_.PaperBackground);
   widget_.setAcceptDrops(model_.Drop != nullptr);
   MirrorContent();
@@ -161,7 +161,6 @@ void PictureBoxView::Paint() {
     }
     painter.drawPixmap(0, 0, kept_);
   }
-  if (IsLink()) PaintKeyboardFocus(widget_, painter, widget_.rect());
 }
 
 Pixels PictureBoxView::PixelsFor(QSize painted) {
