@@ -52,7 +52,7 @@ TEST_F(QtLauncherTest, WhatIsOpenedIsOneArgumentAndADocumentLiesInTheProgramsFol
   machine_.WriteFile("C:\\Morvane\\omk.htm", "kit");
   machine_.WriteFile("C:\\Morvane\\--help", "not an option");
   const std::string folder = machine_.Root.Path() + "/Morvane/";
-  for (const char* address : {"http://a.example/search?q=copertine+cd&x=1", "AZaz:/`id`$(id);'\"|&"}) {
+  for (const char* address : {"http://a.example/search?q=copertine cd&x=1", "AZaz:/`id`$(id);'\"|&"}) {
     launcher_.ShellExecute(address);
     EXPECT_EQ(Started(), std::string(address) + "\n/dev/null\n");
   }

@@ -28,7 +28,6 @@ QImage PictureCache::Image(const PicturePtr& picture, QSize pixels, Pixels which
   Entry& entry = EntryOf(picture);
   const bool lastWillDo = which == Pixels::AsLastTime && !entry.image.isNull();
   if (entry.pixels == pixels || lastWillDo) return entry.image;
-  entry.image = QImage();
   entry.image = Decoded(picture, pixels);
   entry.pixels = pixels;
   const QImage image = entry.image;
