@@ -11,20 +11,16 @@ namespace Morvane {
 namespace {
 
 constexpr qsizetype kMostBytes = 1 << 20;
-constexpr int kMostRedirects = 5;
 
 }  // namespace
 
 std::string QtHttpClient::OpenUrl(const std::string& url) {
   const QUrl address(QString::fromStdString(url), QUrl::StrictMode);
   if (!address.isValid() || (address.scheme() != "http" && address.scheme() != "https")) return {};
-  QNetworkRequest request(address);
-  request.setMaximumRedirectsAllowed(kMostRedirects);
-
   QNetworkAccessManager network;
   QEventLoop loop;
   QByteArray body;
-  const std::unique_ptr<QNetworkReply> reply(network.get(request));
+  const std::unique_ptr<QNetworkReply> reply(network.get(QNetworkRequest(address)));
   QObject::connect(reply.get(), &QNetworkReply::readyRead, &loop, [&] {
     body += reply->readAll();
     if (body.size() > kMostBytes) reply->abort();

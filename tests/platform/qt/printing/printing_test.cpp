@@ -160,6 +160,16 @@ TEST_F(QueueTest, CalibrationIsTypedOnATabPrintsItsSheetWithoutItselfAndSheetsWi
     for (const auto* button : tab->findChildren<QPushButton*>())
       EXPECT_FALSE(button->autoDefault()) << "a number's return key would press it";
     const auto fields = tab->findChildren<QDoubleSpinBox*>();
+    const auto texts = [tab] {
+      std::string all;
+      for (const auto* label : tab->findChildren<QLabel*>()) all += label->text().toStdString();
+      return all;
+    };
+    QFile inTheWay(QDir::home().filePath("morvane"));
+    EXPECT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    fields[0]->setValue(174);
+    EXPECT_THAT(texts(), HasSubstr("Impossibile scrivere il file della taratura"));
+    inTheWay.remove();
     fields[0]->setValue(175);
     EXPECT_EQ(Calibrations().Of("uneven").acrossMm, 175);
     Press(*tab, "zzera");
@@ -167,9 +177,7 @@ TEST_F(QueueTest, CalibrationIsTypedOnATabPrintsItsSheetWithoutItselfAndSheetsWi
     const double typed[] = {181.8, 248.75, 1.5, -2};
     for (int i = 0; i < 4; ++i) fields[i]->setValue(typed[i]);
     fields[0]->setValue(200);  // refused: the corrections stay
-    std::string texts;
-    for (const auto* label : tab->findChildren<QLabel*>()) texts += label->text().toStdString();
-    EXPECT_THAT(texts, HasSubstr("dal 95 al 105 %"));
+    EXPECT_THAT(texts(), HasSubstr("dal 95 al 105 %"));
     EXPECT_EQ(Calibrations().Of("uneven"), kMeasured);
     Press(*tab, "foglio");
     dialog.accept();
