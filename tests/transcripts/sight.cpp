@@ -43,7 +43,8 @@ QStringList RowsOf(const QAbstractItemView& view, const QModelIndex& parent = {}
 void AddEntries(const QWidget& menu, const QString& indent, QStringList& entries) {
   for (const QAction* const entry : menu.actions()) {
     const QString keys = entry->shortcut().isEmpty() ? "" : "  " + entry->shortcut().toString();
-    entries << indent + entry->text() + keys + (entry->isEnabled() ? "" : " (disabled)");
+    entries << indent + (entry->isSeparator() ? "-" : entry->text()) + keys +
+                   (entry->isEnabled() ? "" : " (disabled)");
     if (entry->menu() != nullptr) AddEntries(*entry->menu(), indent + "  ", entries);
   }
 }

@@ -149,10 +149,14 @@ TEST_F(PicturesTest, OfOldFormatsNeedTheirDecoderWhoseAbsenceIsTold) {
                   "L'immagine 'C:\\a.wmf' non può essere letta: manca il programma 'morvane-decode'."));
 }
 
-TEST_F(PicturesTest, FileInUseIsReadAgainOnceItChanged) {
-  const PicturePtr before = Load(ContentOf("fuzz/corpus/images/cmyk.jpg"));
-  EXPECT_EQ(loader_.LoadPicture("C:\\foto"), before);
-  EXPECT_EQ(Load(ContentOf("fuzz/corpus/images/p3.jpg"))->WidthTwips(), 2 * before->WidthTwips());
+TEST_F(PicturesTest, FileInUseIsReadAgainOnceItsSizeOrTimeChanged) {
+  const PicturePtr first = Load(ContentOf("fuzz/corpus/images/cmyk.jpg"));
+  EXPECT_EQ(loader_.LoadPicture("C:\\foto"), first);
+  const PicturePtr second = Load(ContentOf("fuzz/corpus/images/p3.jpg"));
+  EXPECT_EQ(second->WidthTwips(), 2 * first->WidthTwips());
+  const std::filesystem::path file = machine_.Files->ToNative("C:\\foto");
+  std::filesystem::last_write_time(file, std::filesystem::last_write_time(file) + std::chrono::seconds(1));
+  EXPECT_NE(loader_.LoadPicture("C:\\foto"), second);
 }
 
 }  // namespace

@@ -170,7 +170,8 @@ TEST_F(QueueTest, CalibrationIsTypedOnATabPrintsItsSheetWithoutItselfAndSheetsWi
     fields[0]->setValue(174);
     EXPECT_THAT(texts(), HasSubstr("Impossibile scrivere il file della taratura"));
     inTheWay.remove();
-    fields[0]->setValue(175);
+    fields[0]->setValue(174.9);
+    fields[0]->stepUp();
     EXPECT_EQ(Calibrations().Of("uneven").acrossMm, 175);
     Press(*tab, "zzera");
     EXPECT_EQ(Calibrations().Of("uneven"), Calibration());
