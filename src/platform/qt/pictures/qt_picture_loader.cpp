@@ -68,7 +68,8 @@ QtPictureLoader::QtPictureLoader(const FileSystem& files, std::string decoderPat
 }
 
 PicturePtr QtPictureLoader::LoadPicture(const std::string& path) const {
-  LastRead now{files_.ToNative(path), {}, 0, {}};
+  LastRead now;
+  now.nativePath = files_.ToNative(path);
   std::error_code missing;  // Read tells
   now.changed = std::filesystem::last_write_time(now.nativePath, missing);
   if (!missing) now.size = std::filesystem::file_size(now.nativePath, missing);
