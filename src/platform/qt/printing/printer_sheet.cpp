@@ -26,12 +26,17 @@ QPageSize OwnSheet(const QPrinter& printer) {
   return own.isValid() ? own : QPageSize(QPageSize::A4);
 }
 
+// Photo printers have a sheet twice, once without margins.
 QPageSize FittingSheet(const QPrinter& printer, const QPageSize& wanted) {
   const QList<QPageSize> sheets = QPrinterInfo(printer).supportedPageSizes();
   if (sheets.isEmpty() || sheets.contains(wanted)) return wanted;
-  const auto same = std::find_if(sheets.begin(), sheets.end(),
-                                 [&](const QPageSize& sheet) { return sheet.isEquivalentTo(wanted); });
-  return same != sheets.end() ? *same : OwnSheet(printer);
+  QList<QPageSize> same;
+  std::copy_if(sheets.begin(), sheets.end(), std::back_inserter(same),
+               [&](const QPageSize& sheet) { return sheet.isEquivalentTo(wanted); });
+  for (const QPageSize& sheet : same)
+    if (sheet.key() == wanted.key()) return sheet;
+  const QPageSize own = OwnSheet(printer);
+  return same.isEmpty() || same.contains(own) ? own : same.front();
 }
 
 }  // namespace Morvane

@@ -22,8 +22,8 @@ PrinterSheet TakeSheet(QPrinter& printer, const QPageSize& sheet);
 // The sheet that the queue is set to, by its maker, its administrator or the user; A4 where it tells none.
 QPageSize OwnSheet(const QPrinter& printer);
 
-// `wanted` where the queue has it, under its own name of it, or tells no sheets at all; else the queue's own
-// sheet.
+// `wanted` where the queue has it or tells no sheets at all; else the queue's sheet of that size, of several
+// the one that is called the same; else its own sheet.
 QPageSize FittingSheet(const QPrinter& printer, const QPageSize& wanted);
 
 }  // namespace Morvane

@@ -71,6 +71,7 @@ class PrintingTest : public testing::Test {
 struct Area {
   double left, top, bottom, height;
 };
+constexpr Area kUneven{9.64 * kMmPerPoint, 17.97 * kMmPerPoint, 14.4 * kMmPerPoint, 297};
 
 class QueueTest : public PrintingTest {
  protected:

@@ -149,7 +149,6 @@ TEST_F(QueueTest, DialogAsksForCopiesWhichAreJobsOfTheirOwnThatNobodyScales) {
 }
 
 TEST_F(QueueTest, CalibrationIsTypedOnATabPrintsItsSheetWithoutItselfAndSheetsWithItHaveTheirSizes) {
-  constexpr Area kUneven{9.64 * kMmPerPoint, 17.97 * kMmPerPoint, 14.4 * kMmPerPoint, 297};
   cups_.AddQueue("uneven");
   device_.SelectPrinter("uneven");
   ExpectInPlace(kUneven, PageOrientation::Portrait);
