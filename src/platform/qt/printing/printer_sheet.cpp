@@ -3,6 +3,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <algorithm>
+#include <iterator>
 
 #include "platform/units.h"
 
