@@ -30,7 +30,7 @@ QPageSize OwnSheet(const QPrinter& printer) {
 // Photo printers have a sheet twice, once without margins.
 QPageSize FittingSheet(const QPrinter& printer, const QPageSize& wanted) {
   const QList<QPageSize> sheets = QPrinterInfo(printer).supportedPageSizes();
-  if (sheets.isEmpty() || sheets.contains(wanted)) return wanted;
+  if (sheets.isEmpty()) return wanted;
   QList<QPageSize> same;
   std::copy_if(sheets.begin(), sheets.end(), std::back_inserter(same),
                [&](const QPageSize& sheet) { return sheet.isEquivalentTo(wanted); });
