@@ -123,7 +123,8 @@ TEST_P(RealPrinter, TakesASheetInItsPlaceWhateverTheDialogDid) {
   cups_.AddQueue("uneven");
   printer_.SetOrientation(PageOrientation::Portrait);
   for (const auto& [queue, area] : {std::pair{"uneven", kUneven}, {"prova", a4}}) {
-    Accept([&](QDialog& dialog) { dialog.findChild<QComboBox*>("printers")->setCurrentText(queue); });
+    Accept(
+        [name = queue](QDialog& dialog) { dialog.findChild<QComboBox*>("printers")->setCurrentText(name); });
     ExpectInPlace(area, PageOrientation::Portrait);
   }
 
