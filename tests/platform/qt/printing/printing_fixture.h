@@ -53,11 +53,13 @@ class PrintingTest : public testing::Test {
     }
   }
 
-  // A disc's booklet with the disc in it, 10 mm and 20 mm from the origin.
-  static void DrawCover(DrawingSurface& page) {
+  // Prints a disc's booklet with the disc in it, 10 mm and 20 mm from the origin.
+  void PrintCover() {
+    DrawingSurface& page = printer_.Surface();
     page.SetScaleMode(ScaleMode::Millimetres);
     page.Line(10, 20, 131, 140, LineStyle::Box);
     page.Circle(70.5, 80, 50, {}, 0.8);
+    printer_.EndDoc();
   }
 
   const TemporaryFolder folder_;
@@ -88,8 +90,7 @@ class QueueTest : public PrintingTest {
     const auto down = [&](double y) {
       return area.top + 20 - paper.downwardsMm + (y - 20) * 250 / paper.downMm;
     };
-    DrawCover(printer_.Surface());
-    printer_.EndDoc();
+    PrintCover();
     cups_.WaitForJobs();
     const MeasuredSheet sheet(cups_.SheetPath());
     if (orientation == PageOrientation::Portrait) {

@@ -33,8 +33,7 @@ TEST_F(PrintingTest, JobsWithoutAPrinterAreNumberedFilesNamedAfterTheirTitle) {
       {PageOrientation::Portrait, "pdf/CD-DVD 2.pdf", "595 x 842 pts .A4"}};
   for (const auto& [orientation, name, size] : jobs) {
     printer_.SetOrientation(orientation);
-    DrawCover(printer_.Surface());
-    printer_.EndDoc();
+    PrintCover();
     const MeasuredSheet sheet(folder_.Path(name));
     ExpectLines(sheet.AcrossMm(80), {10, 20.5, 120.5, 131});
     ExpectLines(sheet.DownMm(70.5), {20, 40, 120, 140});

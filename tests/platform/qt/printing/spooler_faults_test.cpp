@@ -23,12 +23,8 @@ class SpoolerFaults : public QueueTest {
     device_.SelectPrinter("uneven");
   }
 
-  void Print() {
-    DrawCover(printer_.Surface());
-    printer_.EndDoc();
-  }
   void ExpectTold() {
-    EXPECT_THAT([&] { Print(); },
+    EXPECT_THAT([&] { PrintCover(); },
                 testing::ThrowsMessage<RuntimeError>(testing::StartsWith("La stampante 'uneven' ")));
   }
   void ExpectProgramFails() {
@@ -63,7 +59,7 @@ TEST_F(SpoolerFaults, FullDiskIsToldAndOnceThereIsRoomTheQueuePrints) {
   ExpectTold();
   ExpectProgramFails();
   LimitFiles(cups_.Process(), RLIM_INFINITY);
-  Print();
+  PrintCover();
   cups_.WaitForJobs();
   EXPECT_TRUE(std::ifstream(cups_.SheetPath()));
 }
