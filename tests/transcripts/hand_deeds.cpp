@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -126,9 +127,11 @@ QWidget& WithKeyboard(const Scene& scene) {
   return window;
 }
 
-// Faster than anything answers.
+// Faster than anything answers; only a button that its own key holds down for a moment is let go.
 void Key(Scene& scene, Words words) {
+  const auto buttons = Hand::See(scene.Top()).findChildren<QAbstractButton*>();
   QTest::keySequence(&WithKeyboard(scene), QKeySequence(words.rest));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return std::ranges::none_of(buttons, &QAbstractButton::isDown); }));
 }
 
 // Instead of what the box holds.
