@@ -10,7 +10,10 @@
 namespace Morvane {
 namespace {
 
-// A label that breaks between words and, for a long path, within one.
+constexpr int kNarrowing = 4;  // pixels
+
+// A label that breaks between words and, for a long path, within one. A text that doesn't fit all the same
+// is shown without its middle, and whole in the tool-tip.
 class WrappedLabel : public QLabel {
  public:
   using QLabel::QLabel;
@@ -29,12 +32,20 @@ class LabelView : public WidgetView<Label, WrappedLabel> {
 
 void WrappedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const int flags = Qt::TextWordWrap;
-  painter.setFont(FittingFont(font(), text(), size(), flags));
+  painter.setFont(FittingFont(font(), text(), size(), Qt::TextWordWrap));
   painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
   QTextOption option(alignment());
-  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-  painter.drawText(QRectF(rect()), text(), option);
+  QString shown = text();
+  const auto fits = [&] {
+    const QSizeF needed = painter.boundingRect(QRectF(rect()), shown, option).size();
+    return needed.width() <= width() && needed.height() <= height();
+  };
+  if (!fits()) option.setWrapMode(QTextOption::WrapAnywhere);
+  const QFontMetrics metrics = painter.fontMetrics();
+  for (int room = width() * (height() / metrics.height()); room > 0 && !fits(); room -= kNarrowing)
+    shown = metrics.elidedText(text(), Qt::ElideMiddle, room);
+  if (shown != text()) setToolTip(ToolTip(text().toStdString()));
+  painter.drawText(QRectF(rect()), shown, option);
   PaintKeyboardFocus(*this, painter, rect());
 }
 
