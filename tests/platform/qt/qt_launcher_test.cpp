@@ -100,11 +100,13 @@ TEST(QtHttpClientTest, GivesTheBodyByteForByteAndNothingOfAFailureWhichIsAServer
   const LoopbackServer largest(ok + "\r\n" + std::string(1 << 20, '9'));
   const LoopbackServer huge(ok + "\r\n" + std::string((1 << 20) + 1, '9'));
   const LoopbackServer silent("");
+  QTcpSocket unheard;
+  ASSERT_TRUE(unheard.bind(QHostAddress::LocalHost));
   QtHttpClient http(std::chrono::seconds(5));
   EXPECT_EQ(http.OpenUrl(whole.Url()) + http.OpenUrl(moved.Url()), "261\n261\n");
   EXPECT_EQ(http.OpenUrl(largest.Url()).size(), 1U << 20);
   for (const std::string& url : {missing.Url(), huge.Url(), std::string("http://host.invalid/file.txt"),
-                                 std::string("http://127.0.0.1:1/file.txt"),
+                                 "http://127.0.0.1:" + std::to_string(unheard.localPort()) + "/file.txt",
                                  std::string("file:///etc/hostname"), std::string("nonsense")})
     EXPECT_EQ(http.OpenUrl(url), "");
   QElapsedTimer timer;

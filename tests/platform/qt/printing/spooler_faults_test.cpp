@@ -27,8 +27,8 @@ class SpoolerFaults : public QueueTest {
     EXPECT_THAT([&] { PrintCover(); },
                 testing::ThrowsMessage<RuntimeError>(testing::StartsWith("La stampante 'uneven' ")));
   }
-  void ExpectProgramFails() {
-    const ProgramRun outcome = RunPrintProgram("--printer uneven");
+  void ExpectProgramFails(const std::string& start = {}) {
+    const ProgramRun outcome = RunProgram(start + "'" MORVANE_PRINT "' --printer uneven", folder_);
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_THAT(outcome.errors, testing::MatchesRegex("morvane-print: [^\n]+\n"));
   }
@@ -47,6 +47,12 @@ TEST_F(SpoolerFaults, QueueThatRejectsJobsOrIsDeletedIsTold) {
     ExpectTold();
     ExpectProgramFails();
   }
+}
+
+// It asks on its terminal, and has none here; a window to type it in nobody would see.
+TEST_F(SpoolerFaults, PasswordThatNobodyCanTypeIsTold) {
+  cups_.Run("lpadmin -p uneven -o printer-op-policy=custodita");
+  ExpectProgramFails("CUPS_USER=ospite setsid -w timeout 20 ");
 }
 
 TEST_F(SpoolerFaults, FullDiskIsToldAndOnceThereIsRoomTheQueuePrints) {
