@@ -118,7 +118,7 @@ Print() {
   (AsUser "$1" morvane-print "$usr/share/morvane/CD - Fronte e retro.mvne" --picture 1="$work/fronte.jpg" \
     --picture 2="$work/cover.iff" --pdf foglio.pdf) || Fail "morvane-print"
   [[ "$(pdfimages -list "$work/$1/foglio.pdf" | grep -c ' image ')" -eq 2 ]] || Fail "two pictures on the sheet"
-  [[ "$( (AsUser "$1" env CUPS_SERVER=127.0.0.1:9 morvane-print --printer nessuna) 2>&1 || true)" == *"non risponde."* ]] || Fail "morvane-print to a queue"
+  [[ "$( (AsUser "$1" env CUPS_SERVER="$work/none" morvane-print --printer nessuna) 2>&1 || true)" == *"non risponde."* ]] || Fail "morvane-print to a queue"
 }
 
 StartDisplay() {
