@@ -78,7 +78,6 @@ void QtWindowSystem::RunModal(Form& form) {
   if (form.Visible() && !Ended()) loop.exec();
   view.OnHidden = nullptr;
   running_.pop_back();
-  leftToOther_ = false;
   if (form.Unloaded()) form.View.reset();
   if (below != nullptr && !Ended()) below->Activate();
 }
