@@ -70,7 +70,7 @@ void DrawCalibrationSheet(DrawingSurface& sheet, double left, double top, double
   const std::string lines[] = {
       "1. Misura la riga orizzontale da 0 a " + std::to_string(kCalibrationAcross) +
           " e quella verticale da 0 a " + std::to_string(kCalibrationDown) + ", in millimetri.",
-      "2. Misura dove sta la croce in alto: previsti " + Tenths(left + kCalibrationCross) +
+      "2. Misura dove sta la croce in alto a sinistra: previsti " + Tenths(left + kCalibrationCross) +
           " mm da sinistra e " + Tenths(top + kCalibrationCross) + " mm dall'alto.",
       "3. Scrivi in Stampa, Taratura: le due misure, e quanto la croce è più a destra e più in basso.",
   };
