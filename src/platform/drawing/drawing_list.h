@@ -20,7 +20,7 @@ struct TwipsBox {
   bool operator==(const TwipsBox&) const = default;
 };
 
-// The shapes that a surface can hold. Lines are hairlines, one dot wide on every device.
+// The shapes that a surface can hold. Lines are hairlines: one dot of a screen, 1/600 inch on paper.
 struct LineShape {
   double x1, y1, x2, y2;
   Color color;
