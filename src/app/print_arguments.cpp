@@ -34,7 +34,7 @@ constexpr Option kOptions[] = {
     {"font",      "F",      Kind::Contents, "Arial",     "carattere dell'elenco"},
     {"size",      "S",      Kind::Contents, "8",         "altezza del carattere in punti, da 2 a 25"},
     {"italic",    "",       Kind::Contents, "",          "corsivo"},
-    {"full-path", "",       Kind::Contents, "",          "percorso completo dei files"},
+    {"full-path", "",       Kind::Contents, "",          "percorso completo dei file"},
     {"help",      "",       Kind::Both,     "",          "questo testo"},
 };
 // clang-format on
@@ -126,7 +126,8 @@ PrintArguments ParsePrintArguments(std::span<const std::string> arguments) {
     throw UsageError("serve --pdf FILE oppure --printer NOME");
   if (hasAny(Kind::Contents)) {
     if (!parser.isSet("contents")) throw UsageError("manca --contents CARTELLA");
-    if (!layouts.isEmpty() || hasAny(Kind::Layout)) throw UsageError("layout e --contents non vanno insieme");
+    if (!layouts.isEmpty() || hasAny(Kind::Layout))
+      throw UsageError("--contents non va insieme a un layout, a --picture o a --outline");
   }
   parsed.layout = Bytes(layouts.value(0));
   parsed.pictures = Pictures(parser);

@@ -14,7 +14,7 @@ constexpr const char* kBrowserTitle = "Apertura CD/Cartella da stampare";
 constexpr const char* kTooManyFiles =
     "Numero massimo di files/cartelle visualizzabili : 1000, il programma ignorerà i files in piu'";
 constexpr const char* kLeftOut =
-    "Files e cartelle esclusi dall'elenco, perché il loro nome contiene una barra rovesciata: ";
+    "File e cartelle esclusi dall'elenco, perché il loro nome contiene una barra rovesciata: ";
 
 // The path of something in a folder; a drive's root brings its own backslash.
 std::string PathBelow(const std::string& folder, const std::string& name) {

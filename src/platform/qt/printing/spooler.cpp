@@ -37,7 +37,7 @@ void KeepTrueScale(QPrinter& printer) {
 QString LastSpoolerFailure() {
   if (cupsLastError() < kFirstFailure) return QString();
   const QString text = QString::fromUtf8(cupsLastErrorString());
-  return text.isEmpty() ? QString("lavoro rifiutato") : text;
+  return text.isEmpty() ? QString("motivo sconosciuto") : text;
 }
 
 void AskForPasswordsOnTheTerminal() {
