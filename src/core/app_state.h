@@ -50,7 +50,7 @@ struct AppState : LayoutTables {
   double PaginaAlte = 0;           // millimetres
   std::int16_t SpessoreBordo = 0;  // passes of the outline; kept in the settings file
   std::int16_t SuSchermo = 0;      // 1 while the target is a screen, 0 during a print job
-  int ShowCmd = 0;                 // show command of every web launch; never assigned
+  int ShowCmd = 0;                 // how what is started shows: as it likes, for the whole run
 
   // The program and its machine.
   std::string AppPath;          // the program's folder with a trailing backslash

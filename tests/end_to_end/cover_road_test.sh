@@ -7,7 +7,7 @@ bin=$(cd "$1" && pwd)
 cd "$(dirname "$0")/../.."
 source tests/support/needs.sh
 needs Xvfb openbox xdotool convert pdftocairo /usr/share/i18n/locales/it_IT
-source tools/desktop
+source tests/support/desktop.sh
 
 picker="Morvane - Scelta immagine"
 editor="Apertura file copertine"

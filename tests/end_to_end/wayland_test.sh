@@ -7,7 +7,7 @@ cd "$(dirname "$0")/../.."
 source tests/support/needs.sh
 needs Xvfb xdotool weston convert
 manager=none
-source tools/desktop
+source tests/support/desktop.sh
 
 # The desktop is a window in a corner of the screen.
 weston --backend=x11-backend.so --use-pixman --width=1280 --height=1024 --socket=morvane-test --no-config --idle-time=0 \
