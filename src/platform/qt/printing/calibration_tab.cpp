@@ -37,6 +37,19 @@ QString FilledIn(QString text, const CalibrationField& field) {
       .replace("%3", Number(field.exact + field.most));
 }
 
+// Whichever sign is typed parts the decimals: the toolkit drops the one that is not the locale's, and half a
+// millimetre would become five.
+class MeasureBox : public QDoubleSpinBox {
+ public:
+  using QDoubleSpinBox::QDoubleSpinBox;
+
+ protected:
+  QValidator::State validate(QString& text, int& position) const override {
+    for (const QChar sign : {QChar('.'), QChar(',')}) text.replace(sign, locale().decimalPoint());
+    return QDoubleSpinBox::validate(text, position);
+  }
+};
+
 QString RefusalText() {
   return QString(
              "Le righe possono misurare dal %1 al %2 %, e la croce spostarsi fino a %3 mm: "
@@ -52,7 +65,7 @@ CalibrationTab::CalibrationTab(Calibrations& calibrations,
   setWindowTitle("Taratura");
   auto* form = new QFormLayout(this);
   for (std::size_t i = 0; i < fields_.size(); ++i) {
-    auto* field = fields_[i] = new QDoubleSpinBox(this);
+    auto* field = fields_[i] = new MeasureBox(this);
     field->setRange(-kLargest, kLargest);
     field->setSingleStep(0.1);
     field->setSuffix(" mm");
