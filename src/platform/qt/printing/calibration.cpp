@@ -64,21 +64,22 @@ void Calibrations::Read() {
     printers_.insert(NameOf(group), read);
     settings.endGroup();
   }
+  damaged_ = !sound;
   if (sound) return;
   printers_.clear();
   complaint_ = "Il file della taratura è danneggiato: si stampa senza correzione.\n" + file_;
 }
 
+// Only this printer's lines are touched: another running program may have added others meanwhile.
 void Calibrations::Keep(const QString& printer, const Calibration& calibration) {
   printers_.insert(printer, calibration);
   QDir().mkpath(QFileInfo(file_).path());
   QSettings settings(file_, QSettings::IniFormat);
-  settings.clear();
-  for (const auto& [name, kept] : printers_.asKeyValueRange()) {
-    settings.beginGroup(GroupOf(name));
-    for (const CalibrationField& field : kCalibrationFields) settings.setValue(field.key, kept.*field.value);
-    settings.endGroup();
-  }
+  if (std::exchange(damaged_, false)) settings.clear();
+  settings.beginGroup(GroupOf(printer));
+  for (const CalibrationField& field : kCalibrationFields)
+    settings.setValue(field.key, calibration.*field.value);
+  settings.endGroup();
   settings.sync();
   if (settings.status() == QSettings::NoError) return;
   throw RuntimeError(ErrorNumber::PathFileAccess,

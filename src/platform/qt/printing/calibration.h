@@ -66,6 +66,7 @@ class Calibrations {
   QString file_;
   QMap<QString, Calibration> printers_;
   QString complaint_;
+  bool damaged_ = false;
 };
 
 }  // namespace Morvane
