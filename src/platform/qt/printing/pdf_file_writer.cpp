@@ -1,5 +1,7 @@
 #include "platform/qt/printing/pdf_file_writer.h"
 
+#include <QBuffer>
+#include <QFileInfo>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
@@ -18,17 +20,28 @@ QPageLayout LayoutOf(SheetSize sheet, PageOrientation orientation) {
           landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF(), QPageLayout::Point};
 }
 
+// A pipe or a device would be taken away and a file put in its place; a name that is no UTF-8 would become
+// another one.
+bool CanBeReplaced(const QString& path, const std::string& nativePath) {
+  const QFileInfo older(path);
+  return QFile::encodeName(path).toStdString() == nativePath && (older.isFile() || !older.exists());
+}
+
 }  // namespace
 
 std::vector<PicturePtr> WritePdf(const std::string& nativePath, const DrawingList& drawing,
                                  PageOrientation orientation, SheetSize sheet, const std::string& title) {
   const RuntimeError failure(ErrorNumber::PrinterFailure,
                              "Impossibile scrivere il file '" + nativePath + "'.");
-  QSaveFile file(QString::fromStdString(nativePath));
-  if (!file.open(QIODevice::WriteOnly)) throw failure;
+  const QString path = QString::fromStdString(nativePath);
+  QSaveFile file(path);
+  if (!CanBeReplaced(path, nativePath) || !file.open(QIODevice::WriteOnly)) throw failure;
+  // The toolkit's writer of PDF does not tell when a disk that gets full takes a part of what it writes.
+  QBuffer pdf;
+  pdf.open(QIODevice::WriteOnly);
   std::vector<PicturePtr> undecodable;
   {
-    QPdfWriter writer(&file);
+    QPdfWriter writer(&pdf);
     writer.setCreator("Morvane");
     writer.setTitle(QString::fromStdString(title));
     writer.setPageLayout(LayoutOf(sheet, orientation));
@@ -39,8 +52,8 @@ std::vector<PicturePtr> WritePdf(const std::string& nativePath, const DrawingLis
     undecodable = PaintDrawing(painter, drawing, cache);
     painter.end();
   }
-  // What the toolkit still holds back is written here; a commit would not tell that the disk is full.
-  if (!file.flush() || file.error() != QFileDevice::NoError || !file.commit()) throw failure;
+  // What the file still holds back is written by the flush; a commit would not tell that the disk is full.
+  if (file.write(pdf.data()) != pdf.size() || !file.flush() || !file.commit()) throw failure;
   return undecodable;
 }
 

@@ -59,6 +59,10 @@ TEST_F(SpoolerFaults, FullDiskIsToldAndOnceThereIsRoomTheQueuePrints) {
   LimitFiles(0, 100);
   EXPECT_THROW(WritePdf(folder_.Path("sheet.pdf"), {}, PageOrientation::Portrait, kA4, "Prova"),
                RuntimeError);
+  LimitFiles(0, 20000);  // in the middle of the photo
+  EXPECT_EQ(RunPrintProgram("--pdf sheet.pdf --picture 1='" MORVANE_SOURCE_DIR "/data/samples/fronte.jpg'")
+                .exitCode,
+            1);
   LimitFiles(0, RLIM_INFINITY);
   EXPECT_FALSE(std::ifstream(folder_.Path("sheet.pdf")));
   LimitFiles(cups_.Process(), 100);
