@@ -3,6 +3,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -17,7 +18,11 @@ constexpr int kMostCopies = 999;
 }  // namespace
 
 PdfPrinterDialog::PdfPrinterDialog(const QString& reason, const QString& folder, QWidget* parent)
-    : QDialog(parent), folder_(folder), copies_(new QSpinBox(this)), folderLabel_(new QLabel(this)) {
+    : QDialog(parent),
+      folder_(folder),
+      copies_(new QSpinBox(this)),
+      folderLabel_(new QLabel(this)),
+      message_(new QLabel(this)) {
   setWindowTitle("Stampa");
   copies_->setRange(1, kMostCopies);
   folderLabel_->setText(QDir::toNativeSeparators(folder_));
@@ -43,7 +48,13 @@ PdfPrinterDialog::PdfPrinterDialog(const QString& reason, const QString& folder,
                  this));
   form->addRow("Numero di &copie:", copies_);
   form->addRow("Cartella:", folderRow);
+  form->addRow(message_);
   form->addRow(buttons);
+}
+
+void PdfPrinterDialog::accept() {
+  if (QDir().mkpath(folder_) && QFileInfo(folder_).isWritable()) return QDialog::accept();
+  message_->setText("In questa cartella non si può scrivere: scegliere un'altra cartella.");
 }
 
 int PdfPrinterDialog::Copies() const {
@@ -55,6 +66,7 @@ void PdfPrinterDialog::ChooseFolder() {
   if (chosen.isEmpty()) return;
   folder_ = chosen;
   folderLabel_->setText(QDir::toNativeSeparators(folder_));
+  message_->clear();
 }
 
 }  // namespace Morvane

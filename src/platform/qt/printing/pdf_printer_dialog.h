@@ -9,13 +9,15 @@ class QSpinBox;
 namespace Morvane {
 
 // The print dialog where no printer can be had: tells why, and that each job becomes a PDF file, and asks for
-// the copies and the folder.
+// the copies and the folder, which is made where it is missing. It is not left to print into a folder that
+// can't be written.
 class PdfPrinterDialog : public QDialog {
  public:
   PdfPrinterDialog(const QString& reason, const QString& folder, QWidget* parent);
 
   int Copies() const;
   const QString& Folder() const { return folder_; }
+  void accept() override;
 
  private:
   void ChooseFolder();
@@ -23,6 +25,7 @@ class PdfPrinterDialog : public QDialog {
   QString folder_;
   QSpinBox* copies_;
   QLabel* folderLabel_;
+  QLabel* message_;
 };
 
 }  // namespace Morvane
