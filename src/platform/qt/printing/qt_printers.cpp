@@ -32,6 +32,10 @@ RuntimeError Failure(const QString& text) {
   return RuntimeError(ErrorNumber::PrinterFailure, text.toStdString());
 }
 
+RuntimeError NoSuchPrinter(const QString& queue) {
+  return Failure("La stampante '" + queue + "' non esiste.");
+}
+
 // A file of the folder that isn't there yet, named after the job and numbered from the second on.
 QString FreePdfPath(const QString& folder, const std::string& title) {
   QString name = QString::fromStdString(title).simplified();
@@ -59,7 +63,7 @@ class Hourglass {
 // name.
 std::unique_ptr<QPrinter> PrinterOf(const QString& queue) {
   const QPrinterInfo info = QPrinterInfo::printerInfo(queue);
-  if (info.isNull()) throw Failure("La stampante '" + queue + "' non esiste.");
+  if (info.isNull()) throw NoSuchPrinter(queue);
   return std::make_unique<QPrinter>(info, QPrinter::HighResolution);
 }
 
@@ -125,9 +129,12 @@ void QtPrinters::MakePrinter(const QString& queue) {
 
 void QtPrinters::SelectPrinter(const std::string& name) {
   if (FindPrinter() != PrintService::Answers) throw Failure(SilentServiceText());
-  QPrinterInfo::availablePrinterNames();  // the toolkit takes the question for itself when it is first used
-  AskForPasswordsOnTheTerminal();
-  MakePrinter(QString::fromStdString(name));
+  const QString queue = QString::fromStdString(name);
+  // The spooler takes a name in any case, but a calibration is kept for the name as it stands.
+  const bool exists = QPrinterInfo::availablePrinterNames().contains(queue);
+  AskForPasswordsOnTheTerminal();  // the toolkit takes the question for itself when it is first used
+  if (!exists) throw NoSuchPrinter(queue);
+  MakePrinter(queue);
   TellIfStopped();
 }
 
@@ -197,7 +204,7 @@ std::vector<PicturePtr> QtPrinters::SendPage(const DrawingList& page, PageOrient
     return PrintPage(*printer_, TakeSheet(*printer_, chosen_), page, orientation, title,
                      calibrated_ ? calibrations_.Of(printer_->printerName()) : Calibration());
   }
-  if (!queue_.isEmpty()) throw Failure("La stampante '" + queue_ + "' non esiste.");
+  if (!queue_.isEmpty()) throw NoSuchPrinter(queue_);
   QDir().mkpath(pdfFolder_);
   return WritePdf(FreePdfPath(pdfFolder_, title).toStdString(), page, orientation, kA4, title);
 }
