@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QFileDialog>
@@ -7,8 +9,10 @@
 #include <QPrintDialog>
 #include <QTcpSocket>
 #include <QTest>
+#include <filesystem>
 
 #include "platform/qt/printing/calibration_tab.h"
+#include "platform/qt/printing/pdf_file_writer.h"
 #include "platform/qt/printing/pdf_printer_dialog.h"
 #include "printing_fixture.h"
 #include "render/print_job.h"
@@ -42,6 +46,11 @@ TEST_F(PrintingTest, JobsWithoutAPrinterAreNumberedFilesNamedAfterTheirTitle) {
   }
   device_.SetPdfFolder("/proc/none");
   EXPECT_THROW(printer_.EndDoc(), RuntimeError);
+  ASSERT_EQ(::mkfifo(folder_.Path("tubo").c_str(), 0600), 0);
+  for (const char* name : {"tubo", "caff\xe9.pdf"}) {
+    EXPECT_THROW(WritePdf(folder_.Path(name), {}, PageOrientation::Portrait, kA4, ""), RuntimeError) << name;
+  }
+  EXPECT_FALSE(std::filesystem::is_regular_file(folder_.Path("tubo")));
 }
 
 bool Reads(const QDialog& dialog, const QString& text) {
@@ -70,6 +79,12 @@ TEST_F(PrintingTest, MuteServiceIsToldItsPrintersAreOfferedOnceItAnswersAndFiles
       Press(dialog, "mbia");
       EXPECT_TRUE(Reads(dialog, "Il servizio di stampa non risponde.") && Reads(dialog, folder));
       dialog.findChild<QSpinBox*>()->setValue(3);
+      QFile inTheWay(folder);
+      EXPECT_TRUE(QDir().rmdir(folder) && inTheWay.open(QIODevice::WriteOnly));
+      dialog.accept();
+      EXPECT_TRUE(dialog.isVisible() &&
+                  Reads(dialog, "In questa cartella non si può scrivere: scegliere un'altra cartella."));
+      inTheWay.remove();
       dialog.accept();
     });
     const PrintDialogAnswer answer = printer_.ShowDialog({});
@@ -131,7 +146,8 @@ TEST_F(QueueTest, DialogAsksForCopiesWhichAreJobsOfTheirOwnThatNobodyScales) {
     dialog.findChild<QSpinBox*>("copies")->setValue(3);
     dialog.accept();
   });
-  EXPECT_THROW(device_.SelectPrinter("nessuna"), RuntimeError);
+  for (const char* none : {"nessuna", "LETTER"})
+    EXPECT_THROW(device_.SelectPrinter(none), RuntimeError) << none;
   printer_.JobTitle = "Custodia è";
   AppState state;
   Stampa(state, CoverSlots{}, printer_);
@@ -175,6 +191,13 @@ TEST_F(QueueTest, CalibrationIsTypedOnATabPrintsItsSheetWithoutItselfAndSheetsWi
     EXPECT_EQ(Calibrations().Of("uneven"), Calibration());
     const double typed[] = {181.8, 248.75, 1.5, -2};
     for (int i = 0; i < 4; ++i) fields[i]->setValue(typed[i]);
+    for (const char* half : {"0,5", "0.5"}) {
+      fields[2]->findChild<QLineEdit*>()->selectAll();
+      QTest::keyClicks(fields[2], half);
+      QTest::keyClick(fields[2], Qt::Key_Return);
+      EXPECT_EQ(Calibrations().Of("uneven").rightMm, 0.5) << half;
+    }
+    fields[2]->setValue(typed[2]);
     fields[0]->setValue(200);  // refused: the corrections stay
     EXPECT_THAT(texts(), HasSubstr("dal 95 al 105 %"));
     EXPECT_EQ(Calibrations().Of("uneven"), kMeasured);
@@ -207,7 +230,9 @@ TEST(CalibrationFile, KeepsEachPrinterAndADamagedOneCorrectsNothingAndIsToldOnce
   EXPECT_THROW(Calibrations("/proc/nessuno/taratura.ini").Keep("casa", {}), RuntimeError);
   const TemporaryFolder folder;
   const QString file = QString::fromStdString(folder.Path("prove/taratura.ini"));
-  for (const char* printer : {"Ufficio/2°", "casa"}) Calibrations(file).Keep(printer, kMeasured);
+  Calibrations one(file);
+  Calibrations(file).Keep("Ufficio/2°", kMeasured);
+  one.Keep("casa", kMeasured);  // by a program that was started before the other kept its own
   Calibrations kept(file);
   EXPECT_TRUE(kept.Of("Ufficio/2°") == kMeasured && kept.Of("casa") == kMeasured);
   EXPECT_EQ(kept.Of("altra"), Calibration());
