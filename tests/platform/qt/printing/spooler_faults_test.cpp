@@ -60,9 +60,8 @@ TEST_F(SpoolerFaults, FullDiskIsToldAndOnceThereIsRoomTheQueuePrints) {
   EXPECT_THROW(WritePdf(folder_.Path("sheet.pdf"), {}, PageOrientation::Portrait, kA4, "Prova"),
                RuntimeError);
   LimitFiles(0, 20000);  // in the middle of the photo
-  EXPECT_EQ(RunPrintProgram("--pdf sheet.pdf --picture 1='" MORVANE_SOURCE_DIR "/data/samples/fronte.jpg'")
-                .exitCode,
-            1);
+  const std::string photo = " --picture 1='" MORVANE_SOURCE_DIR "/data/samples/fronte.jpg'";
+  EXPECT_EQ(RunPrintProgram("--pdf '" + folder_.Path("sheet.pdf") + "'" + photo).exitCode, 1);
   LimitFiles(0, RLIM_INFINITY);
   EXPECT_FALSE(std::ifstream(folder_.Path("sheet.pdf")));
   LimitFiles(cups_.Process(), 100);
