@@ -45,7 +45,7 @@ void MakeFilled(const fs::path& folder, const fs::path& shipped) {
   } catch (const std::exception&) {
     std::error_code ignored;
     fs::remove_all(fresh, ignored);
-    throw;
+    if (!fs::is_directory(folder, ignored)) throw;  // else another start of the program has made it meanwhile
   }
 }
 
