@@ -65,6 +65,11 @@ void ReadLayoutFile(AppState& state, const FileSystem& files, const std::string&
   state.NomeLayout = std::filesystem::path(layout).stem().string();
   const std::string path = WindowsPath(files, layout);
   NamedAsGiven(layout, path, [&] { ReadLayout(*files.OpenForInput(path), state); });
+  if (state.NumCopertine == 0) {
+    throw RuntimeError(
+        ErrorNumber::InvalidProcedureCall,
+        "Il file di layout '" + layout + "' non contiene copertine; le righe finiscono con CR LF.");
+  }
 }
 
 void RequireCovers(const PrintArguments& arguments, const AppState& state) {
