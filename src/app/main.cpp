@@ -49,8 +49,8 @@ void RaiseFileLimit() {
 AppFolder OwnFolder() {
   const QString executableFolder = QCoreApplication::applicationDirPath();
   return FindAppFolder({.executableFolder = executableFolder.toStdString(),
-                        .dataHome = qEnvironmentVariable("XDG_DATA_HOME").toStdString(),
-                        .home = qEnvironmentVariable("HOME").toStdString(),
+                        .dataHome = qgetenv("XDG_DATA_HOME").toStdString(),
+                        .home = qgetenv("HOME").toStdString(),
                         .shippedFolder = (executableFolder + "/../share/morvane").toStdString()});
 }
 
