@@ -66,9 +66,9 @@ void ReadLayoutFile(AppState& state, const FileSystem& files, const std::string&
   const std::string path = WindowsPath(files, layout);
   NamedAsGiven(layout, path, [&] { ReadLayout(*files.OpenForInput(path), state); });
   if (state.NumCopertine == 0) {
-    throw RuntimeError(
-        ErrorNumber::InvalidProcedureCall,
-        "Il file di layout '" + layout + "' non contiene copertine; le righe finiscono con CR LF.");
+    throw RuntimeError(ErrorNumber::InvalidProcedureCall,
+                       "Il file di layout '" + layout +
+                           "' non contiene copertine. Le righe di un layout finiscono con CR LF.");
   }
 }
 
