@@ -6,8 +6,6 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 #include <stdexcept>
@@ -26,7 +24,7 @@ Part& Captioned(const QList<Part*>& parts, const std::string& caption) {
 template <typename Part>
 QString CaptionsOf(const QList<Part*>& parts) {
   QStringList captions;
-  for (const Part* const part : parts) captions << part->text();
+  for (const Part* const part : parts) captions << (part->text().isEmpty() ? "-" : part->text());
   return captions.join(" | ");
 }
 

@@ -5,7 +5,6 @@
 #include <QDragEnterEvent>
 #include <QExposeEvent>
 #include <QHelpEvent>
-#include <QMenu>
 #include <QTest>
 #include <QToolButton>
 #include <QUrl>
@@ -78,7 +77,7 @@ void Click(Scene& scene, Words words) {
 }
 
 void Point(Scene& scene, Words words) {
-  QWidget& widget = Under(scene.Named(words));
+  QWidget& widget = Under(scene.Named(words, /*getsKeyboard=*/false));
   const QPoint place = Place(widget, words);
   // The first move over a window only enters it.
   for (const QPoint& on : {place - QPoint(1, 0), place}) QTest::mouseMove(&widget, on);
@@ -134,11 +133,16 @@ void Key(Scene& scene, Words words) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return std::ranges::none_of(buttons, &QAbstractButton::isDown); }));
 }
 
-// Instead of what the box holds.
+// Instead of what the box holds; in quotes where blanks would not be seen, a row of x as 300*x.
 void Type(Scene& scene, Words words) {
   QTest::mouseClick(&Under(scene.Named(words)), Qt::LeftButton);
   QTest::keySequence(&WithKeyboard(scene), QKeySequence("Ctrl+A, Del"));
-  QTest::keyClicks(&WithKeyboard(scene), words.rest);
+  QString text = words.rest;
+  if (text.startsWith('"'))
+    text = text.mid(1, text.size() - 2);
+  else if (text.contains('*'))
+    text = text.section('*', 1).repeated(text.section('*', 0, 0).toInt());
+  QTest::keyClicks(&WithKeyboard(scene), text);
 }
 
 void HoldKey(Scene& scene, Words words) {
@@ -161,7 +165,7 @@ void Uncover(Scene& scene, const QRegion& region) {
 
 // It comes, and uncovers its place when it goes.
 void ShowTip(Scene& scene, Words words) {
-  QWidget& control = Hand::See(scene.Named(words));
+  QWidget& control = Hand::See(scene.Named(words, /*getsKeyboard=*/false));
   QHelpEvent pause(QEvent::ToolTip, control.rect().center(), control.mapToGlobal(control.rect().center()));
   QApplication::sendEvent(&control, &pause);
   QWidget& tip = *control.findChild<QWidget*>("qtooltip_label");
@@ -251,7 +255,7 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     {"copies", [](Scene& s, Words w) { s.machine.Device.Answers.push_back({w.rest != "none", std::max(w.rest.toInt(), 1)}); }},
 
     // Boxes, prompts, choosers and menus.
-    {"answer", [](Scene& s, Words w) { s.windows.Answers.push_back(w.All()); }},
+    {"answer", [](Scene& s, Words w) { s.windows.Answers.push_back(w.rest == "Esc" ? "" : w.All()); }},
 
     // The program and its main window.
     {"start", [](Scene& s, Words) { s.windows.ShowMain(s.program.form1.form); }},
@@ -272,6 +276,8 @@ const std::map<QString, Deed> kDeedsOfTheHand = {
     // row > row: pressed on one, let go on the other
     {"slide", Slide},
     {"type", Type},
+    // in the layout editor: what was typed is taken over and saved, the next cover comes and this one again
+    {"save-and-come-back", [](Scene& s, Words) { for (auto* deed : {"key Return", "press Command5", "press Command4", "press Command3"}) s.Do(deed); }},
     // "\\t" is a tab
     {"copy", [](Scene&, Words w) { QGuiApplication::clipboard()->setText(w.rest.replace("\\t", "\t")); }},
     // several are parted by commas

@@ -1,6 +1,5 @@
 #include <malloc.h>
 
-#include <QAccessible>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTest>
@@ -17,7 +16,7 @@ namespace {
 
 using Scene = Transcript;
 
-// All that a key leads to, as it is spoken.
+// All that a key leads to; what has no name by its caption.
 void Walk(Scene& scene, Words words) {
   const Qt::Key key = QKeySequence(words.rest)[0].key();
   QWidget& window = Hand::See(scene.Top());
@@ -25,8 +24,8 @@ void Walk(Scene& scene, Words words) {
   QStringList told;
   while (window.focusWidget() != nullptr && !stops.contains(window.focusWidget())) {
     stops << window.focusWidget();
-    const QString spoken = QAccessible::queryAccessibleInterface(stops.back())->text(QAccessible::Name);
-    told << stops.back()->objectName() + " \"" + spoken + "\"";
+    const QString name = stops.back()->objectName();
+    told << (name.isEmpty() ? '"' + stops.back()->property("text").toString() + '"' : name);
     QTest::keyClick(stops.back(), key);
   }
   scene.Show(Wrapped("    ", told));

@@ -77,9 +77,9 @@ void Before(Scene& scene, Words words) {
 
 void RunPrintProgram(Scene& scene, Words words) {
   const ProgramRun run = Run(scene, "'" MORVANE_PRINT "' " + words.All());
-  scene.Show(QString("  ends with %1").arg(run.exitCode));
-  for (const QString& line : QString::fromStdString(run.errors).split('\n', Qt::SkipEmptyParts))
-    scene.Show("  tells: " + line);
+  QStringList told = QString::fromStdString(run.errors).split('\n', Qt::SkipEmptyParts);
+  told.prepend(QString("  ends with %1").arg(run.exitCode));
+  scene.Show(told.join(told.size() == 2 ? ", tells: " : "\n  tells: "));
 }
 
 QByteArray PictureFile(const QString& size) {

@@ -10,18 +10,6 @@ namespace {
 
 const char* const kFooter = "Stampato con 'Morvane' - http://www.morvane.example";
 
-QString Mm(double twips) {
-  return QString::number(static_cast<double>(qRound64(twips / kTwipsPerMillimetre * 1000)) / 1000, 'f', 3);
-}
-
-QString Pair(double a, const char* between, double b) {
-  return Mm(a) + between + Mm(b);
-}
-
-QString Place(const TwipsBox& box) {
-  return Pair(box.left, ",", box.top) + " " + Pair(box.width, "x", box.height);
-}
-
 QString Coloured(const QString& shape, Color color) {
   const QString name = QColor(color.red, color.green, color.blue).name();
   return name == "#000000" ? shape : shape + " " + name;
@@ -30,6 +18,8 @@ QString Coloured(const QString& shape, Color color) {
 // Puts a drawing into words, shape by shape.
 class Writer {
  public:
+  explicit Writer(int decimals) : decimals_(decimals) {}
+
   void operator()(const LineShape& line) {
     Add("line " + Pair(line.x1, ",", line.y1) + " to " + Pair(line.x2, ",", line.y2), line.color);
   }
@@ -56,6 +46,12 @@ class Writer {
   }
 
  private:
+  QString Mm(double twips) const { return QString::number(twips / kTwipsPerMillimetre, 'f', decimals_); }
+  QString Pair(double a, const char* between, double b) const { return Mm(a) + between + Mm(b); }
+  QString Place(const TwipsBox& box) const {
+    return Pair(box.left, ",", box.top) + " " + Pair(box.width, "x", box.height);
+  }
+
   void Add(const QString& shape, Color color = {}) {
     End();
     lines_ << Coloured(shape, color);
@@ -76,8 +72,9 @@ class Writer {
     QString line = "text " + Pair(first.left, ",", first.top);
     if (column_.size() > 1) line += " down to " + Mm(column_.back().top) + " by " + Mm(Step());
     const Font& font = first.font;
-    line += QString(" %1 %2").arg(font.name.c_str()).arg(font.size) + (font.bold ? " bold" : "") +
-            (font.italic ? " italic" : "") + (font.underline ? " underlined" : "");
+    line += QString(" %1 %2").arg(font.name.c_str()).arg(font.size, 0, 'g', 2 * decimals_) +
+            (font.bold ? " bold" : "") + (font.italic ? " italic" : "") +
+            (font.underline ? " underlined" : "");
     QStringList words;
     for (const TextShape& text : column_) {
       words << '"' + QString::fromStdString(text.text == kFooter ? "(the footer)" : text.text) + '"';
@@ -87,14 +84,15 @@ class Writer {
     column_.clear();
   }
 
+  const int decimals_;
   QStringList lines_;
   std::vector<TextShape> column_;  // while it grows
 };
 
 }  // namespace
 
-QStringList ShapesAsText(const DrawingList& drawing) {
-  Writer writer;
+QStringList ShapesAsText(const DrawingList& drawing, int decimals) {
+  Writer writer(decimals);
   for (const Shape& shape : drawing) std::visit(writer, shape);
   return writer.Lines();
 }

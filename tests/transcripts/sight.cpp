@@ -97,7 +97,7 @@ QString NameOf(const QCursor* pointer) {
 QStringList Shown(const Control& control, const QWidget& widget) {
   if (const auto* const view = qobject_cast<const QAbstractItemView*>(&widget)) return RowsOf(*view);
   if (const auto* const box = dynamic_cast<const PictureBox*>(&control))
-    return ShapesAsText(box->Surface.Drawing());
+    return ShapesAsText(box->Surface.Drawing(), 2);
   if (const auto* const image = dynamic_cast<const ImageBox*>(&control); image && image->GetPicture()) {
     const PicturePtr& picture = image->GetPicture();
     return {QString("picture of %1 x %2 twips").arg(picture->WidthTwips()).arg(picture->HeightTwips())};
@@ -138,27 +138,27 @@ QStringList OnPaper(const QString& file) {
   lines << QString("pictures %1").arg(AnswerOf("pdfimages", {"-list", file}).size() - kHeadings);
   for (const QString& font : AnswerOf("pdffonts", {file}).mid(kHeadings))
     lines << font.section(' ', 0, 0).section('+', -1);
-  QStringList points;  // in thirds, as fine as the program tells them
+  QStringList points;  // in halves, as fine as the program tells them
   for (const QString& line :
-       AnswerOf("pdftohtml", {"-xml", "-stdout", "-i", "-l", "1", "-zoom", "3", file}).filter("<fontspec"))
-    points << QString::number(line.section('"', 3, 3).toInt() / 3.0, 'f', 1);
+       AnswerOf("pdftohtml", {"-xml", "-stdout", "-i", "-l", "1", "-zoom", "2", file}).filter("<fontspec"))
+    points << QString::number(line.section('"', 3, 3).toInt() / 2.0);
   if (points.removeDuplicates(); points.size() > 1) lines << "points " + points.join(' ');
-  return lines + texts;
+  return {lines.join(" | "), texts.join(" | ")};
 }
 
 QStringList LinesOf(const std::filesystem::path& file) {
   if (std::filesystem::is_directory(file)) return {"folder"};
-  const std::string suffix = file.extension().string();
-  QFile bytes(QString::fromStdString(file.string()));
+  const QString name = QString::fromStdString(file.string());
+  QFile bytes(name);
   if (!bytes.open(QIODevice::ReadOnly)) return {"closed to all"};
   if (bytes.peek(4) == "%PDF") {
     // Read once: all files are looked at after each deed.
     static std::map<std::pair<std::filesystem::path, std::filesystem::file_time_type>, QStringList> known;
     QStringList& lines = known[{file, std::filesystem::last_write_time(file)}];
-    if (lines.isEmpty()) lines = OnPaper(bytes.fileName());
+    if (lines.isEmpty()) lines = OnPaper(name);
     return lines;
   }
-  if (suffix != ".mvne" && suffix != ".ini") return {QString("%1 bytes").arg(bytes.size())};
+  if (!name.endsWith(".mvne") && !name.endsWith(".ini")) return {QString("%1 bytes").arg(bytes.size())};
   QStringList lines = QString::fromLatin1(bytes.readAll()).split("\r\n", Qt::SkipEmptyParts);
   lines.removeIf([](const QString& line) { return line.startsWith(';'); });  // remarks
   return lines;
@@ -206,6 +206,9 @@ Sight LookAt(const Form& form) {
     if (!tool->toolTip().isEmpty()) sight["window tips"] << tool->toolTip();
     if (!tool->isEnabled()) sight[tool->parent()->objectName()] << "without " + tool->objectName();
   }
+  if (const auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget()))
+    for (const QAction* const entry : menu->actions())
+      sight["menu"] << (entry == menu->activeAction() ? "> " : "") + entry->text();
   const QWidget* const focused = QApplication::focusWidget();
   sight["keyboard"] = {focused == nullptr ? "" : focused->objectName()};
   return sight;
@@ -215,7 +218,7 @@ QStringList UnseenIn(const Form& form) {
   Sight sight = LookAt(form);
   for (const auto* const part : Hand::See(form).findChildren<QWidget*>()) {
     const QString name = part->accessibleName();
-    if (!name.isEmpty()) sight["window spoken"] << part->objectName() + " \"" + name + '"';
+    if (!name.isEmpty()) sight["window spoken"] << (part->objectName() + " \"" + name + '"').trimmed();
   }
   QStringList told;
   for (const char* const unseen : {"window frame", "window hands", "window tips", "window spoken"})

@@ -7,9 +7,9 @@ namespace Morvane {
 namespace {
 
 constexpr qsizetype kLine = 120;  // characters
-constexpr qsizetype kShort = 44;
+constexpr qsizetype kShort = 50;
 constexpr qsizetype kWhole = 3 * kLine;  // of rows and texts that are told again as a whole
-constexpr qsizetype kMostLines = 3;      // of what is new
+constexpr qsizetype kMostLines = 4;      // of what is new
 constexpr qsizetype kMostWords = 20;     // of a column that is told in full
 constexpr qsizetype kMostSettings = 40;
 
@@ -29,10 +29,11 @@ bool AnyStartsWith(const QStringList& lines, const QString& start) {
   return std::ranges::any_of(lines, [&](const QString& line) { return line.startsWith(start); });
 }
 
-// Of what is too long to read the first items and the last.
+// Of what is too long to read the first items and the last, and a digest of the others.
 QStringList Readable(const QStringList& items, qsizetype most) {
   if (items.size() <= most) return items;
-  return items.first(3) + QStringList{QString("%1 more").arg(items.size() - 4), items.back()};
+  const QStringList others = items.mid(3, items.size() - 4);
+  return items.first(3) << QString("%1 more, %2").arg(others.size()).arg(Digest(others)) << items.back();
 }
 
 // What a line is about, where it is a setting, a measure or a menu's entry.
@@ -52,8 +53,9 @@ QString NewSettings(const QString& head, const QStringList& before, const QStrin
 QString NewLines(const QString& head, const QStringList& before, const QStringList& after) {
   const QStringList added = Less(after, before);
   QStringList told = {head + QString("%1 in all, %2").arg(after.size()).arg(Digest(after))};
-  told << InFull(added.mid(0, kMostLines));
-  if (added.size() > kMostLines) told << kDetail + QString("%1 more").arg(added.size() - kMostLines);
+  const qsizetype shown = added.size() > kMostLines ? kMostLines - 1 : added.size();
+  told << InFull(added.first(shown));
+  if (added.size() > shown) told << kDetail + QString("%1 more").arg(added.size() - shown);
   if (added.isEmpty()) told << kDetail + QString("%1 gone").arg(Less(before, after).size());
   return told.join('\n');
 }
@@ -63,9 +65,12 @@ QString Change(const QString& name, const QStringList& before, const QStringList
   const bool isKeyed = name == "window menu" || name.endsWith(".mvne") || name.endsWith(".ini");
   if (isKeyed && after.size() > 1) return NewSettings(head, before, after);
   const qsizetype size = after.join(" | ").size();
-  const bool isDrawing = name.startsWith("Picture");
-  if (head.size() + size > kLine && (isDrawing || size > kWhole)) return NewLines(head, before, after);
-  return Wrapped(head, after.isEmpty() ? QStringList("-") : after);
+  const qsizetype most = name.startsWith("Picture") ? 2 * kLine : kWhole;
+  if (head.size() + size > most) return NewLines(head, before, after);
+  QStringList values = after.join(" | ").split(" | ");
+  for (QString& value : values)
+    if (value.isEmpty() || values.size() == 1) value = Quoted(value);
+  return Wrapped(head, values);
 }
 
 }  // namespace
@@ -81,10 +86,15 @@ QString Wrapped(const QString& head, const QStringList& items, const QString& in
   return text;
 }
 
+QString Quoted(const QString& value) {
+  return value.isEmpty() ? "-" : value.trimmed() == value ? value : '"' + value + '"';
+}
+
 QStringList InFull(const QStringList& lines) {
   QStringList told;
   for (const QString& line : lines)
-    told << Wrapped(kDetail, Readable(line.split(" | "), kMostWords), kDetail + kDetail);
+    told << Wrapped(kDetail, Readable((line.isEmpty() ? "-" : line).split(" | "), kMostWords),
+                    kDetail + kDetail);
   return told;
 }
 

@@ -18,6 +18,8 @@ QStringList FirstSight(const Sight& window);
 QStringList BesideUsual(const QStringList& told, const QStringList& usual);
 // Told things, the short ones beside each other.
 QStringList Beside(const QStringList& told);
+// In quotes where a blank at an end would not be seen; "-" for nothing.
+QString Quoted(const QString& value);
 // All lines of a drawing or a text.
 QStringList InFull(const QStringList& lines);
 // Items between bars, on as many lines as it takes.

@@ -19,7 +19,7 @@ namespace {
 const char* const kFirstSights = "first_sights";
 const QString kRepeat = "> repeat";
 const QString kSpoken = "  # ";
-constexpr qsizetype kMostSpoken = 40;
+constexpr qsizetype kMostSpoken = 40;  // characters, of further controls half as many
 
 bool HasHome(const std::string& scene) {
   return scene.ends_with("_windows") || scene == "image_picker/home";
@@ -96,22 +96,21 @@ void Transcript::LearnWhatIsUsual() {
   for (const QString& line : HeldLines(kFirstSights)) {
     if (line.startsWith('>') || line.startsWith('['))
       of = usual_.contains(line) ? "what comes later" : line;
-    else if (line.startsWith("    "))
+    else if (line.startsWith("    ") && !usual_[of].isEmpty())
       usual_[of].back() += '\n' + line;
     else if (line.startsWith(' '))
       usual_[of] << line;
   }
 }
 
-Control& Transcript::Named(Words& words) {
+Control& Transcript::Named(Words& words, bool getsKeyboard) {
   Control& control = The(Top(), words.Path());
-  QWidget& widget = Hand::See(control);
-  if (const auto told = windows_.find(top_); told != windows_.end())
-    told->second["keyboard"] = {widget.objectName()};  // where it belongs now
-  if (!seen_.at(deed_).contains(kSpoken)) {
-    const QString name = QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name).remove('&');
-    seen_[deed_] += kSpoken + (name.size() > kMostSpoken ? name.first(kMostSpoken).trimmed() + "..." : name);
-  }
+  const QString name = QAccessible::queryAccessibleInterface(&Hand::See(control))->text(QAccessible::Name);
+  const bool isFurther = seen_.at(deed_).contains(kSpoken);
+  const QString start = name.left(isFurther ? kMostSpoken / 2 : kMostSpoken).trimmed();
+  if (!start.isEmpty() && !seen_.at(deed_).section(kSpoken, 1).contains(start))
+    seen_[deed_] += (isFurther ? ", " : kSpoken) + start + (start == name ? "" : "...");
+  if (getsKeyboard) windows_[Top().Name()]["keyboard"] = {QString::fromStdString(control.Name())};
   return control;
 }
 
@@ -127,6 +126,10 @@ QStringList Transcript::Play() {
     QApplication::exit();
   });
   QApplication::exec();
+  static const QRegularExpression row("(.)\\1{99,}");  // is told as "300*x"
+  for (QString& line : seen_)
+    for (auto found = row.match(line); found.hasMatch(); found = row.match(line))
+      line.replace(found.captured(), QString("%1*%2").arg(found.capturedLength()).arg(found.captured(1)));
   return seen_;
 }
 
@@ -156,9 +159,9 @@ void Transcript::PlayModal(Form& form) {
   Form* const below = top_;
   if (!silent_) PlayIn(&form);
   top_ = below;
-  if (form.Visible() && !silent_) seen_ << "  is still open";
+  cut_ = form.Visible() && !silent_ && lines_.empty();
+  if (form.Visible() && !silent_ && !cut_) seen_ << "  is still open";
   if (form.Visible()) window.close();
-  if (form.Unloaded()) windows_.erase(&form);
 }
 
 void Transcript::Perform(const QString& deed) {
@@ -231,18 +234,18 @@ void Transcript::ReportTheWorld() {
 void Transcript::ReportTheWindow() {
   const Sight now = LookAt(*top_);
   const QString name = "[" + QString::fromStdString(top_->Name()) + "]";
-  if (name != std::exchange(reported_, name)) seen_ << name;
-  const auto before = windows_.find(top_);
+  const auto before = windows_.find(top_->Name());
   const QStringList told =
       before == windows_.end() ? BesideUsual(FirstSight(now), usual_[name]) : Changes(before->second, now);
+  if (name != std::exchange(reported_, name) && !(cut_ && told.isEmpty())) seen_ << name;
   if (!told.isEmpty()) ExpectShownAsItIs(*top_);
   seen_ << (scene_ == kFirstSights ? told : Beside(told));
-  windows_[top_] = now;
+  windows_[top_->Name()] = now;
 }
 
 void Transcript::Tell(const std::string& what, const std::string& text) {
   const QString line = QString::fromStdString(text).replace("\r\n", " / ").replace('\n', " / ");
-  seen_ << QString("  %1: %2").arg(what.c_str(), line);
+  seen_ << QString("  %1: %2").arg(what.c_str(), Quoted(line));
 }
 
 }  // namespace Morvane

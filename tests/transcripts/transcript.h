@@ -33,7 +33,8 @@ struct Words {
 // then seen to have changed. The scene is played anew and must read the same. A deed that opens a window goes
 // on in it: the deeds below are done there until it is closed, or until one of the main window's commands
 // comes. The scene first_sights tells what each window shows at first on an empty machine; others tell only
-// what is different there.
+// what is different there, and of a window that comes again only what is different from when it was seen
+// last.
 class Transcript {
  public:
   explicit Transcript(std::string scene);
@@ -48,7 +49,7 @@ class Transcript {
   void Perform(const QString& deed);  // at once, whatever comes of it
   void Repeat(int times, const QStringList& deeds);
   Form& Top() const { return top_ != nullptr ? *top_ : throw std::logic_error("no window is there yet"); }
-  Control& Named(Words& words);
+  Control& Named(Words& words, bool getsKeyboard = true);
   void Show(const QString& line) { seen_ << line; }
 
   TestMachine machine;
@@ -84,8 +85,9 @@ class Transcript {
   Form* top_ = nullptr;
   QString reported_;
   bool ended_ = false;
-  bool silent_ = false;  // windows that open are closed at once
-  std::map<const Form*, Sight> windows_;
+  bool cut_ = false;                      // by the end of the text, in an open window
+  bool silent_ = false;                   // windows that open are closed at once
+  std::map<std::string, Sight> windows_;  // as they were seen last
   Sight around_;
 };
 

@@ -1,5 +1,7 @@
 #include "transcript.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
@@ -15,11 +17,15 @@ class Scenes : public testing::TestWithParam<std::string> {};
 TEST_P(Scenes, ReadTheSame) {
   static std::string playing;
   playing = GetParam();
-  std::signal(SIGSEGV, [](int signal) {
-    std::cout << playing << " crashes\n" << std::flush;
-    std::signal(signal, SIG_DFL);
-  });
+  for (const int death : {SIGSEGV, SIGABRT, SIGALRM})
+    std::signal(death, [](int signal) {
+      std::cout << playing << (signal == SIGALRM ? " hangs\n" : " crashes\n") << std::flush;
+      std::signal(signal, SIG_DFL);
+      std::raise(signal);
+    });
+  alarm(240);  // seconds, where the longest scene takes six
   ExpectText(PathOf(playing), Transcript(playing).Play().join('\n').toStdString() + '\n');
+  alarm(0);
 }
 
 std::vector<std::string> All() {
