@@ -162,20 +162,6 @@ void Form1::Imma(int indi) {
   Ridisegna();
 }
 
-void Form1::Front() {
-  Imma(0);
-}
-
-// Unlike Imma, a bad picture file leaves the slot as it was without a message.
-void Form1::Back() {
-  openers_.frmAbout();
-  if (!state_.ImmagineScelta.empty()) {
-    ResumeNext([&] { slots_.Image1[1] = platform_.pictures.LoadPicture(state_.ImmagineScelta); });
-  }
-  platform_.windows.DoEvents();
-  ResumeNext([&] { Ridisegna(); });
-}
-
 void Form1::Picture1_MouseDown(MouseButton button, double x, double y) {
   // Where covers overlap, the picker opens once for each of them, in order, whatever the others' pictures
   // are.

@@ -50,8 +50,6 @@ class Form1 {
   // Lets the user pick the picture of a slot. RuntimeError InvalidPicture and the like; the slot then keeps
   // what it held.
   void Imma(int indi);
-  void Front();
-  void Back();
 
   void Picture1_MouseDown(MouseButton button, double x, double y);
   bool Picture1_DragOver(double x, double y);

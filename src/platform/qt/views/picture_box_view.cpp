@@ -13,7 +13,6 @@
 
 #include "platform/controls/picture_box.h"
 #include "platform/qt/painting/drawing_painter.h"
-#include "platform/qt/pictures/artwork.h"
 #include "platform/qt/pictures/picture_cache.h"
 #include "platform/qt/views/dragged_pictures.h"
 #include "platform/qt/views/view_text.h"
@@ -172,9 +171,6 @@ Pixels PictureBoxView::PixelsFor(QSize painted) {
 
 void PictureBoxView::Draw(QPainter& painter) {
   if (model_.PaperBackground) painter.fillRect(widget_.rect(), Qt::white);
-  if (!model_.ImageKey().empty()) {
-    painter.drawPixmap(0, 0, ArtworkPixmap(model_.ImageKey(), widget_.size(), widget_.devicePixelRatioF()));
-  }
   painter.save();
   painter.scale(1 / ToTwips(1), 1 / ToTwips(1));
   PaintDrawing(painter, model_.Surface.Drawing(), Context().painted, PixelsFor(widget_.size()));
