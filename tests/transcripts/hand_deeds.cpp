@@ -205,7 +205,8 @@ void Carry(Scene& scene, Words words) {
     if (isPage)
       scene.Dragged.setData(what, what == "image/bmp" ? PictureFile("50x25") : "?");
     else
-      urls << QUrl::fromLocalFile(scene.machine.Files->ToNative((from + "\\" + what).toStdString()).c_str());
+      urls << QUrl("file://" + QString::fromStdString(scene.machine.Files->ToNative(from.toStdString())) +
+                   "/" + what);
   }
   scene.Dragged.setUrls(urls);
 }

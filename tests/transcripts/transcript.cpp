@@ -244,7 +244,8 @@ void Transcript::ReportTheWindow() {
 }
 
 void Transcript::Tell(const std::string& what, const std::string& text) {
-  const QString line = QString::fromStdString(text).replace("\r\n", " / ").replace('\n', " / ");
+  QString line = QString::fromStdString(text).replace("\r\n", " / ").replace('\n', " / ");
+  line.remove(QString::fromStdString(machine.Root.Path()));
   seen_ << QString("  %1: %2").arg(what.c_str(), Quoted(line));
 }
 

@@ -68,6 +68,20 @@ TEST(QtTextMetricsTest, NoLineIsPaintedInTheStyleOfAnother) {
   EXPECT_EQ(Painted(lines, 240), forwards);
 }
 
+TEST(PictureCacheTest, AboveTheLimitThePictureThatWasNotAskedForLongestIsDecodedAnew) {
+  const QImage image(40, 40, QImage::Format_RGB32);
+  PicturePtr pictures[3];
+  for (PicturePtr& one : pictures) one = std::make_shared<FilePicture>(QByteArray(), image.size(), image);
+  PictureCache holdsTwo(2 * 20 * 20 * 4);
+  const auto ask = [&](int n) { return holdsTwo.Image(pictures[n], {20, 20}).cacheKey(); };
+  const qint64 first = ask(0);
+  const qint64 second = ask(1);
+  EXPECT_EQ(ask(0), first);
+  ask(2);
+  EXPECT_EQ(ask(0), first);
+  EXPECT_NE(ask(1), second);
+}
+
 // The machine may have the same family from two makers.
 TEST(QtFontCatalogTest, FamiliesAndStandInsAreListedOnceAndPrintable) {
   QFile font(QFileInfo(MORVANE_FONTS).dir().filePath("LiberationSerif-Regular.ttf"));
