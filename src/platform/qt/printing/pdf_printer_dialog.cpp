@@ -7,6 +7,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
 
@@ -21,17 +22,18 @@ PdfPrinterDialog::PdfPrinterDialog(const QString& reason, const QString& folder,
     : QDialog(parent),
       folder_(folder),
       copies_(new QSpinBox(this)),
-      folderLabel_(new QLabel(this)),
+      folderLine_(new QLineEdit(this)),
       message_(new QLabel(this)) {
   setWindowTitle("Stampa");
   copies_->setRange(1, kMostCopies);
-  folderLabel_->setText(QDir::toNativeSeparators(folder_));
-  folderLabel_->setTextFormat(Qt::PlainText);
+  folderLine_->setText(folder_);
+  folderLine_->setReadOnly(true);
+  folderLine_->setAccessibleName("Cartella");
 
   auto* change = new QPushButton("C&ambia...", this);
   connect(change, &QPushButton::clicked, this, [this] { ChooseFolder(); });
   auto* folderRow = new QHBoxLayout;
-  folderRow->addWidget(folderLabel_, 1);
+  folderRow->addWidget(folderLine_, 1);
   folderRow->addWidget(change);
 
   auto* buttons = new QDialogButtonBox(this);
@@ -65,7 +67,7 @@ void PdfPrinterDialog::ChooseFolder() {
   const QString chosen = QFileDialog::getExistingDirectory(this, "Cartella dei file PDF", folder_);
   if (chosen.isEmpty()) return;
   folder_ = chosen;
-  folderLabel_->setText(QDir::toNativeSeparators(folder_));
+  folderLine_->setText(folder_);
   message_->clear();
 }
 

@@ -4,6 +4,7 @@
 #include <QString>
 
 class QLabel;
+class QLineEdit;
 class QSpinBox;
 
 namespace Morvane {
@@ -24,7 +25,7 @@ class PdfPrinterDialog : public QDialog {
 
   QString folder_;
   QSpinBox* copies_;
-  QLabel* folderLabel_;
+  QLineEdit* folderLine_;  // a long path scrolls in it
   QLabel* message_;
 };
 

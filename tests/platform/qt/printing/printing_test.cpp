@@ -53,14 +53,15 @@ TEST_F(PrintingTest, JobsWithoutAPrinterAreNumberedFilesNamedAfterTheirTitle) {
   EXPECT_FALSE(std::filesystem::is_regular_file(folder_.Path("tubo")));
 }
 
+template <typename Widget = QLabel>
 bool Reads(const QDialog& dialog, const QString& text) {
-  const auto labels = dialog.findChildren<QLabel*>();
-  return std::any_of(labels.begin(), labels.end(), [&](auto* label) { return label->text() == text; });
+  const auto widgets = dialog.findChildren<Widget*>();
+  return std::any_of(widgets.begin(), widgets.end(), [&](auto* widget) { return widget->text() == text; });
 }
 
 TEST_F(PrintingTest, MuteServiceIsToldItsPrintersAreOfferedOnceItAnswersAndFilesOnceTheLastIsGone) {
   const QString before = QString::fromStdString(folder_.Path());
-  const QString folder = before + "/altra";
+  const QString folder = before + "/" + QString(200, 'a');
   QDir().mkpath(folder);
   device_.SetPdfFolder(before);
   {
@@ -75,9 +76,11 @@ TEST_F(PrintingTest, MuteServiceIsToldItsPrintersAreOfferedOnceItAnswersAndFiles
         line.setText(folder);
         QTest::keyClick(&line, Qt::Key_Return);
       });
-      EXPECT_TRUE(Reads(dialog, before));
+      EXPECT_TRUE(Reads<QLineEdit>(dialog, before));
       Press(dialog, "mbia");
-      EXPECT_TRUE(Reads(dialog, "Il servizio di stampa non risponde.") && Reads(dialog, folder));
+      EXPECT_TRUE(Reads(dialog, "Il servizio di stampa non risponde."));
+      EXPECT_TRUE(Reads<QLineEdit>(dialog, folder));
+      EXPECT_LT(dialog.sizeHint().width(), 800);
       dialog.findChild<QSpinBox*>()->setValue(3);
       QFile inTheWay(folder);
       EXPECT_TRUE(QDir().rmdir(folder) && inTheWay.open(QIODevice::WriteOnly));
