@@ -5,7 +5,6 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
-#include <QLibraryInfo>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMetaObject>
@@ -39,8 +38,6 @@ QString TitleOr(const std::string& title) {
 }  // namespace
 
 QtWindowSystem::QtWindowSystem(FileSystem& files) : files_(files) {
-  if (italian_.load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    QApplication::installTranslator(&italian_);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(ArtworkIcon("morvane"));
   QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &events_,
