@@ -5,6 +5,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStringListModel>
+#include <QStyledItemDelegate>
 #include <QTimer>
 
 #include "platform/controls/list_box.h"
@@ -12,6 +13,14 @@
 
 namespace Morvane {
 namespace {
+
+// A row as wide as the list. Of a longer name the middle goes, since names are told apart by their ends.
+class Row : public QStyledItemDelegate {
+ public:
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return {0, QStyledItemDelegate::sizeHint(option, index).height()};
+  }
+};
 
 class ListBoxView : public WidgetView<ListBox, OneSelected<QListView>> {
  public:
@@ -29,6 +38,7 @@ class ListBoxView : public WidgetView<ListBox, OneSelected<QListView>> {
   void FollowUser();
 
   QStringListModel rows_;
+  Row row_;
   QTimer refresh_;  // thousands of added rows are one change to the widget
   bool stale_ = false;
   bool userSelects_ = false;
@@ -38,6 +48,8 @@ ListBoxView::ListBoxView(ListBox& model, QWidget& parent, const ViewContext& con
     : WidgetView(model, parent, context) {
   widget_.setModel(&rows_);
   widget_.setUniformItemSizes(true);
+  widget_.setTextElideMode(Qt::ElideMiddle);
+  widget_.setItemDelegate(&row_);
   widget_.setEditTriggers(QAbstractItemView::NoEditTriggers);
   refresh_.setSingleShot(true);
   refresh_.setInterval(0);
