@@ -3,8 +3,10 @@
 #include <QHeaderView>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QTimer>
 #include <QTreeWidget>
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <string>
@@ -25,7 +27,23 @@ struct NodeItem : QTreeWidgetItem {
   TreeNode& node;
 };
 
-class NodeTreeView : public WidgetView<TreeView, OneSelected<QTreeWidget>> {
+// The toolkit scrolls to a row up and down only. A name deep in the tree comes into sight too, as much of it
+// as half the width holds.
+class DeepTree : public OneSelected<QTreeWidget> {
+ public:
+  using OneSelected::OneSelected;
+
+  void scrollTo(const QModelIndex& index, ScrollHint hint) override {
+    OneSelected::scrollTo(index, hint);
+    const int room = viewport()->width();
+    const int left = visualRect(index).left();
+    const int hidden = left + sizeHintForIndex(index).width() - room;
+    QScrollBar& bar = *horizontalScrollBar();
+    bar.setValue(bar.value() + std::clamp(hidden, 0, std::max(0, left - room / 2)));
+  }
+};
+
+class NodeTreeView : public WidgetView<TreeView, DeepTree> {
  public:
   NodeTreeView(TreeView& model, QWidget& parent, const ViewContext& context);
 
