@@ -1,10 +1,12 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
 #include "platform/controls/picture_box.h"
+#include "platform/qt/desktop/qt_screen.h"
 #include "platform/qt/desktop/qt_window_system.h"
 #include "platform/qt/pictures/qt_picture.h"
 #include "tests/support/test_machine.h"
@@ -80,6 +82,22 @@ TEST_F(FormViewTest, PicturesAreSharpAgainOnceTheSizeStays) {
   draw(3000);
   EXPECT_NE(seen(), large);
   EXPECT_TRUE(QTest::qWaitFor([&] { return seen() == large; }));
+}
+
+TEST_F(FormViewTest, WindowsOpenOnTheScreenThatTheUserWorksOn) {
+  Screen screen;
+  FollowDesktop(screen);
+  windows.ShowMain(form);
+  QApplication::processEvents();
+  const QRect other = QGuiApplication::screens().back()->geometry();
+  QApplication::activeWindow()->move(other.topLeft() + QPoint(100, 100));
+  Form inner({.name = "Inner", .caption = "Dentro", .clientWidth = 3000, .clientHeight = 1500});
+  inner.Load = [&] { inner.CentreOn(screen); };
+  QTimer::singleShot(50, qApp, [&] {
+    EXPECT_NEAR(QApplication::activeModalWidget()->geometry().center().x(), other.center().x(), 10);
+    inner.UnloadForm();
+  });
+  windows.ShowModal(inner);
 }
 
 }  // namespace

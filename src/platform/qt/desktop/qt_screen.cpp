@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
 
 #include "platform/qt/pictures/artwork.h"
 #include "platform/qt/views/view_text.h"
@@ -18,7 +19,9 @@ QCursor CursorFor(const Screen& screen) {
 }  // namespace
 
 QRect Desk() {
-  return QGuiApplication::primaryScreen()->availableGeometry();
+  const QWindow* const inUse = QGuiApplication::focusWindow();
+  const QScreen* const screen = inUse == nullptr ? QGuiApplication::primaryScreen() : inUse->screen();
+  return screen->availableGeometry();
 }
 
 void FollowDesktop(Screen& screen) {

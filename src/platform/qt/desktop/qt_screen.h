@@ -6,7 +6,7 @@
 
 namespace Morvane {
 
-// What windows may cover of the primary screen, in logical pixels.
+// What windows may cover of the screen that the user works on, at first the primary one, in logical pixels.
 QRect Desk();
 
 // From now on the screen has the size of the desktop's, and its pointer is shown over all windows.
