@@ -21,7 +21,7 @@ struct Row {
 
 // In the order of kCalibrationFields.
 constexpr Row kRows[] = {
-    {"La riga &orizzontale di %1 mm misura", "Da %2 a %3 mm"},
+    {"&La riga orizzontale di %1 mm misura", "Da %2 a %3 mm"},
     {"La riga &verticale di %1 mm misura", "Da %2 a %3 mm"},
     {"La croce è più a &destra di", "Fino a %3 mm; più a sinistra: con il meno"},
     {"La croce è più in &basso di", "Fino a %3 mm; più in alto: con il meno"},
