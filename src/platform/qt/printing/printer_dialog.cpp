@@ -3,12 +3,40 @@
 #include <QAbstractButton>
 #include <QChildEvent>
 #include <QDialogButtonBox>
+#include <QLayout>
 #include <QPrinter>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <QTabWidget>
+#include <QTimer>
 
 #include "platform/qt/printing/printer_sheet.h"
 #include "platform/qt/printing/toolkit_names.h"
 
 namespace Morvane {
+namespace {
+
+// The printer's properties are higher than a small screen, or a large one at a large scale. There all but the
+// buttons scrolls.
+void FitScreen(QDialog& properties) {
+  auto* const tabs = properties.findChild<QTabWidget*>();
+  const QStyle& style = *properties.style();
+  const QRect desk = properties.screen()->availableGeometry();
+  const int room = desk.height() - style.pixelMetric(QStyle::PM_TitleBarHeight);
+  if (tabs == nullptr || properties.sizeHint().height() <= room) return;
+  auto* const area = new QScrollArea(tabs->parentWidget());
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidgetResizable(true);
+  area->setMinimumWidth(tabs->sizeHint().width() + style.pixelMetric(QStyle::PM_ScrollBarExtent));
+  const std::unique_ptr<QLayoutItem> before(tabs->parentWidget()->layout()->replaceWidget(tabs, area));
+  area->setWidget(tabs);
+  area->show();
+  properties.layout()->activate();
+  properties.setGeometry(properties.x(), desk.bottom() - room, properties.sizeHint().width(), room);
+}
+
+}  // namespace
 
 PrinterDialog::PrinterDialog(QPrinter& printer, const QPageSize& sheet, const PrintDialogRequest& request,
                              std::unique_ptr<CalibrationTab> calibration, QWidget* parent)
@@ -53,6 +81,7 @@ void PrinterDialog::childEvent(QChildEvent* event) {
   // Left by Cancel, they go back to what the toolkit began with: the queue's own sheet.
   auto* const properties = qobject_cast<QDialog*>(event->child());
   if (properties == nullptr) return;
+  QTimer::singleShot(0, properties, [properties] { FitScreen(*properties); });  // when it has its own size
   connect(properties, &QDialog::finished, shownSizes_,
           [sizes = shownSizes_.data(), kept = inUse](int result) mutable {
             if (result == QDialog::Accepted) kept = sizes->currentIndex();
