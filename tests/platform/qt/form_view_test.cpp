@@ -93,10 +93,12 @@ TEST_F(FormViewTest, WindowsOpenOnTheScreenThatTheUserWorksOn) {
   QApplication::activeWindow()->move(other.topLeft() + QPoint(100, 100));
   Form inner({.name = "Inner", .caption = "Dentro", .clientWidth = 3000, .clientHeight = 1500});
   inner.Load = [&] { inner.CentreOn(screen); };
-  QTimer::singleShot(50, qApp, [&] {
-    EXPECT_NEAR(QApplication::activeModalWidget()->geometry().center().x(), other.center().x(), 10);
-    inner.UnloadForm();
-  });
+  inner.Activate = [&] {
+    windows.Post([&] {
+      EXPECT_NEAR(QApplication::activeModalWidget()->geometry().center().x(), other.center().x(), 10);
+      inner.UnloadForm();
+    });
+  };
   windows.ShowModal(inner);
 }
 

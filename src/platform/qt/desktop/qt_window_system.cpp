@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLibraryInfo>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMetaObject>
@@ -38,6 +39,9 @@ QString TitleOr(const std::string& title) {
 }  // namespace
 
 QtWindowSystem::QtWindowSystem(FileSystem& files) : files_(files) {
+  QApplication::installTranslator(&gaps_);
+  if (italian_.load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QApplication::installTranslator(&italian_);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(ArtworkIcon("morvane"));
   QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &events_,

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <QObject>
+#include <QTranslator>
 #include <string>
 #include <vector>
 
 #include "platform/controls/window_system.h"
 #include "platform/files/file_system.h"
-#include "platform/qt/desktop/toolkit_italian.h"
+#include "platform/qt/desktop/toolkit_gaps.h"
 #include "platform/qt/painting/drawing_painter.h"
 #include "platform/qt/views/form_view.h"
 
@@ -42,7 +43,8 @@ class QtWindowSystem : public WindowSystem {
   void ActivateAfterOther();
 
   FileSystem& files_;
-  ToolkitItalian italian_;
+  ToolkitGaps gaps_;
+  QTranslator italian_;
   PaintCache painted_;
   QObject events_;  // receiver of the queued calls, which end with it
   std::vector<FormView*> running_;

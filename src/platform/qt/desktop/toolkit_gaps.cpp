@@ -1,7 +1,5 @@
-#include "platform/qt/desktop/toolkit_italian.h"
+#include "platform/qt/desktop/toolkit_gaps.h"
 
-#include <QCoreApplication>
-#include <QLibraryInfo>
 #include <string_view>
 
 namespace Morvane {
@@ -29,13 +27,6 @@ QString ToolkitGaps::translate(const char* context, const char* text, const char
     if (gap.context == context && gap.english == text) return gap.italian;
   }
   return {};
-}
-
-// The translator that was installed last is asked first.
-ToolkitItalian::ToolkitItalian() {
-  QCoreApplication::installTranslator(&gaps_);
-  if (shipped_.load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    QCoreApplication::installTranslator(&shipped_);
 }
 
 }  // namespace Morvane
