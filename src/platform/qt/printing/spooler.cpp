@@ -13,9 +13,10 @@ namespace {
 // What a job is told or, where the value is empty, not told. What is told holds against a queue's own
 // defaults.
 constexpr std::pair<const char*, const char*> kTrueScale[] = {
-    {"print-scaling", "none"}, {"number-up", "1"}, {"number-up-layout", ""},
-    {"page-ranges", ""},       {"page-set", ""},   {"fit-to-page", ""},
-    {"fitplot", ""},           {"scaling", ""},    {"natural-scaling", ""},
+    {"print-scaling", "none"}, {"number-up", "1"},  {"orientation-requested", "3"},
+    {"number-up-layout", ""},  {"page-ranges", ""}, {"page-set", ""},
+    {"fit-to-page", ""},       {"fitplot", ""},     {"scaling", ""},
+    {"natural-scaling", ""},
 };
 
 // Answers below this one tell that the spooler did what was asked.

@@ -7,7 +7,7 @@ class QPrinter;
 namespace Morvane {
 
 // Sees to it that the spooler prints the sheet as it is and whole: neither fitted to the paper nor filling
-// it, nor several to a side. Other options that the user chose stay.
+// it, nor turned, nor several to a side. Other options that the user chose stay.
 void KeepTrueScale(QPrinter& printer);
 
 // What the spooler answered to the last job that this thread sent; empty when it took the job. The toolkit

@@ -49,6 +49,8 @@ class RealPrinter : public QueueTest, public testing::WithParamInterface<Publish
     folder_.Write("taking_pdf", std::regex_replace(description_, std::regex("\\*cupsFilter2?:[^\n]*\n"), "") +
                                     "\n*cupsFilter2: \"application/vnd.cups-pdf application/pdf 0 -\"\n");
     cups_.AddQueue("prova", folder_.Path("taking_pdf"));
+    // As a desktop's settings set a queue to sheets that lie the other way round.
+    cups_.Run("lpadmin -p prova -o orientation-requested-default=6");
   }
 
   std::string Described(const std::string& pattern) const {
