@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include "platform/qt/printing/printer_sheet.h"
+#include "platform/qt/printing/spooler.h"
 #include "platform/qt/printing/toolkit_names.h"
 
 namespace Morvane {
@@ -55,10 +56,17 @@ PrinterDialog::PrinterDialog(QPrinter& printer, const QPageSize& sheet, const Pr
 
 void PrinterDialog::FollowPrinter(CalibrationTab& calibration) {
   calibration.ShowPrinter(printer()->printerName());
-  const auto* const printers = findChild<QComboBox*>(ToolkitNames::kPrinters);
+  auto* const printers = findChild<QComboBox*>(ToolkitNames::kPrinters);
   if (printers == nullptr) return;
   connect(printers, &QComboBox::currentTextChanged, &calibration,
           [&calibration](const QString& chosen) { calibration.ShowPrinter(chosen); });
+  connect(printers, &QComboBox::currentIndexChanged, this, [this, printers](int chosen) {
+    if (chosen < 0 || !TakeUpQueue(printers->currentText())) return;
+    // The toolkit has looked at it already, and looks again only after another.
+    printers->setCurrentIndex(-1);
+    printer()->setPrinterName(printers->itemText(chosen == 0 ? 1 : 0));
+    printers->setCurrentIndex(chosen);
+  });
 }
 
 // Its button is the only one of this role.

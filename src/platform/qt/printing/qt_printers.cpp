@@ -62,6 +62,7 @@ class Hourglass {
 // The toolkit asks the service while it makes one: half a second. RuntimeError when there is none of that
 // name.
 std::unique_ptr<QPrinter> PrinterOf(const QString& queue) {
+  TakeUpQueue(queue);
   const QPrinterInfo info = QPrinterInfo::printerInfo(queue);
   if (info.isNull()) throw NoSuchPrinter(queue);
   return std::make_unique<QPrinter>(info, QPrinter::HighResolution);
@@ -157,6 +158,7 @@ PrintDialogAnswer QtPrinters::ShowDialog(const PrintDialogRequest& request, Page
   auto hourglass = std::make_optional<Hourglass>();
   const PrintService service = FindPrinter();
   if (!queue_.isEmpty() && !printer_) MakePrinter(queue_);
+  if (printer_) TakeUpQueue(printer_->printerName());  // the dialog makes the toolkit look at it again
   hourglass.reset();
   return printer_ ? ShowPrinterDialog(request, orientation) : ShowPdfDialog(service);
 }
@@ -180,6 +182,7 @@ PrintDialogAnswer QtPrinters::ShowPrinterDialog(const PrintDialogRequest& reques
     chosen_ = dialog.Sheet();
     TellIfStopped();
   } else {
+    TakeUpQueue(before);
     printer_->setPrinterName(before);  // the dialog's list had changed it already
   }
   printer_->setCopyCount(1);

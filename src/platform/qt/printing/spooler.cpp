@@ -22,7 +22,29 @@ constexpr std::pair<const char*, const char*> kTrueScale[] = {
 // Answers below this one tell that the spooler did what was asked.
 constexpr ipp_status_t kFirstFailure = IPP_STATUS_REDIRECTION_OTHER_SITE;
 
+bool HasQueue(const cups_dest_t* printer) {
+  return printer != nullptr &&
+         cupsGetOption("printer-uri-supported", printer->num_options, printer->options) != nullptr;
+}
+
 }  // namespace
+
+bool TakeUpQueue(const QString& queue) {
+  const QByteArray name = queue.section('/', 0, 0).toUtf8();
+  cups_dest_t* printer = cupsGetNamedDest(CUPS_HTTP_DEFAULT, name, nullptr);
+  if (HasQueue(printer)) {  // which the spooler may take away once it has answered
+    cupsFreeDests(1, printer);
+    printer = cupsGetNamedDest(CUPS_HTTP_DEFAULT, name, nullptr);
+  }
+  bool isNew = false;
+  if (printer != nullptr && !HasQueue(printer)) {
+    cups_dinfo_t* const info = cupsCopyDestInfo(CUPS_HTTP_DEFAULT, printer);  // makes it
+    isNew = info != nullptr;
+    cupsFreeDestInfo(info);
+  }
+  cupsFreeDests(1, printer);
+  return isNew;
+}
 
 void KeepTrueScale(QPrinter& printer) {
   QStringList options = printer.printEngine()->property(ToolkitNames::kSpoolerOptions).toStringList();

@@ -6,6 +6,11 @@ class QPrinter;
 
 namespace Morvane {
 
+// Sees to it that the spooler has a queue for a printer that it has only heard of in the network; such a
+// queue it takes away a minute after its last use. Without one the toolkit knows neither the printer's sheets
+// nor what it reaches of them. True when there was none, and now is.
+bool TakeUpQueue(const QString& queue);
+
 // Sees to it that the spooler prints the sheet as it is and whole: neither fitted to the paper nor filling
 // it, nor turned, nor several to a side. Other options that the user chose stay.
 void KeepTrueScale(QPrinter& printer);
