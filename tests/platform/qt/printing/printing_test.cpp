@@ -160,7 +160,8 @@ TEST_F(QueueTest, DialogAsksForCopiesWhichAreJobsOfTheirOwnThatNobodyScales) {
   for (const int job : {1, 2, 3}) {
     const std::string record = cups_.JobRecord(job);
     EXPECT_THAT(record, AllOf(HasSubstr(std::string("print-scaling\0\4none", 19)), HasSubstr("Custodia è"),
-                              HasSubstr(std::string("number-up\0\4\0\0\0\1", 15))));
+                              HasSubstr(std::string("number-up\0\4\0\0\0\1", 15)),
+                              HasSubstr(std::string("position\0\10top-left", 18))));
     for (const char* other : {"page-ranges", "fit-to-page", "copies"})
       EXPECT_EQ(record.find(other), std::string::npos) << other;
   }
