@@ -23,9 +23,20 @@ constexpr std::pair<const char*, const char*> kTrueScale[] = {
 // Answers below this one tell that the spooler did what was asked.
 constexpr ipp_status_t kFirstFailure = IPP_STATUS_REDIRECTION_OTHER_SITE;
 
+constexpr int kReachMs = 2000;
+
 bool HasQueue(const cups_dest_t* printer) {
   return printer != nullptr &&
          cupsGetOption("printer-uri-supported", printer->num_options, printer->options) != nullptr;
+}
+
+// An announcement outlives its printer, and the spooler waits a minute for one that is off.
+bool IsReached(cups_dest_t& printer) {
+  char resource[HTTP_MAX_URI];
+  http_t* const connection = cupsConnectDest(&printer, CUPS_DEST_FLAGS_DEVICE, kReachMs, nullptr, resource,
+                                             sizeof(resource), nullptr, nullptr);
+  httpClose(connection);
+  return connection != nullptr;
 }
 
 }  // namespace
@@ -38,7 +49,7 @@ bool TakeUpQueue(const QString& queue) {
     printer = cupsGetNamedDest(CUPS_HTTP_DEFAULT, name, nullptr);
   }
   bool isNew = false;
-  if (printer != nullptr && !HasQueue(printer)) {
+  if (printer != nullptr && !HasQueue(printer) && IsReached(*printer)) {
     cups_dinfo_t* const info = cupsCopyDestInfo(CUPS_HTTP_DEFAULT, printer);  // makes it
     isNew = info != nullptr;
     cupsFreeDestInfo(info);

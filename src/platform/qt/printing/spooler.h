@@ -8,7 +8,7 @@ namespace Morvane {
 
 // Sees to it that the spooler has a queue for a printer that it has only heard of in the network; such a
 // queue it takes away a minute after its last use. Without one the toolkit knows neither the printer's sheets
-// nor what it reaches of them. True when there was none, and now is.
+// nor what it reaches of them. True when there was none, and now is; a printer that is off gets none.
 bool TakeUpQueue(const QString& queue);
 
 // Sees to it that the spooler prints the sheet as it is and whole: neither fitted to the paper nor filling
