@@ -76,7 +76,7 @@ void Before(Scene& scene, Words words) {
 }  // namespace
 
 void RunPrintProgram(Scene& scene, Words words) {
-  const ProgramRun run = Run(scene, "'" MORVANE_PRINT "' " + words.All());
+  const ProgramRun run = Run(scene, "env -u DISPLAY -u QT_QPA_PLATFORM '" MORVANE_PRINT "' " + words.All());
   QStringList told = QString::fromStdString(run.errors).split('\n', Qt::SkipEmptyParts);
   told.prepend(QString("  ends with %1").arg(run.exitCode));
   scene.Show(told.join(told.size() == 2 ? ", tells: " : "\n  tells: "));

@@ -81,6 +81,7 @@ TEST_F(PrintingTest, MuteServiceIsToldItsPrintersAreOfferedOnceItAnswersAndFiles
       EXPECT_TRUE(Reads(dialog, "Il servizio di stampa non risponde."));
       EXPECT_TRUE(Reads<QLineEdit>(dialog, folder));
       EXPECT_LT(dialog.sizeHint().width(), 800);
+      EXPECT_TRUE(dialog.findChild<QSpinBox*>()->isVisible());
       dialog.findChild<QSpinBox*>()->setValue(3);
       QFile inTheWay(folder);
       EXPECT_TRUE(QDir().rmdir(folder) && inTheWay.open(QIODevice::WriteOnly));
