@@ -81,7 +81,7 @@ TEST_F(PrintingTest, MuteServiceIsToldItsPrintersAreOfferedOnceItAnswersAndFiles
       EXPECT_TRUE(Reads(dialog, "Il servizio di stampa non risponde."));
       EXPECT_TRUE(Reads<QLineEdit>(dialog, folder));
       EXPECT_LT(dialog.sizeHint().width(), 800);
-      EXPECT_TRUE(dialog.findChild<QSpinBox*>()->isVisible());
+      EXPECT_TRUE(Reads(dialog, "Numero di &copie:"));
       dialog.findChild<QSpinBox*>()->setValue(3);
       QFile inTheWay(folder);
       EXPECT_TRUE(QDir().rmdir(folder) && inTheWay.open(QIODevice::WriteOnly));
@@ -176,8 +176,10 @@ TEST_F(QueueTest, CalibrationIsTypedOnATabPrintsItsSheetWithoutItselfAndSheetsWi
     CalibrationTab* tab = nullptr;
     for (auto* child : dialog.findChildren<QWidget*>())
       if (auto* found = dynamic_cast<CalibrationTab*>(child)) tab = found;
-    for (const auto* button : tab->findChildren<QPushButton*>())
+    for (const auto* button : tab->findChildren<QPushButton*>()) {
       EXPECT_FALSE(button->autoDefault()) << "a number's return key would press it";
+      EXPECT_FALSE(button->toolTip().isEmpty()) << button->text().toStdString();
+    }
     const auto fields = tab->findChildren<QDoubleSpinBox*>();
     const auto texts = [tab] {
       std::string all;
