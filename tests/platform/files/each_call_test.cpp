@@ -28,7 +28,8 @@ constexpr int kKilled = -1;
 constexpr int kOtherFailure = 255;
 
 // What befalls a work: its `call`-th system call, counted from 1, fails with `error`, or it is killed there;
-// its first renaming to a free name fails with `renaming`, 0 for none.
+// its first renaming to a free name fails with `renaming`, 0 for none; where that is ENOSYS the medium has no
+// second names either.
 struct Blow {
   std::size_t call = 0;
   int error = 0;
@@ -61,6 +62,7 @@ int ErrorOf(const std::vector<std::uint64_t>& calls, const Blow& blow) {
   const std::uint64_t call = calls.empty() ? SYS_exit_group : calls.back();
   if (call == SYS_renameat2 && std::count(calls.begin(), calls.end(), call) == 1 && blow.renaming != 0)
     return blow.renaming;
+  if (call == SYS_link && blow.renaming == ENOSYS) return EPERM;
   return calls.size() == blow.call && !IsLetThrough(call) ? blow.error : 0;
 }
 
@@ -183,7 +185,7 @@ TEST_F(EachCall, ThatFailsIsToldAndChangesNothingElseAllIsDoneAndSoItIsWhereverT
   for (const auto& [name, work] : works) {
     std::string done;
     // A renaming to a free name may lead to another volume, or be unknown to the medium.
-    for (const int renaming : {0, EXDEV, EINVAL}) {
+    for (const int renaming : {0, EXDEV, EINVAL, ENOSYS}) {
       SCOPED_TRACE(name + std::to_string(renaming));
       LayOut();
       const std::string before = Everything();
