@@ -30,7 +30,7 @@ PdfPrinterDialog::PdfPrinterDialog(const QString& reason, const QString& folder,
   folderLine_->setReadOnly(true);
   folderLine_->setAccessibleName("Cartella");
 
-  auto* change = new QPushButton("C&ambia...", this);
+  auto* change = new QPushButton("Ca&mbia...", this);
   connect(change, &QPushButton::clicked, this, [this] { ChooseFolder(); });
   auto* folderRow = new QHBoxLayout;
   folderRow->addWidget(folderLine_, 1);
