@@ -20,13 +20,11 @@ constexpr int kMostCopies = 999;
 
 PdfPrinterDialog::PdfPrinterDialog(const QString& reason, const QString& folder, QWidget* parent)
     : QDialog(parent),
-      folder_(folder),
       copies_(new QSpinBox(this)),
-      folderLine_(new QLineEdit(this)),
+      folderLine_(new QLineEdit(folder, this)),
       message_(new QLabel(this)) {
   setWindowTitle("Stampa");
   copies_->setRange(1, kMostCopies);
-  folderLine_->setText(folder_);
   folderLine_->setReadOnly(true);
   folderLine_->setAccessibleName("Cartella");
 
@@ -55,7 +53,7 @@ PdfPrinterDialog::PdfPrinterDialog(const QString& reason, const QString& folder,
 }
 
 void PdfPrinterDialog::accept() {
-  if (QDir().mkpath(folder_) && QFileInfo(folder_).isWritable()) return QDialog::accept();
+  if (QDir().mkpath(Folder()) && QFileInfo(Folder()).isWritable()) return QDialog::accept();
   message_->setText("In questa cartella non si può scrivere: scegliere un'altra cartella.");
 }
 
@@ -63,11 +61,14 @@ int PdfPrinterDialog::Copies() const {
   return copies_->value();
 }
 
+QString PdfPrinterDialog::Folder() const {
+  return folderLine_->text();
+}
+
 void PdfPrinterDialog::ChooseFolder() {
-  const QString chosen = QFileDialog::getExistingDirectory(this, "Cartella dei file PDF", folder_);
+  const QString chosen = QFileDialog::getExistingDirectory(this, "Cartella dei file PDF", Folder());
   if (chosen.isEmpty()) return;
-  folder_ = chosen;
-  folderLine_->setText(folder_);
+  folderLine_->setText(chosen);
   message_->clear();
 }
 

@@ -17,13 +17,12 @@ class PdfPrinterDialog : public QDialog {
   PdfPrinterDialog(const QString& reason, const QString& folder, QWidget* parent);
 
   int Copies() const;
-  const QString& Folder() const { return folder_; }
+  QString Folder() const;
   void accept() override;
 
  private:
   void ChooseFolder();
 
-  QString folder_;
   QSpinBox* copies_;
   QLineEdit* folderLine_;  // a long path scrolls in it
   QLabel* message_;

@@ -157,8 +157,11 @@ void QtPrinters::SetSheet(SheetSize sheet) {
 PrintDialogAnswer QtPrinters::ShowDialog(const PrintDialogRequest& request, PageOrientation& orientation) {
   auto hourglass = std::make_optional<Hourglass>();
   const PrintService service = FindPrinter();
-  if (!queue_.isEmpty() && !printer_) MakePrinter(queue_);
-  if (printer_) TakeUpQueue(printer_->printerName());  // the dialog makes the toolkit look at it again
+  if (printer_) {
+    TakeUpQueue(printer_->printerName());  // the dialog makes the toolkit look at it again
+  } else if (!queue_.isEmpty()) {
+    MakePrinter(queue_);
+  }
   hourglass.reset();
   return printer_ ? ShowPrinterDialog(request, orientation) : ShowPdfDialog(service);
 }
